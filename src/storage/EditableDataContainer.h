@@ -1,0 +1,71 @@
+#pragma once
+
+#include "storage/AbstractDataContainer.h"
+#include "storage/CellRows.h"
+
+/// The normal home of a table: the whole file in memory, as ragged rows of byte cells. rows.size() can be below
+/// numRows() and a row can be shorter than numCols(): what is not stored reads as empty. So a file with short rows, or
+/// with a few very long ones, stays small.
+class EditableDataContainer : public AbstractDataContainer {
+    Q_OBJECT
+
+public:
+    explicit EditableDataContainer(QObject* parent = nullptr);
+
+    Bytes getValue(int row, int col, bool ignoreMaps = false) const override;
+    /// As getValue, without a copy; valid until the row changes.
+    std::string_view cellView(int row, int col) const;
+    int numRows() const override { return numRowsStored; }
+    int numCols() const override { return numColsStored; }
+    int numColsInRow(int row) const override;
+    std::vector<int> emptyRows(int startCol, GetRowColMaskType maskType, Mask const& mask) const override;
+    std::vector<int> emptyCols(int startRow, GetRowColMaskType maskType, Mask const& mask) const override;
+    int numEmptyRowsAtEnd() const override;
+    int numEmptyColsAtEnd() const override;
+    bool setValue(int const& row, int const& col, Bytes const& value) override;
+    bool resizeRows(int count) override;
+    bool resizeCols(int count) override;
+    void clear() override;
+
+    bool getRow(Cells& out, int row, bool ignoreMaps, GetRowColMaskType maskType, Mask const& mask) const override;
+    bool getCol(Cells& out, int col, bool ignoreMaps, GetRowColMaskType maskType, Mask const& mask) const override;
+    bool setRow(int row, Cells const& cells) override;
+    bool setCol(int col, Cells const& cells) override;
+    bool insertRow(int row, Cells const& cells) override;
+    bool insertCol(int col, Cells const& cells) override;
+    bool insertRows(int row, std::vector<Cells> const& rows) override;
+    bool insertCols(int col, std::vector<Cells> const& cols) override;
+    bool insertEmptyRows(int row, int count) override;
+    bool insertEmptyCols(int col, int count) override;
+    bool removeRows(int row, int count) override;
+    bool removeCols(int col, int count) override;
+    bool copyRowContentsToAnotherRow(int from, int to) override;
+    bool copyColContentsToAnotherCol(int from, int to) override;
+
+    bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) override;
+    bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
+                 Mask const& colMask) override;
+
+    void getRowCSVString(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const override;
+    void getRowCSVStringMultiByte(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const override;
+    void getColCSVString(Bytes& out, int col, GetRowColMaskType maskType, Mask const& mask) const override;
+    void getColCSVStringMultiByte(Bytes& out, int col, GetRowColMaskType maskType, Mask const& mask) const override;
+
+    /// The size in bytes of the file at the last load.
+    qint64 getFileSize() const { return fileSize; }
+
+public slots:
+    bool loadCSV() override;
+
+protected:
+    virtual bool loadCSVByteSequence();
+    virtual bool loadCSVNoDelimiter();
+    virtual bool loadCSVMultiByte();
+    virtual bool loadCSVNoDelimiterMultiByte();
+
+private:
+    CellRows rows;
+    qint64 fileSize = 0;
+    int numRowsStored = 0;
+    int numColsStored = 0;
+};
