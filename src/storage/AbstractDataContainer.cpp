@@ -1,9 +1,12 @@
 #include "storage/AbstractDataContainer.h"
 
 #include "core/EncodingUtilities.h"
+#include "storage/AtomicFileWriter.h"
 
 #include <QDir>
 #include <QTextCodec>
+
+#include <utility>
 
 namespace {
 
@@ -51,7 +54,7 @@ QByteArray encodeNarrow(QString const& text, EncodingType type) {
         return text.toUtf8();
     if (type == EncodingType::Iso8859_1)
         return text.toLatin1();
-    auto const* codec = QTextCodec::codecForName(Utilities::convertEncodingTypeToCodecName(type).toLatin1());
+    auto const* codec = QTextCodec::codecForName(Utilities::convertEncodingTypeToCodecName(type));
     return codec ? codec->fromUnicode(text) : text.toUtf8();
 }
 
@@ -281,4 +284,34 @@ QString AbstractDataContainer::formatSaveErrorReason(QString reason, QString con
         reason.chop(1);
     reason = reason.trimmed();
     return reason.isEmpty() ? reason : reason + QLatin1Char('.');
+}
+
+bool AbstractDataContainer::failSave(AtomicFileWriter const& file, QString const& fallback) {
+    lastSaveError = formatSaveErrorReason(file.errorString(), fallback);
+    return false;
+}
+
+bool AbstractDataContainer::replaceFile(std::function<bool(AtomicFileWriter&)> const& writeLines) {
+    lastSaveError.clear();
+    if (filepath.isEmpty()) {
+        lastSaveError = QStringLiteral("No file path was specified.");
+        return false;
+    }
+    AtomicFileWriter file(filepath);
+    if (!file.open())
+        return failSave(file, QStringLiteral("The file could not be opened for writing."));
+    bool const writesMark = hasBom && !bom.empty() && isBomConsistentWithEncoding(bom, encoding);
+    if ((writesMark && !file.write({bom.data(), bom.size()})) || !writeLines(file))
+        return failSave(file, QStringLiteral("The file could not be written completely."));
+    if (!file.commit())
+        return failSave(file, QStringLiteral("The temporary save file could not replace the original file."));
+    return true;
+}
+
+bool AbstractDataContainer::saveUnder(QString const& path, std::function<bool()> const& save) {
+    auto const oldPath = std::exchange(filepath, path);
+    bool const saved = save();
+    if (!saved)
+        filepath = oldPath;
+    return saved;
 }
