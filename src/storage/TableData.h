@@ -1,0 +1,181 @@
+#pragma once
+
+#include "core/Enumerations.h"
+#include "core/Range.h"
+#include "storage/AbstractDataContainer.h"
+#include "storage/ConcealedList.h"
+
+#include <QObject>
+#include <QString>
+#include <QThread>
+#include <QVariant>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class QTextCodec;
+
+/// Sits between the item model and the one data container of a table. It replaces the container on every load, with
+/// the thread that goes with it; turns model coordinates (what the user sees) into raw ones (what is stored) in step
+/// with concealed rows and columns and with the transpose flag; and is the place where bytes become text.
+///
+/// Every operation with a row and a column form takes `ignoreTranspose` last: on a transposed table and without it,
+/// the row form answers for the stored columns, so a caller who says "row" means what the user sees as a row.
+class TableData : public QObject {
+    Q_OBJECT
+
+public:
+    enum class DataContainerType { Editable = 0, ReadOnly = 1, NotLoaded = 2 };
+    using Indexes = std::vector<int>;
+
+    explicit TableData(QObject* parent = nullptr);
+    ~TableData() override;
+
+    // Loading.
+
+    /// Replaces the container by one that reads `path`. With `useThread` the load runs on a thread of its own and
+    /// loadFinishedSignal tells its end; otherwise the table is filled on return.
+    void loadCSV(QString const& path, bool useThread, DataContainerType type, QString const& delimiter,
+                 QString const& saveDelimiter, EncodingType encoding, ParsingStandard standard);
+    /// Ends the load thread; with `cancel` a running load is told to stop first.
+    void stopLoadThread(bool cancel);
+    /// Reloads the same file into a container of another type; unsaved edits are not carried over.
+    void setDataContainerType(DataContainerType type);
+    DataContainerType getDataContainerType() const { return dataContainerType; }
+    /// The pair that paces the scanners' progress to the GUI. Not owned.
+    void setProgressUpdateMutex(QMutex* mutex, QWaitCondition* condition);
+    bool isLoading() const { return loading; }
+    AbstractDataContainer* getDataContainer() const { return dataContainer.get(); }
+    QString getFilepath() const;
+    QString getLastSaveError() const;
+
+    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file.
+
+    bool saveCSV(bool ignoreMaps, bool skipConcealed);
+    bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
+
+    // Dialect: kept here for the next load and forwarded to the container.
+
+    void setDelimiter(QString const& delimiter, QString const& saveDelimiter);
+    void setLineEnding(LineEndingType type);
+    void setParsingStandard(ParsingStandard standard);
+    void setSaveWithTrailingDelimiters(bool on);
+    void setExtension(QString const& extension);
+    /// With `convertCells` every cell is rewritten in the new encoding; without it only the reading changes.
+    void setEncoding(EncodingType encoding, bool convertCells);
+    QString getExtension() const { return extension; }
+    QString getDelimiter() const { return delimiter; }
+    QString getSaveDelimiter() const { return saveDelimiter; }
+    LineEndingType getLineEnding() const { return lineEnding; }
+    EncodingType getEncoding() const { return encoding; }
+    ParsingStandard getParsingStandard() const { return parsingStandard; }
+
+    // Counts and coordinates. Negative indexes map to -1; an index past the end maps past the end.
+
+    int numRawRows(bool ignoreTranspose = false) const;
+    int numRawCols(bool ignoreTranspose = false) const;
+    int numModelRows(bool ignoreTranspose = false) const;
+    int numModelCols(bool ignoreTranspose = false) const;
+    int numConcealedRows(bool ignoreTranspose = false) const;
+    int numConcealedCols(bool ignoreTranspose = false) const;
+    int getRawFromModelRow(int model, bool ignoreTranspose = false) const;
+    int getRawFromModelCol(int model, bool ignoreTranspose = false) const;
+    /// -1 for a concealed row; with `nearest` the closest visible row above it.
+    int getModelFromRawRow(int raw, bool nearest = false, bool ignoreTranspose = false) const;
+    int getModelFromRawCol(int raw, bool nearest = false, bool ignoreTranspose = false) const;
+    Range getRawFromModelRange(Range range) const;
+    Range getModelFromRawRange(Range range, bool nearest) const;
+
+    // Concealing.
+
+    bool isRowConcealed(int raw, bool ignoreTranspose = false) const;
+    bool isColConcealed(int raw, bool ignoreTranspose = false) const;
+    /// The sorted raw indexes of what the model does not show.
+    Indexes const& getConcealedRowsRaw(bool ignoreTranspose = false) const;
+    Indexes const& getConcealedColsRaw(bool ignoreTranspose = false) const;
+    void concealModelRow(int model, bool ignoreTranspose = false);
+    void concealModelCol(int model, bool ignoreTranspose = false);
+    void concealModelRows(Indexes const& models, bool ignoreTranspose = false);
+    void concealModelCols(Indexes const& models, bool ignoreTranspose = false);
+    void concealRawRow(int raw, bool ignoreTranspose = false);
+    void concealRawCol(int raw, bool ignoreTranspose = false);
+    void concealRawRows(Indexes const& raws, bool ignoreTranspose = false);
+    void concealRawCols(Indexes const& raws, bool ignoreTranspose = false);
+    void showRawRow(int raw, bool ignoreTranspose = false);
+    void showRawCol(int raw, bool ignoreTranspose = false);
+    void showRawRows(Indexes const& raws, bool ignoreTranspose = false);
+    void showRawCols(Indexes const& raws, bool ignoreTranspose = false);
+    void showAllRows(bool ignoreTranspose = false);
+    void showAllCols(bool ignoreTranspose = false);
+
+    // Rows and columns.
+
+    bool insertRowsRaw(int row, int count, bool ignoreTranspose = false);
+    bool insertColsRaw(int col, int count, bool ignoreTranspose = false);
+    /// Inserts rows with content; unlike the form above it does not signal the size.
+    bool insertRowsRaw(int row, std::vector<AbstractDataContainer::Cells> const& rows, bool ignoreTranspose = false);
+    bool insertColsRaw(int col, std::vector<AbstractDataContainer::Cells> const& cols, bool ignoreTranspose = false);
+    bool insertRowsModel(int row, int count, bool ignoreTranspose = false);
+    bool insertColsModel(int col, int count, bool ignoreTranspose = false);
+    bool removeRowsRaw(int row, int count, bool ignoreTranspose = false);
+    bool removeColsRaw(int col, int count, bool ignoreTranspose = false);
+    bool removeRowsModel(int row, int count, bool ignoreTranspose = false);
+    bool removeColsModel(int col, int count, bool ignoreTranspose = false);
+    /// Copies the content of model row `row` over the one `offset` rows away.
+    bool duplicateRow(int row, int offset, bool ignoreTranspose = false);
+    bool duplicateCol(int col, int offset, bool ignoreTranspose = false);
+    /// Moves model row `row` by `offset`; concealed rows stay in place.
+    bool moveRowRelative(int row, int offset, bool ignoreTranspose = false);
+    bool moveColRelative(int col, int offset, bool ignoreTranspose = false);
+    Indexes getEmptyRows(int startCol, RangeIndexType indexType, GetRowColMaskType maskType, Indexes const& mask,
+                         bool ignoreTranspose = false) const;
+    Indexes getEmptyCols(int startRow, RangeIndexType indexType, GetRowColMaskType maskType, Indexes const& mask,
+                         bool ignoreTranspose = false) const;
+    int numEmptyRowsRawAtEnd(bool ignoreTranspose = false) const;
+    int numEmptyColsRawAtEnd(bool ignoreTranspose = false) const;
+    /// Concatenates the bytes of a row's cells, without separators.
+    void getRowString(std::string& out, int row, GetRowColMaskType maskType, Indexes const& mask,
+                      bool ignoreTranspose = false) const;
+    void getColString(std::string& out, int col, GetRowColMaskType maskType, Indexes const& mask,
+                      bool ignoreTranspose = false) const;
+    bool getRow(AbstractDataContainer::Cells& out, int row, bool ignoreMaps, GetRowColMaskType maskType,
+                Indexes const& mask) const;
+    bool getCol(AbstractDataContainer::Cells& out, int col, bool ignoreMaps, GetRowColMaskType maskType,
+                Indexes const& mask) const;
+    void clear();
+    void toggleTranspose();
+    bool isTransposed() const { return transposed; }
+
+    // Cells.
+
+    /// The text of a cell; a null text for an empty cell, an invalid value without a container.
+    QVariant getValueRaw(int row, int col) const;
+    QVariant getValueModel(int row, int col) const;
+    AbstractDataContainer::Bytes getValueRawCharVec(int row, int col, bool ignoreMaps = false) const;
+    /// Writes a cell, growing the table if the text is not empty. Returns whether the stored bytes changed.
+    bool setValueRaw(int row, int col, QString const& text, bool ignoreTranspose = false);
+    bool setValueModel(int row, int col, QString const& text);
+    bool isCellPopulated(int modelRow, int modelCol) const;
+    /// The goal of a jump over a block of cells from the range's cell, as ctrl and an arrow key make it. The answer
+    /// can be -1 in the direction up or left.
+    Range getNextBlockLocation(Range const& range, Direction direction) const;
+    /// Counts the container's rows and has no other effect.
+    void cemTableContents() const;
+
+    // Words.
+
+    void setWordDelimiters(QString const& characters);
+    bool isWordDelimiter(QChar character) const;
+
+signals:
+    void startProgressUpdateSignal();
+    void loadProgressUpdateSignal(int done, int steps, int sizeMiB);
+    void loadFinishedSignal();
+    void tableSizeChangedSignal(int rawRows, int rawCols, int modelRows, int modelCols);
+    void saveStartedSignal(QString path);
+    void saveFinishedSignal(QString path);
+
+public slots:
+    void onLoadFinished();
+};
