@@ -29,7 +29,9 @@ QString decodeUtf8(std::string_view bytes) {
     return text;
 }
 
-std::vector<char> toCell(QByteArrayView bytes) { return {bytes.begin(), bytes.end()}; }
+std::vector<char> toCell(QByteArrayView bytes) {
+    return {bytes.begin(), bytes.end()};
+}
 
 } // namespace
 

@@ -7,7 +7,9 @@ int ConcealedList::countBelow(int raw) const {
     return static_cast<int>(std::lower_bound(raws.begin(), raws.end(), raw) - raws.begin());
 }
 
-bool ConcealedList::contains(int raw) const { return std::binary_search(raws.begin(), raws.end(), raw); }
+bool ConcealedList::contains(int raw) const {
+    return std::binary_search(raws.begin(), raws.end(), raw);
+}
 
 int ConcealedList::toRaw(int model) const {
     if (model < 0)
@@ -61,7 +63,9 @@ void ConcealedList::shiftForInsertion(int raw, int count) {
     std::for_each(raws.begin() + countBelow(raw), raws.end(), [&](int& entry) { entry += count; });
 }
 
-void ConcealedList::shiftForRemoval(int raw, int count) { shiftForInsertion(raw, -count); }
+void ConcealedList::shiftForRemoval(int raw, int count) {
+    shiftForInsertion(raw, -count);
+}
 
 void ConcealedList::shiftForRemoval(Indexes const& removed) {
     auto next = removed.begin();
