@@ -112,10 +112,6 @@ SelectionChange Selection::sanitizeAndReport() {
     return {true, true, true, isSelectionMultiCell()};
 }
 
-void Selection::removeAll() {
-    editRanges() = RangeVector();
-}
-
 // Setting.
 
 SelectionChange Selection::setSelection(Range& range) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
+#include "core/RangeSize.h"
 #include "core/RangeVector.h"
 #include "model/SelectionMembership.h"
 #include "model/SelectionShift.h"
