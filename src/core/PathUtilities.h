@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+// Where the program keeps what it remembers. The paths depend on the application name set at the time of the call.
+
+namespace Utilities {
+
+/// The preference directory, without a separator at its end. It need not exist yet.
+QString getAppDataLocation();
+QString getSettingsFilepath();
+QString getShortcutsFilepath();
+QString getExtensionsFilepath();
+QString getTutorialFilepath();
+
+} // namespace Utilities
