@@ -8,9 +8,12 @@
 #include <QWaitCondition>
 
 #include <atomic>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+class AtomicFileWriter;
 
 /// The contract of the two homes of a table, editable in memory and read-only from an index. Cells are bytes in the
 /// file's own encoding; all indexes are raw, positions in the stored table. The base owns the dialect of the file
@@ -136,6 +139,11 @@ signals:
 protected:
     /// Encodes both delimiters anew after a change of delimiter or encoding.
     void updateDelimiterBytes();
+    /// The frame of every save to `filepath`: writes the mark if the table keeps one, then what `writeLines` writes,
+    /// and replaces the old file when all of it is on the disk. Notes the reason of a failure.
+    bool replaceFile(std::function<bool(AtomicFileWriter&)> const& writeLines);
+    /// Runs `save` with `path` as the table's path, which it keeps only if the save succeeds.
+    bool saveUnder(QString const& path, std::function<bool()> const& save);
 
     QString filepath;
     QString delimiter = QStringLiteral(",");
@@ -155,4 +163,7 @@ protected:
     Bytes bom; ///< the mark found at the load; a save writes it back if it still fits the encoding
     QString lastSaveError;
     std::atomic<bool> quit = false;
+
+private:
+    bool failSave(AtomicFileWriter const& file, QString const& fallback);
 };

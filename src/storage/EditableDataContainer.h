@@ -3,6 +3,11 @@
 #include "storage/AbstractDataContainer.h"
 #include "storage/CellRows.h"
 
+#include <span>
+
+struct LineDialect;
+class LineWriter;
+
 /// The normal home of a table: the whole file in memory, as ragged rows of byte cells. rows.size() can be below
 /// numRows() and a row can be shorter than numCols(): what is not stored reads as empty. So a file with short rows, or
 /// with a few very long ones, stays small.
@@ -64,6 +69,18 @@ protected:
     virtual bool loadCSVNoDelimiterMultiByte();
 
 private:
+    int storedRows() const { return static_cast<int>(rows.size()); }
+    int cellsInRow(int row) const;
+    void growStoredRows(int count);
+    void storeCell(int row, int col, std::string_view bytes);
+    bool storeCols(int firstCol, std::span<Cells const* const> cols);
+
+    LineDialect narrowDialect() const;
+    LineDialect wideDialect() const;
+    LineDialect dialectOfFile() const;
+    void writeRow(LineWriter& writer, int row, GetRowColMaskType maskType, Mask const& mask) const;
+    void writeCol(LineWriter& writer, int col, GetRowColMaskType maskType, Mask const& mask) const;
+
     CellRows rows;
     qint64 fileSize = 0;
     int numRowsStored = 0;

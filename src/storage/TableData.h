@@ -3,6 +3,7 @@
 #include "core/Enumerations.h"
 #include "core/Range.h"
 #include "storage/AbstractDataContainer.h"
+#include "storage/CellCodec.h"
 #include "storage/ConcealedList.h"
 
 #include <QObject>
@@ -10,11 +11,13 @@
 #include <QThread>
 #include <QVariant>
 
+#include <array>
+#include <bitset>
 #include <memory>
 #include <string>
 #include <vector>
 
-class QTextCodec;
+class EditableDataContainer;
 
 /// Sits between the item model and the one data container of a table. It replaces the container on every load, with
 /// the thread that goes with it; turns model coordinates (what the user sees) into raw ones (what is stored) in step
@@ -35,7 +38,9 @@ public:
     // Loading.
 
     /// Replaces the container by one that reads `path`. With `useThread` the load runs on a thread of its own and
-    /// loadFinishedSignal tells its end; otherwise the table is filled on return.
+    /// loadFinishedSignal tells its end; otherwise the table is filled on return. A file that cannot be opened is an
+    /// empty table; on a thread it gives no signal, and isLoading() stays true until the next stopLoadThread(). The
+    /// concealed lists are left alone.
     void loadCSV(QString const& path, bool useThread, DataContainerType type, QString const& delimiter,
                  QString const& saveDelimiter, EncodingType encoding, ParsingStandard standard);
     /// Ends the load thread; with `cancel` a running load is told to stop first.
@@ -113,32 +118,38 @@ public:
 
     bool insertRowsRaw(int row, int count, bool ignoreTranspose = false);
     bool insertColsRaw(int col, int count, bool ignoreTranspose = false);
-    /// Inserts rows with content; unlike the form above it does not signal the size.
+    /// Inserts rows with content; unlike the form above it does not signal the size. Both are content with a row
+    /// that is negative or past the end, and then only the concealed rows behind it have moved.
     bool insertRowsRaw(int row, std::vector<AbstractDataContainer::Cells> const& rows, bool ignoreTranspose = false);
     bool insertColsRaw(int col, std::vector<AbstractDataContainer::Cells> const& cols, bool ignoreTranspose = false);
     bool insertRowsModel(int row, int count, bool ignoreTranspose = false);
     bool insertColsModel(int col, int count, bool ignoreTranspose = false);
+    /// Removes stored rows. Does not signal the size, and rows that are concealed are to be shown first.
     bool removeRowsRaw(int row, int count, bool ignoreTranspose = false);
     bool removeColsRaw(int col, int count, bool ignoreTranspose = false);
+    /// Removes rows that the model shows; concealed rows between them stay.
     bool removeRowsModel(int row, int count, bool ignoreTranspose = false);
     bool removeColsModel(int col, int count, bool ignoreTranspose = false);
-    /// Copies the content of model row `row` over the one `offset` rows away.
+    /// Copies the content of model row `row` over the one `offset` rows away, growing the table to hold both.
     bool duplicateRow(int row, int offset, bool ignoreTranspose = false);
     bool duplicateCol(int col, int offset, bool ignoreTranspose = false);
-    /// Moves model row `row` by `offset`; concealed rows stay in place.
+    /// Moves model row `row` by `offset`, growing the table to hold the goal; concealed rows stay in place.
     bool moveRowRelative(int row, int offset, bool ignoreTranspose = false);
     bool moveColRelative(int col, int offset, bool ignoreTranspose = false);
+    /// See AbstractDataContainer::emptyRows; start and mask are raw, the answer is of `indexType`. With Model it
+    /// leaves out what is concealed.
     Indexes getEmptyRows(int startCol, RangeIndexType indexType, GetRowColMaskType maskType, Indexes const& mask,
                          bool ignoreTranspose = false) const;
     Indexes getEmptyCols(int startRow, RangeIndexType indexType, GetRowColMaskType maskType, Indexes const& mask,
                          bool ignoreTranspose = false) const;
     int numEmptyRowsRawAtEnd(bool ignoreTranspose = false) const;
     int numEmptyColsRawAtEnd(bool ignoreTranspose = false) const;
-    /// Concatenates the bytes of a row's cells, without separators.
+    /// Replaces `out` by the bytes of a raw row's cells, without separators.
     void getRowString(std::string& out, int row, GetRowColMaskType maskType, Indexes const& mask,
                       bool ignoreTranspose = false) const;
     void getColString(std::string& out, int col, GetRowColMaskType maskType, Indexes const& mask,
                       bool ignoreTranspose = false) const;
+    /// The cells of a stored row, whether the table is transposed or not.
     bool getRow(AbstractDataContainer::Cells& out, int row, bool ignoreMaps, GetRowColMaskType maskType,
                 Indexes const& mask) const;
     bool getCol(AbstractDataContainer::Cells& out, int col, bool ignoreMaps, GetRowColMaskType maskType,
@@ -157,8 +168,9 @@ public:
     bool setValueRaw(int row, int col, QString const& text, bool ignoreTranspose = false);
     bool setValueModel(int row, int col, QString const& text);
     bool isCellPopulated(int modelRow, int modelCol) const;
-    /// The goal of a jump over a block of cells from the range's cell, as ctrl and an arrow key make it. The answer
-    /// can be -1 in the direction up or left.
+    /// The goal of a jump over a block of cells from the range's cell, as ctrl and an arrow key make it: a copy of the
+    /// range with another row or column. Walks the model's cells for a Model range, raw cells otherwise. The answer
+    /// can be -1 in the direction up or left, and one past the end in the others.
     Range getNextBlockLocation(Range const& range, Direction direction) const;
     /// Counts the container's rows and has no other effect.
     void cemTableContents() const;
@@ -177,5 +189,72 @@ signals:
     void saveFinishedSignal(QString path);
 
 public slots:
+    /// Ends the load thread and takes over the counts of the container that it has filled.
     void onLoadFinished();
+
+private:
+    /// The stored table along one axis.
+    struct AxisState {
+        int count = 0; ///< as the container has it, and as growth by an edit sets it
+        ConcealedList concealed;
+    };
+    using Cells = AbstractDataContainer::Cells;
+
+    static std::unique_ptr<AbstractDataContainer> makeContainer(DataContainerType type);
+    void setContainer(std::unique_ptr<AbstractDataContainer> container);
+    void startLoadThread();
+
+    // Every row and column pair above is a face of one of these. They know stored axes only.
+
+    Axis storedAxis(Axis shown, bool ignoreTranspose) const;
+    AxisState& along(Axis axis) { return axes[static_cast<std::size_t>(axis)]; }
+    AxisState const& along(Axis axis) const { return axes[static_cast<std::size_t>(axis)]; }
+    int modelCount(Axis axis) const;
+    int modelFromRaw(Axis axis, int raw, bool nearest) const;
+    void concealModel(Axis axis, Indexes const& models);
+    void concealRaw(Axis axis, Indexes const& raws);
+    void showRaw(Axis axis, Indexes const& raws);
+    void showAll(Axis axis);
+    bool insertEmpty(Axis axis, int at, int count);
+    bool insertFilled(Axis axis, int at, std::vector<Cells> const& filled);
+    bool makeRoom(Axis axis, int at, int count);
+    bool removeRaw(Axis axis, int at, int count);
+    bool removeModel(Axis axis, int model, int count);
+    bool duplicate(Axis axis, int model, int offset);
+    bool move(Axis axis, int model, int offset);
+    bool moveAroundConcealed(Axis axis, int model, int offset, Cells const& cells);
+    void growTo(Axis axis, int count);
+    Indexes empty(Axis axis, int start, RangeIndexType indexType, GetRowColMaskType maskType,
+                  Indexes const& mask) const;
+    void joinCells(Axis axis, std::string& out, int at, GetRowColMaskType maskType, Indexes const& mask) const;
+    bool readCells(Axis axis, Cells& out, int at, bool ignoreMaps, GetRowColMaskType maskType,
+                   Indexes const& mask) const;
+
+    Indexes skipMask(Axis axis, bool skipConcealed) const;
+    bool growToHold(int row, int col, bool filled);
+    QString textAt(int row, int col) const;
+    void convertRow(int row, CellCodec const& from, CellCodec const& to);
+    void rebuildWordDelimiterLookup();
+    void signalSize();
+
+    std::unique_ptr<AbstractDataContainer> dataContainer;
+    EditableDataContainer* editableContainer = nullptr; ///< the same one if it is editable
+    DataContainerType dataContainerType = DataContainerType::NotLoaded;
+    std::array<AxisState, 2> axes; ///< by Axis
+    bool transposed = false;
+    QString wordDelimiters = QStringLiteral("`~!@#$%^&*()+=\t[]{}\\|;:'\",\n./?<> ");
+    std::bitset<256> wordDelimiterLookup;
+    QMutex* progressMutex = nullptr;
+    QWaitCondition* progressCondition = nullptr;
+    bool saveWithTrailingDelimiters = true;
+    QString extension = QStringLiteral("csv");
+    QString delimiter = QStringLiteral(",");
+    QString saveDelimiter = QStringLiteral(",");
+    LineEndingType lineEnding = LineEndingType::Unix;
+    EncodingType encoding = EncodingType::Utf8;
+    ParsingStandard parsingStandard = ParsingStandard::Rfc4180;
+    CellCodec codec;
+    std::unique_ptr<QThread> loadThread; ///< none unless a load runs
+    int loadNumber = 0;                  ///< tells the signals of the present load from late ones of an earlier load
+    bool loading = false;
 };

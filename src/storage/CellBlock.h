@@ -1,0 +1,46 @@
+#pragma once
+
+#include "storage/CellEnds.h"
+
+#include <cstddef>
+#include <cstdint>
+
+/// A stretch of memory straight from the system that holds the bytes of many loaded rows, with the ends of their cells
+/// beside it. Blocks are aligned to their nominal size, so the block of a row is found from the row's address alone;
+/// that is why every row of a block starts within the nominal size, also in a block that was made bigger for one long
+/// row.
+class CellBlock {
+public:
+    static constexpr std::size_t nominalBytes = std::size_t(2) << 20;
+
+    /// Makes a block with room for `dataBytes`; it costs no more memory than is written.
+    static CellBlock* create(std::size_t dataBytes);
+    static void destroy(CellBlock* block);
+
+    /// The block in which a row starts at `rowData`.
+    static CellBlock* of(char const* rowData) {
+        return reinterpret_cast<CellBlock*>(reinterpret_cast<std::uintptr_t>(rowData) & ~(nominalBytes - 1));
+    }
+
+    char* data() { return reinterpret_cast<char*>(this) + sizeof(CellBlock); }
+    /// The most bytes that a block of nominal size holds.
+    static constexpr std::size_t nominalCapacity() { return nominalBytes - sizeof(CellBlock); }
+    std::size_t capacity() const { return mappedBytes - sizeof(CellBlock); }
+    /// Gives memory behind the first `dataBytes` back to the system.
+    void trim(std::size_t dataBytes);
+    /// Takes over the ends of all cells, which are `count` in number and relative to their rows. `longestRow` bounds
+    /// their values, `gap` is the number of spare bytes between two cells of a row.
+    void setEnds(std::uint64_t const* ends, std::size_t count, std::uint64_t longestRow, unsigned gap);
+    void setEnds(std::uint32_t const* ends, std::size_t count, std::uint64_t longestRow, unsigned gap);
+
+    CellEnds ends;
+    std::size_t gap = 1;       ///< spare bytes between two cells
+    std::size_t aliveRows = 0; ///< rows that still lie here
+    std::size_t index = 0;     ///< place in the owner's list of blocks
+
+private:
+    explicit CellBlock(std::size_t bytes) : mappedBytes(bytes) {}
+    ~CellBlock();
+
+    std::size_t mappedBytes;
+};

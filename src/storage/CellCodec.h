@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/Enumerations.h"
+
+#include <QString>
+
+#include <string_view>
+#include <vector>
+
+class QTextCodec;
+
+/// Turns the bytes of a cell into text and text into the bytes of a cell, in one encoding. A cell is complete in
+/// itself: no state is carried from one to the next, and there is no byte order mark in a cell, so U+FEFF is an
+/// ordinary character and UTF-16 and UTF-32 of unknown byte order are little-endian. Bytes that mean nothing in the
+/// encoding read as the replacement character, characters that the encoding lacks are written as it substitutes them.
+class CellCodec {
+public:
+    explicit CellCodec(EncodingType encoding = EncodingType::Utf8);
+
+    /// A null text for no bytes.
+    QString decode(std::string_view bytes) const;
+    std::vector<char> encode(QString const& text) const;
+
+private:
+    EncodingType encoding;
+    QTextCodec* codec; ///< null for UTF-8 and Latin-1, which Qt converts faster without
+};
