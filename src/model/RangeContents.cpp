@@ -14,7 +14,7 @@ bool isCell(Range const& cell, int row, int col) {
 /// Lets a User range be worked on as a Model range for as long as this lives.
 class AsStored {
 public:
-    AsStored(TableModel& model, Range& range)
+    AsStored(TableModel const& model, Range& range)
         : model(model), range(range), isUser(range.indexType == RangeIndexType::User) {
         if (isUser)
             range = model.getModelFromUserRange(range);
@@ -27,7 +27,7 @@ public:
     AsStored& operator=(AsStored const&) = delete;
 
 private:
-    TableModel& model;
+    TableModel const& model;
     Range& range;
     bool isUser;
 };
@@ -114,7 +114,7 @@ void RangeContents::writeExisting(RangeVector const& ranges, bool useOldValues) 
     }
 }
 
-void RangeContents::read(Range& range, bool fillValue, bool fillOld) {
+void RangeContents::read(TableModel const& model, Range& range, bool fillValue, bool fillOld) {
     if ((!fillValue && !fillOld) || range.type == RangeType::None)
         return;
     AsStored const asStored(model, range);
@@ -127,21 +127,25 @@ void RangeContents::read(Range& range, bool fillValue, bool fillOld) {
         if (fillValue)
             value = std::move(content);
     };
+    auto const get = [&, isRaw](int row, int col) {
+        TableData const& data = model.getTableData();
+        return isRaw ? data.getValueRaw(row, col) : data.getValueModel(row, col);
+    };
     auto const rowFrom = [&](int row) {
         std::vector<QVariant> values;
         for (int col = range.col; col < endCol; ++col)
-            values.push_back(get(range.indexType, row, col));
+            values.push_back(get(row, col));
         return values;
     };
 
     if (range.type == RangeType::Cell) {
-        fill(range.value, range.oldValue, get(range.indexType, range.row, range.col));
+        fill(range.value, range.oldValue, get(range.row, range.col));
     } else if (range.type == RangeType::Row) {
         fill(range.lineValues, range.lineOldValues, rowFrom(range.row));
     } else if (range.type == RangeType::Column) {
         std::vector<QVariant> values;
         for (int row = range.row; row < endRow; ++row)
-            values.push_back(get(range.indexType, row, range.col));
+            values.push_back(get(row, range.col));
         fill(range.lineValues, range.lineOldValues, std::move(values));
     } else {
         std::vector<std::vector<QVariant>> rows;
@@ -170,9 +174,4 @@ void RangeContents::put(RangeIndexType type, int row, int col, QVariant const& v
     } else {
         model.setDataDirectly(index, value);
     }
-}
-
-QVariant RangeContents::get(RangeIndexType type, int row, int col) const {
-    TableData const& data = model.getTableData();
-    return type == RangeIndexType::Raw ? data.getValueRaw(row, col) : data.getValueModel(row, col);
 }

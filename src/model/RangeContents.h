@@ -26,7 +26,7 @@ public:
     /// Writes the Cells of a list only, and lets nothing grow.
     void writeExisting(RangeVector const& ranges, bool useOldValues);
     /// Reads the whole texts of a range's cells into its new and its old contents.
-    void read(Range& range, bool fillValue, bool fillOld);
+    static void read(TableModel const& model, Range& range, bool fillValue, bool fillOld);
 
 private:
     void writeCell(Range const& range, Writing const& writing);
@@ -34,7 +34,6 @@ private:
     void writeTable(Range const& range, Writing const& writing);
     void growTo(int row, int col);
     void put(RangeIndexType type, int row, int col, QVariant const& value, bool emitChanges);
-    QVariant get(RangeIndexType type, int row, int col) const;
 
     TableModel& model;
 };

@@ -117,8 +117,8 @@ std::vector<RangeVector> RangeExpansion::cellBlocksHorizontal(RangeVector const&
     std::vector<RangeVector> blocks;
     for (RangeVector& row : cellsByRows(ranges, value, oldValue)) {
         for (Range& cell : row) {
-            bool const continues = !blocks.empty() && blocks.back().back().row == cell.row &&
-                                   blocks.back().back().col + 1 == cell.col;
+            bool const continues =
+                !blocks.empty() && blocks.back().back().row == cell.row && blocks.back().back().col + 1 == cell.col;
             if (!continues)
                 blocks.emplace_back();
             blocks.back().push_back(std::move(cell));

@@ -37,7 +37,6 @@ public:
     Indexes touchedCols(RangeVector const& ranges) const { return touchedLines(ranges, Axis::Columns); }
 
 private:
-    
     /// A cell on its way to become a Range, which is too large to be sorted by the million.
     struct Place {
         int row;
