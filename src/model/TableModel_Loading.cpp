@@ -1,0 +1,173 @@
+// Loading, saving and the dialect of the file.
+
+#include "model/TableModel.h"
+
+#include <QFileInfo>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+void TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString const& delimiter,
+                         QString const& saveDelimiter, EncodingType encoding, ParsingStandard parsingStandard) {
+    // A container that is being filled belongs to its thread and must not be cleared.
+    tableData.stopLoadThread(true);
+    clearTable();
+    this->readOnly = readOnly;
+    this->delimiter = delimiter;
+    this->saveDelimiter = saveDelimiter;
+    this->encoding = encoding;
+    loadedEncoding = encoding;
+    this->parsingStandard = parsingStandard;
+    setRowSortData(SortData());
+    setColSortData(SortData());
+    showEverything();
+    // The end of the load comes to onLoadFinished by a signal, within this call if the load is not on a thread.
+    tableData.loadCSV(path, async,
+                      readOnly ? TableData::DataContainerType::ReadOnly : TableData::DataContainerType::Editable,
+                      delimiter, saveDelimiter, encoding, parsingStandard);
+}
+
+void TableModel::showEverything() {
+    showAllRows();
+    showAllCols();
+    emit updateStatusBarSignal();
+    concealRawRows({});
+    enforceTableSize();
+}
+
+void TableModel::clearTable(QModelIndex const& parent) {
+    QScopedValueRollback<bool> const onlyView(dataAlreadyChanged, true);
+    tableData.clear();
+    removeRows(0, rowCount(parent), parent);
+    removeColumns(0, columnCount(parent), parent);
+}
+
+void TableModel::onLoadFinished() {
+    savedRowCountRaw = rowCountRaw();
+    savedColCountRaw = columnCountRaw();
+    enforceTableSize();
+    // The grid takes its size first: a change may only be told of cells that are there.
+    QModelIndex const last =
+        index(std::min(savedRowCountRaw, viewRowCount - 1), std::min(savedColCountRaw, viewColCount - 1));
+    if (last.isValid())
+        emit dataChanged(index(0, 0), last);
+    onMainCellChanged();
+    emit loadFinishedSignal();
+}
+
+bool TableModel::reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard parsingStandard) {
+    if (delimiter == this->delimiter && encoding == this->encoding && parsingStandard == this->parsingStandard)
+        return false;
+    this->delimiter = delimiter;
+    saveDelimiter = delimiter;
+    this->encoding = encoding;
+    this->parsingStandard = parsingStandard;
+    QString const path = getFilepath();
+    if (path.isEmpty())
+        return false;
+    loadCSV(path, true, readOnly, delimiter, saveDelimiter, encoding, parsingStandard);
+    return true;
+}
+
+bool TableModel::reloadFileWithDelimiter(QString const& newDelimiter) {
+    return reloadFile(newDelimiter, encoding, parsingStandard);
+}
+
+bool TableModel::reloadFileWithEncoding(EncodingType newEncoding) {
+    return reloadFile(delimiter, newEncoding, parsingStandard);
+}
+
+bool TableModel::reloadFileWithParsingStandard(ParsingStandard newStandard) {
+    return reloadFile(delimiter, encoding, newStandard);
+}
+
+bool TableModel::saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed) {
+    return tableData.saveCSV(path, ignoreMaps, skipConcealed);
+}
+
+void TableModel::onSaveStarted(QString const& path) {
+    emit saveStartedSignal(path);
+}
+
+void TableModel::onSaveFinished(QString const& path) {
+    savedRowCountRaw = rowCountRaw();
+    savedColCountRaw = columnCountRaw();
+    emit saveFinishedSignal(path);
+}
+
+void TableModel::saveAfterEdit() {
+    if (!saveAfterEachEdit || getFilepath().isEmpty())
+        return;
+    if (saveCSV(false, false))
+        emit undoStackCleanChangedSignal(true);
+    else
+        emit autoSaveFailedSignal(getFilepath(), getLastSaveError());
+}
+
+QString TableModel::getTableName() const {
+    QString const path = getFilepath();
+    return path.isEmpty() ? QStringLiteral("untitled") : QFileInfo(path).fileName();
+}
+
+void TableModel::setExtension(QString const& newExtension) {
+    if (newExtension == extension)
+        return;
+    extension = newExtension;
+    tableData.setExtension(newExtension);
+}
+
+bool TableModel::setDelimiter(QString const& newDelimiter, QString const& newSaveDelimiter) {
+    delimiter = newDelimiter;
+    saveDelimiter = newSaveDelimiter;
+    tableData.setDelimiter(delimiter, saveDelimiter);
+    return true;
+}
+
+bool TableModel::setLineEnding(LineEndingType type) {
+    lineEnding = type;
+    tableData.setLineEnding(type);
+    return true;
+}
+
+bool TableModel::setEncoding(EncodingType type) {
+    encoding = type;
+    tableData.setEncoding(type, true);
+    return true;
+}
+
+bool TableModel::setParsingStandard(ParsingStandard standard) {
+    parsingStandard = standard;
+    tableData.setParsingStandard(standard);
+    return true;
+}
+
+void TableModel::setSaveWithTrailingDelimiters(bool on) {
+    saveWithTrailingDelimiters = on;
+    tableData.setSaveWithTrailingDelimiters(on);
+}
+
+bool TableModel::setReadOnly(bool on) {
+    bool const changed = on != readOnly;
+    readOnly = on;
+    return changed;
+}
+
+bool TableModel::setDelimiterForFileSaveCommand(QString const& newDelimiter) {
+    emit setDelimiterSignal(newDelimiter);
+    return true;
+}
+
+bool TableModel::setLineEndingForFileSaveCommand(LineEndingType type) {
+    emit setLineEndingSignal(type);
+    return true;
+}
+
+bool TableModel::setEncodingForFileSaveCommand(EncodingType type) {
+    emit setEncodingSignal(type);
+    return true;
+}
+
+bool TableModel::setParsingStandardForFileSaveCommand(ParsingStandard standard) {
+    emit setParsingStandardSignal(standard);
+    return true;
+}

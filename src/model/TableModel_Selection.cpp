@@ -1,0 +1,143 @@
+// The selection as the rest of the program sees it: the algebra is Selection's, the announcements are made here.
+
+#include "model/TableModel.h"
+
+#include <algorithm>
+
+void TableModel::announce(SelectionChange const& change) {
+    if (change.multiCell) {
+        if (*change.multiCell)
+            emit addContextSignal(Context::MultiCellSelection);
+        else
+            emit removeContextSignal(Context::MultiCellSelection);
+    }
+    if (change.mainCell)
+        onMainCellChanged();
+    if (change.ranges)
+        emit selectionChangedSignal();
+    if (change.size)
+        emit selectionSizeChangedSignal(getSelectionSize());
+}
+
+void TableModel::onMainCellChanged() {
+    Range mainCell = selection.mainCell();
+    if (!isLoading())
+        populateCellDataValues(mainCell, true, false);
+    emit mainCellChangedSignal(mainCell);
+}
+
+void TableModel::setSelection(Range range) {
+    range = getModelRange(range);
+    announce(selection.setSelection(range));
+}
+
+void TableModel::setSelection(Range const& mainRange, RangeVector const& ranges) {
+    announce(selection.setSelection(getModelRange(mainRange), getModelRange(ranges)));
+}
+
+void TableModel::setSelection(RangeVector const& ranges, bool resetShift) {
+    announce(selection.setSelection(getModelRange(ranges), resetShift));
+}
+
+void TableModel::setMainCell(Range const& range) {
+    announce(selection.setMainCell(getModelRange(range)));
+}
+
+void TableModel::clearSelection(Range const& range) {
+    announce(selection.clearSelection(range));
+}
+
+bool TableModel::addCellToSelection(Range const& range) {
+    announce(selection.addCellToSelection(getModelRange(range)));
+    return true;
+}
+
+bool TableModel::addCellsToSelection(RangeVector const& ranges) {
+    announce(selection.addCellsToSelection(getModelRange(ranges)));
+    return true;
+}
+
+bool TableModel::removeCellFromSelection(int row, int col) {
+    return selection.removeCellFromSelection(row, col);
+}
+
+QModelIndexList TableModel::getSelectionIndexes() const {
+    RangeVector cells;
+    getCellOnlyRangeVector(cells, selection.ranges());
+    QModelIndexList indexes;
+    for (Range const& cell : cells)
+        indexes.append(index(cell.row, cell.col));
+    return indexes;
+}
+
+bool TableModel::setPendingSelectionCorner(Range const& corner, bool isFirst) {
+    std::optional<RangeSize> const size = selection.setPendingSelectionCorner(corner, isFirst, gridSize());
+    if (!size)
+        return false;
+    if (!isFirst)
+        emit newPendingSelectionCornerSignal(corner);
+    emit selectionSizeChangedSignal(*size);
+    return true;
+}
+
+void TableModel::moveSelectionRelative(int rows, int cols) {
+    announce(selection.moveSelectionRelative(rows, cols, gridSize()));
+}
+
+void TableModel::moveSelectionVertically(RangeVector const& ranges, int rows) {
+    announce(selection.moveSelectionVertically(getModelRange(ranges), rows));
+}
+
+void TableModel::moveSelectionHorizontally(RangeVector const& ranges, int cols) {
+    announce(selection.moveSelectionHorizontally(getModelRange(ranges), cols));
+}
+
+ShiftBounds TableModel::shiftBounds(Axis axis) const {
+    auto const jump = [this](Range const& from, Direction direction) {
+        Range to;
+        getNextBlockLocation(from, to, direction);
+        return to;
+    };
+    return {axis == Axis::Rows ? viewRowCount : viewColCount, jump};
+}
+
+bool TableModel::selectUpOrDown(Direction direction, bool toBlockEdge, bool onlyTakeBack, bool* changed) {
+    auto const change =
+        selection.selectUpOrDown(direction, toBlockEdge, onlyTakeBack, changed, shiftBounds(Axis::Rows));
+    if (change)
+        announce(*change);
+    return change.has_value();
+}
+
+bool TableModel::selectLeftOrRight(Direction direction, bool toBlockEdge, bool onlyTakeBack, bool* changed) {
+    auto const change =
+        selection.selectLeftOrRight(direction, toBlockEdge, onlyTakeBack, changed, shiftBounds(Axis::Columns));
+    if (change)
+        announce(*change);
+    return change.has_value();
+}
+
+void TableModel::selectUpOrDown(RangeVector const& base, std::vector<SelectionType> const& steps) {
+    announce(selection.selectUpOrDown(base, steps, shiftBounds(Axis::Rows)));
+}
+
+void TableModel::selectLeftOrRight(RangeVector const& base, std::vector<SelectionType> const& steps) {
+    announce(selection.selectLeftOrRight(base, steps, shiftBounds(Axis::Columns)));
+}
+
+void TableModel::invertSelectionByRowsHeaderExcluded() {
+    announce(selection.invertSelectionByRowsHeaderExcluded({rowCountModel(), columnCountModel()},
+                                                           getNumVisibleHeaderRows()));
+}
+
+void TableModel::invertSelectionByColumnsHeaderExcluded() {
+    announce(
+        selection.invertSelectionByColumnsHeaderExcluded({rowCountModel(), columnCountModel()}, getNumHeaderCols()));
+}
+
+bool TableModel::getNextBlockLocation(Range const& from, Range& to, Direction direction) const {
+    to = getModelFromRawRange(tableData.getNextBlockLocation(getRawRange(from), direction), true);
+    to.row = std::max(to.row, 0);
+    to.col = std::max(to.col, 0);
+    return true;
+}
