@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
+#include "core/RangeSize.h"
 #include "core/RangeVector.h"
 #include "model/SelectionMembership.h"
 #include "model/SelectionShift.h"
@@ -22,8 +23,7 @@ struct SelectionChange {
 /// The selected ranges of a table, its main cell, the rectangle a drag is still drawing, and the record of steps made
 /// with the Shift key: a plain value of the GUI thread, owned by the table's model. Every index is Model. After each
 /// operation that sets or adds ranges the list is sanitized: sorted, without repetition, and holding the main cell.
-class Selection
-{
+class Selection {
 public:
     // What is selected.
 
@@ -74,7 +74,7 @@ public:
     // Adding and taking out.
 
     SelectionChange addCellToSelection(Range const& range);
-    SelectionChange addCellsToSelection(RangeVector const& ranges);
+    SelectionChange addCellsToSelection(RangeVector ranges);
     /// Takes a cell out of the first range that holds it, by erasing a Cell or by an exclusion. False if none holds it,
     /// it is out already, or it is the main cell's own Cell range.
     bool removeCellFromSelection(int row, int col);

@@ -15,8 +15,7 @@ bool rangeCoversCell(Range const& range, int row, int col);
 /// Answers for a list of many ranges, such as a selection being painted, which cells they hold: single cells by hash,
 /// rows by their row, columns by their column. A list of few ranges is simply walked. It must be invalidated whenever
 /// the list is changed or sorted.
-class SelectionMembership
-{
+class SelectionMembership {
 public:
     void invalidate() { built = false; }
     bool coversCell(RangeVector const& ranges, int row, int col);

@@ -29,8 +29,7 @@ struct ShiftBounds {
 
 /// The record of a selection that grows step by step from the one it began with, so that a step back takes away exactly
 /// what the step out added.
-class SelectionShift
-{
+class SelectionShift {
 public:
     /// Forgets base and steps; the next step begins anew.
     void reset();
@@ -38,14 +37,15 @@ public:
     /// Notes a step in `direction`, starting from `selection` when the last step lay on the other axis. A step against
     /// the last one takes that back and sets `tookBack` (which may be null). Returns false, with nothing noted, when
     /// `onlyTakeBack` is set, the direction is Up or Left, and there is no step to take back.
-    bool addStep(RangeVector const& selection, Direction direction, bool toBlockEdge, bool onlyTakeBack, bool* tookBack);
+    bool addStep(RangeVector const& selection, Direction direction, bool toBlockEdge, bool onlyTakeBack,
+                 bool* tookBack);
 
     RangeVector const& baseSelection() const { return base; }
     std::vector<SelectionType> const& steps() const { return shiftSteps; }
     SelectionType lastDirection() const { return lastShiftDirection; }
 
     /// `ranges` grown by `steps`: each becomes one copy for every row (Axis::Rows: steps up and down) or column from
-    /// where it stands to where the steps lead. The main cell's offsets of the result are absolute.
+    /// where it stands to where the steps lead, itself first. The main cell's offsets are copied as they are.
     static RangeVector replay(RangeVector const& ranges, std::vector<SelectionType> const& steps, Axis axis,
                               ShiftBounds const& bounds);
 

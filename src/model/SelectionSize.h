@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/RangeSize.h"
 #include "core/RangeVector.h"
 
 #include <QtGlobal>
