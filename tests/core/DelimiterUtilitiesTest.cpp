@@ -6,34 +6,27 @@
 using namespace Utilities;
 
 TEST(DelimiterUtilities, ReadableFormsAndBack) {
-    struct Case {
-        QString actual;
-        QString shortForm;
-        QString longForm;
-        QStringList otherSpellings;
-    };
-    std::vector<Case> const cases = {
-        {"\t", "tab", "tab", {"TAB", "\\t", "\\T"}},
-        {" ", "space", "space", {"Space", "\\s"}},
-        {"\x1F", "Unit Separator", "Unit Separator", {"unit separator"}},
-        {"", "(none)", "(none)", {"none", "(None)"}},
-        {",", ",", "comma (,)", {}},
-        {";", ";", "semi-colon (;)", {}},
-        {"|", "|", "pipe (|)", {}},
-        {":", ":", "colon (:)", {}},
-        {".", ".", "period (.)", {}},
-        {"-", "-", "dash (-)", {}},
-        {"/", "/", "forward slash (/)", {}},
-        {"\\", "\\", "back slash (\\)", {}},
-        {"||", "||", "||", {}},
-    };
-    for (auto const& [actual, shortForm, longForm, otherSpellings] : cases) {
-        EXPECT_EQ(convertDelimiterFromActualToShortReadable(actual), shortForm);
-        EXPECT_EQ(convertDelimiterFromActualToLongReadable(actual), longForm);
-        for (QString const& readable : otherSpellings + QStringList{shortForm}) {
+    std::vector<QStringList> const cases = {// actual, short and long form, other spellings
+                                            {"\t", "tab", "tab", "TAB", "\\t", "\\T"},
+                                            {" ", "space", "space", "Space", "\\s"},
+                                            {"\x1F", "Unit Separator", "Unit Separator", "unit separator"},
+                                            {"", "(none)", "(none)", "none", "(None)"},
+                                            {",", ",", "comma (,)"},
+                                            {";", ";", "semi-colon (;)"},
+                                            {"|", "|", "pipe (|)"},
+                                            {":", ":", "colon (:)"},
+                                            {".", ".", "period (.)"},
+                                            {"-", "-", "dash (-)"},
+                                            {"/", "/", "forward slash (/)"},
+                                            {"\\", "\\", "back slash (\\)"},
+                                            {"||", "||", "||"}};
+    for (QStringList const& forms : cases) {
+        EXPECT_EQ(convertDelimiterFromActualToShortReadable(forms[0]), forms[1]);
+        EXPECT_EQ(convertDelimiterFromActualToLongReadable(forms[0]), forms[2]);
+        for (QString const& readable : QStringList{forms[1]} + forms.mid(3)) {
             QString read = "unchanged";
             convertDelimiterFromShortReadableToActual(read, readable);
-            EXPECT_EQ(read, actual) << readable.toStdString();
+            EXPECT_EQ(read, forms[0]) << readable.toStdString();
         }
     }
     QString read = "unchanged";
@@ -60,17 +53,13 @@ TEST(DelimiterUtilities, ValidityOptionsAndExtensions) {
 }
 
 TEST(DelimiterUtilities, DetectsTheDelimiterOfAFile) {
+    // A tilde stands for the Unit Separator.
     std::vector<std::pair<QByteArray, QString>> const cases = {
         {"a;b;c\n1;2;3,4\n", ";"},
         {"a\tb,c", ","}, // ties go to the earlier candidate
         {"a;b|c", "|"},
-        {"a^b\x1F"
-         "c",
-         "^"},
-        {"a\x1F"
-         "b\x1F"
-         "c^",
-         "\x1F"},
+        {"a^b~c", "^"},
+        {"a~b~c^", "\x1F"},
         {"\"a,b,c\"\t1", ","}, // quotes do not matter
         {"no candidate", ","},
         {"", ","},
@@ -81,7 +70,7 @@ TEST(DelimiterUtilities, DetectsTheDelimiterOfAFile) {
     for (auto const& [content, delimiter] : cases) {
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        file.write(QByteArray(content).replace('~', '\x1F'));
         file.close();
         EXPECT_EQ(getDelimiterFromAutoDetect(path), delimiter) << content.left(40).toStdString();
     }
@@ -100,8 +89,7 @@ TEST(DelimiterUtilities, DetectsTheDelimiterOfText) {
         {"a|b\nc\nd", "\t"},          // agrees in less than half of the lines
         {"a|b\nc", "|"},              // in just half of them
         {"\ta;b\t\n\tc;d\t", ";"},    // white space around a line does not divide
-        {"a;b\n\nc;d\n\n\n", ";"},
-    };
+        {"a;b\n\nc;d\n\n\n", ";"}};
     for (auto const& [text, delimiter] : cases)
         EXPECT_EQ(detectDelimiterInByteArray(text), delimiter) << text.toStdString();
 }

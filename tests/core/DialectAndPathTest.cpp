@@ -7,20 +7,19 @@
 using namespace Utilities;
 
 TEST(DialectUtilities, ParsingStandards) {
-    std::vector<std::pair<QString, ParsingStandard>> const spellings = {
-        {"RFC 4180", ParsingStandard::Rfc4180},
-        {"rfc-4180", ParsingStandard::Rfc4180},
-        {"Delimiter Only", ParsingStandard::DelimiterOnly},
-        {"delimiter", ParsingStandard::DelimiterOnly},
-        {"All Quotes", ParsingStandard::AllQuotes},
-        {"SPARSE_quotes", ParsingStandard::SparseQuotes},
-        {"ASCII Separated Values", ParsingStandard::AsciiSeparated},
-        {"quotes", ParsingStandard::Invalid},
-        {"", ParsingStandard::Invalid},
-    };
+    using enum ParsingStandard;
+    std::vector<std::pair<QString, ParsingStandard>> const spellings = {{"RFC 4180", Rfc4180},
+                                                                        {"rfc-4180", Rfc4180},
+                                                                        {"Delimiter Only", DelimiterOnly},
+                                                                        {"delimiter", DelimiterOnly},
+                                                                        {"All Quotes", AllQuotes},
+                                                                        {"SPARSE_quotes", SparseQuotes},
+                                                                        {"ASCII Separated Values", AsciiSeparated},
+                                                                        {"quotes", Invalid},
+                                                                        {"", Invalid}};
     for (auto const& [text, standard] : spellings) {
         EXPECT_EQ(convertParsingStringToStandard(text), standard) << text.toStdString();
-        EXPECT_EQ(parsingStandardValid(text), standard != ParsingStandard::Invalid) << text.toStdString();
+        EXPECT_EQ(parsingStandardValid(text), standard != Invalid) << text.toStdString();
     }
     QStringList names;
     for (int value = 0; value <= 6; ++value)
@@ -30,21 +29,20 @@ TEST(DialectUtilities, ParsingStandards) {
 }
 
 TEST(DialectUtilities, LineEndings) {
-    std::vector<std::pair<QString, LineEndingType>> const spellings = {
-        {"Windows (CR LF)", LineEndingType::Windows},
-        {"cr lf", LineEndingType::Windows},
-        {"CRLF", LineEndingType::Windows},
-        {"Mac/Linux (LF)", LineEndingType::Unix},
-        {"unix", LineEndingType::Unix},
-        {"lf", LineEndingType::Unix},
-        {"mac, not crlf", LineEndingType::Unix},
-        {"Record Separator", LineEndingType::RecordSeparator},
-        {"(platform)", LineEndingType::Invalid},
-        {"", LineEndingType::Invalid},
-    };
+    using enum LineEndingType;
+    std::vector<std::pair<QString, LineEndingType>> const spellings = {{"Windows (CR LF)", Windows},
+                                                                       {"cr lf", Windows},
+                                                                       {"CRLF", Windows},
+                                                                       {"Mac/Linux (LF)", Unix},
+                                                                       {"unix", Unix},
+                                                                       {"lf", Unix},
+                                                                       {"mac, not crlf", Unix},
+                                                                       {"Record Separator", RecordSeparator},
+                                                                       {"(platform)", Invalid},
+                                                                       {"", Invalid}};
     for (auto const& [text, type] : spellings) {
         EXPECT_EQ(convertLineEndingStringToType(text), type) << text.toStdString();
-        EXPECT_EQ(lineEndingValid(text), type != LineEndingType::Invalid) << text.toStdString();
+        EXPECT_EQ(lineEndingValid(text), type != Invalid) << text.toStdString();
     }
     QStringList shortNames, technicalNames, longNames;
     for (int value = 0; value <= 5; ++value) {

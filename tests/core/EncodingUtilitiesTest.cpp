@@ -3,95 +3,56 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <string>
+#include <map>
 
 using namespace Utilities;
 
 namespace {
 
-struct EncodingFacts {
-    EncodingType encoding;
-    char const* name;
-    char const* codec;
-    int width;
-    Endianness endianness;
-    std::string bom;
-    EncodingType typeOfName;
-};
-
-constexpr auto None = Endianness::NotApplicable;
-
-// The Unicode rows, and of the others those whose codec is not simply the name without its explanation.
-std::vector<EncodingFacts> const Facts = {
-    {EncodingType::Utf8, "UTF-8", "UTF-8", 1, None, "\xEF\xBB\xBF", EncodingType::Utf8},
-    {EncodingType::Utf16, "UTF-16", "UTF-16", 2, None, "", EncodingType::Utf16},
-    {EncodingType::Utf16BE, "UTF-16BE", "UTF-16BE", 2, Endianness::Big, "\xFE\xFF", EncodingType::Utf16BE},
-    {EncodingType::Utf16LE, "UTF-16LE", "UTF-16LE", 2, Endianness::Little, "\xFF\xFE", EncodingType::Utf16LE},
-    {EncodingType::Utf16GuessedBE, "UTF-16", "UTF-16BE", 2, Endianness::Big, "\xFE\xFF", EncodingType::Utf16},
-    {EncodingType::Utf16GuessedLE, "UTF-16", "UTF-16LE", 2, Endianness::Little, "\xFF\xFE", EncodingType::Utf16},
-    {EncodingType::Utf32, "UTF-32", "UTF-32", 4, None, "", EncodingType::Utf32},
-    {EncodingType::Utf32LE, "UTF-32LE", "UTF-32LE", 4, Endianness::Little, {"\xFF\xFE\0\0", 4}, EncodingType::Utf32LE},
-    {EncodingType::Utf32BE, "UTF-32BE", "UTF-32BE", 4, Endianness::Big, {"\0\0\xFE\xFF", 4}, EncodingType::Utf32BE},
-    {EncodingType::Utf32GuessedBE, "UTF-32", "UTF-32BE", 4, Endianness::Big, {"\0\0\xFE\xFF", 4}, EncodingType::Utf32},
-    {EncodingType::Utf32GuessedLE,
-     "UTF-32",
-     "UTF-32LE",
-     4,
-     Endianness::Little,
-     {"\xFF\xFE\0\0", 4},
-     EncodingType::Utf32},
-    {EncodingType::Windows949, "Windows-949 (Korean)", "CP949", 1, None, "", EncodingType::Windows949},
-    {EncodingType::EucKr, "EUC-KR (Korean)", "EUC_KR", 1, None, "", EncodingType::EucKr},
-    {EncodingType::EucJp, "EUC-JP (Japanese)", "EUC_JP", 1, None, "", EncodingType::EucJp},
-    {EncodingType::Invalid, "", "", 1, None, "", EncodingType::Invalid},
-};
+/// Everything known of an encoding, in one line.
+QString factsOf(EncodingType encoding) {
+    auto const bom = getEncodingBom(encoding);
+    QStringList const facts = {
+        convertEncodingTypeToString(encoding),
+        convertEncodingTypeToCodecName(encoding),
+        QString::number(numBytesPerChar(encoding)),
+        QString::number(int(getEndianness(encoding))),
+        QByteArray(bom.data(), qsizetype(bom.size())).toHex(),
+        QString::number(int(convertEncodingStringToType(convertEncodingTypeToString(encoding))))};
+    return facts.join('|');
+}
 
 } // namespace
 
-TEST(EncodingUtilities, UnicodeAndOddlyNamedEncodings) {
-    for (auto const& facts : Facts) {
-        SCOPED_TRACE(int(facts.encoding));
-        auto const bom = getEncodingBom(facts.encoding);
-        EXPECT_EQ(convertEncodingTypeToString(facts.encoding), facts.name);
-        EXPECT_EQ(convertEncodingTypeToCodecName(facts.encoding), facts.codec);
-        EXPECT_EQ(numBytesPerChar(facts.encoding), facts.width);
-        EXPECT_EQ(getEndianness(facts.encoding), facts.endianness);
-        EXPECT_EQ(std::string(bom.begin(), bom.end()), facts.bom);
-        EXPECT_EQ(convertEncodingStringToType(facts.name), facts.typeOfName);
-    }
-}
-
-TEST(EncodingUtilities, LegacyEncodingsReadTheirOwnNamesBack) {
-    for (int value = int(EncodingType::Iso8859_1); value < int(EncodingType::Invalid); ++value) {
+TEST(EncodingUtilities, NameCodecWidthOrderMarkAndTypeOfName) {
+    QStringList const unicode =
+        QString("UTF-8|UTF-8|1|2|efbbbf|0 UTF-16|UTF-16|2|2||1 UTF-16BE|UTF-16BE|2|1|feff|2 "
+                "UTF-16LE|UTF-16LE|2|0|fffe|3 UTF-16|UTF-16BE|2|1|feff|1 UTF-16|UTF-16LE|2|0|fffe|1 "
+                "UTF-32|UTF-32|4|2||6 UTF-32LE|UTF-32LE|4|0|fffe0000|7 UTF-32BE|UTF-32BE|4|1|0000feff|8 "
+                "UTF-32|UTF-32BE|4|1|0000feff|6 UTF-32|UTF-32LE|4|0|fffe0000|6")
+            .split(' ');
+    std::map<EncodingType, QString> const oddCodecs = {
+        {EncodingType::Windows949, "CP949"}, {EncodingType::EucKr, "EUC_KR"}, {EncodingType::EucJp, "EUC_JP"}};
+    for (int value = 0; value < int(EncodingType::Invalid); ++value) {
         auto const encoding = EncodingType(value);
         QString const name = convertEncodingTypeToString(encoding);
-        SCOPED_TRACE(name.toStdString());
-        EXPECT_EQ(convertEncodingStringToType(name), encoding);
-        EXPECT_EQ(convertEncodingStringToType(name.section(" (", 0, 0)), encoding);
-        EXPECT_EQ(numBytesPerChar(encoding), 1);
-        EXPECT_EQ(getEndianness(encoding), None);
-        EXPECT_TRUE(getEncodingBom(encoding).empty());
-        if (encoding < EncodingType::Windows949 || encoding > EncodingType::EucJp) {
-            EXPECT_EQ(QString(convertEncodingTypeToCodecName(encoding)), name.section(" (", 0, 0));
-        }
+        QString const shortName = name.section(" (", 0, 0);
+        auto const odd = oddCodecs.find(encoding);
+        QString const codec = odd == oddCodecs.end() ? shortName : odd->second;
+        QString const legacy = name + '|' + codec + "|1|2||" + QString::number(value);
+        EXPECT_EQ(factsOf(encoding), unicode.value(value, legacy));
+        EXPECT_EQ(convertEncodingStringToType(shortName), convertEncodingStringToType(name));
     }
+    EXPECT_EQ(factsOf(EncodingType::Invalid), "||1|2||44");
 }
 
 TEST(EncodingUtilities, FreeTextFindsTheFirstKeyInOrder) {
+    using enum EncodingType;
     std::vector<std::pair<QString, EncodingType>> const cases = {
-        {"ISO-8859-15", EncodingType::Iso8859_15},
-        {"iso88591", EncodingType::Iso8859_1},
-        {"iso_8859 1", EncodingType::Iso8859_1},
-        {"iso 8859-11", EncodingType::Iso8859_1},
-        {"my utf_8 file", EncodingType::Utf8},
-        {"Utf 16 le", EncodingType::Utf16LE},
-        {"utf-32 or utf-16", EncodingType::Utf16},
-        {"BIG5-hkscs", EncodingType::Big5Hkscs},
-        {"big 5", EncodingType::Big5},
-        {"windows 1258", EncodingType::Windows1258},
-        {"koi8", EncodingType::Invalid},
-        {"", EncodingType::Invalid},
-    };
+        {"ISO-8859-15", Iso8859_15},   {"iso88591", Iso8859_1},   {"iso_8859 1", Iso8859_1},
+        {"ISO 8859-11", Iso8859_1},    {"my utf_8 file", Utf8},   {"Utf 16 le", Utf16LE},
+        {"utf-32 or utf-16", Utf16},   {"BIG5-hkscs", Big5Hkscs}, {"big 5", Big5},
+        {"windows 1258", Windows1258}, {"koi8", Invalid},         {"", Invalid}};
     for (auto const& [text, encoding] : cases) {
         EXPECT_EQ(convertEncodingStringToType(text), encoding) << text.toStdString();
         EXPECT_EQ(encodingValid(text), encoding != EncodingType::Invalid) << text.toStdString();
@@ -110,34 +71,33 @@ TEST(EncodingUtilities, ListToChooseFrom) {
 TEST(EncodingUtilities, GuessesByteOrderFromZeros) {
     struct Case {
         EncodingType given;
-        std::string content;
+        QByteArray content;
         EncodingType guessed;
     };
     using enum EncodingType;
-    std::vector<Case> const cases = {
-        {Utf16, {"\0a\0b", 4}, Utf16GuessedBE},
-        {Utf16, {"a\0b\0", 4}, Utf16GuessedLE},
-        {Utf16, {"\0ab\0", 4}, Utf16GuessedLE},
-        {Utf16, "", Utf16GuessedLE},
-        {Utf16, {"\0a\0", 3}, Utf16GuessedLE},
-        {Utf16, {"xxxx\0a", 6}, Utf16GuessedLE},
-        {Utf16, std::string(1000, 'x') + std::string("\0a\0a", 4), Utf16GuessedLE},
-        {Utf16, std::string(998, 'x') + std::string("\0a\0a", 4), Utf16GuessedBE},
-        {Utf32, {"\0\0\0a\0\0\0b", 8}, Utf32GuessedBE},
-        {Utf32, {"a\0\0\0b\0\0\0", 8}, Utf32GuessedLE},
-        {Utf32, {"\0a\0a", 4}, Utf32GuessedLE},
-        {Utf32, "", Utf32GuessedLE},
-        {Utf8, {"\0a\0b", 4}, Utf8},
-        {Utf16LE, {"\0a\0b", 4}, Utf16LE},
-    };
+    // A dot stands for a zero byte.
+    std::vector<Case> const cases = {{Utf16, ".a.b", Utf16GuessedBE},
+                                     {Utf16, "a.b.", Utf16GuessedLE},
+                                     {Utf16, ".ab.", Utf16GuessedLE},
+                                     {Utf16, "", Utf16GuessedLE},
+                                     {Utf16, ".a.", Utf16GuessedLE},
+                                     {Utf16, "xxxx.a", Utf16GuessedLE},
+                                     {Utf32, "...a...b", Utf32GuessedBE},
+                                     {Utf32, "a...b...", Utf32GuessedLE},
+                                     {Utf32, ".a.a", Utf32GuessedLE},
+                                     {Utf32, "", Utf32GuessedLE},
+                                     {Utf8, ".a.b", Utf8},
+                                     {Utf16LE, ".a.b", Utf16LE},
+                                     {Utf16, QByteArray(1000, 'x') + ".a.a", Utf16GuessedLE},
+                                     {Utf16, QByteArray(998, 'x') + ".a.a", Utf16GuessedBE}};
     QTemporaryDir folder;
     QString const path = folder.filePath("sample.csv");
-    for (auto const& [given, content, guessed] : cases) {
+    for (auto [given, content, guessed] : cases) {
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content.data(), qint64(content.size()));
+        file.write(content.replace('.', '\0'));
         file.close();
-        EXPECT_EQ(guessEncodingFromFile(given, path), guessed) << testing::PrintToString(content);
+        EXPECT_EQ(guessEncodingFromFile(given, path), guessed) << content.toPercentEncoding().toStdString();
     }
     EXPECT_EQ(guessEncodingFromFile(Utf16, folder.filePath("missing.csv")), Utf16);
 }

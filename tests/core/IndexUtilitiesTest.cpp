@@ -22,8 +22,7 @@ TEST(IndexUtilities, SetsRunsAndPermutations) {
 TEST(IndexUtilities, ColumnLetters) {
     std::vector<std::pair<int, QString>> const cases = {
         {0, "A"},    {25, "Z"},    {26, "AA"},     {51, "AZ"},      {52, "BA"},
-        {701, "ZZ"}, {702, "AAA"}, {18277, "ZZZ"}, {18278, "AAAA"}, {INT_MAX - 1, "FXSHRXW"},
-    };
+        {701, "ZZ"}, {702, "AAA"}, {18277, "ZZZ"}, {18278, "AAAA"}, {INT_MAX - 1, "FXSHRXW"}};
     for (auto const& [number, letters] : cases) {
         EXPECT_EQ(convertNumberToLetters(number), letters);
         EXPECT_EQ(convertLettersToNumber(letters), number);

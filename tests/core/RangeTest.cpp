@@ -1,35 +1,8 @@
 #include "core/Range.h"
 
+#include "tests/core/RangeMakers.h"
+
 #include <tuple>
-
-namespace {
-
-constexpr auto Model = RangeIndexType::Model;
-
-Range cell(int row, int col) {
-    return {row, col, Model};
-}
-Range row(int index) {
-    return {index, RangeType::Row, Model};
-}
-Range column(int index) {
-    return {index, RangeType::Column, Model};
-}
-
-Range block(RangeType type, int row, int col, int rowEnd, int colEnd) {
-    Range range(type, Model);
-    range.row = row;
-    range.col = col;
-    range.rowEnd = rowEnd;
-    range.colEnd = colEnd;
-    return range;
-}
-
-Range table(int row, int col, int rowEnd = INT_MAX, int colEnd = INT_MAX) {
-    return block(RangeType::Table, row, col, rowEnd, colEnd);
-}
-
-} // namespace
 
 TEST(Range, ConstructorsPlaceTheStart) {
     std::vector<std::pair<Range, std::tuple<RangeType, RangeIndexType, int, int>>> const cases = {
@@ -40,8 +13,7 @@ TEST(Range, ConstructorsPlaceTheStart) {
         {Range(3, RangeType::Table, Model), {RangeType::Table, Model, 3, 3}},
         {Range(RangeType::Table, RangeIndexType::Raw), {RangeType::Table, RangeIndexType::Raw, 0, 0}},
         {Range(RangeType::Row), {RangeType::Row, RangeIndexType::None, 0, 0}},
-        {Range(RangeType::None), {RangeType::None, RangeIndexType::None, -1, -1}},
-    };
+        {Range(RangeType::None), {RangeType::None, RangeIndexType::None, -1, -1}}};
     for (auto const& [range, expected] : cases) {
         EXPECT_EQ(std::tuple(range.type, range.indexType, range.row, range.col), expected);
         EXPECT_EQ(std::tuple(range.rowEnd, range.colEnd, range.hasMainCell), std::tuple(INT_MAX, INT_MAX, false));
@@ -51,15 +23,11 @@ TEST(Range, ConstructorsPlaceTheStart) {
 }
 
 TEST(Range, ValidityDependsOnTheType) {
-    EXPECT_TRUE(cell(0, 0).isValid());
-    EXPECT_FALSE(cell(-1, 0).isValid());
-    EXPECT_FALSE(cell(0, -1).isValid());
-    EXPECT_TRUE(block(RangeType::Row, 0, -1, 9, 9).isValid());
-    EXPECT_FALSE(row(-1).isValid());
-    EXPECT_TRUE(block(RangeType::Column, -1, 0, 9, 9).isValid());
-    EXPECT_FALSE(column(-1).isValid());
-    EXPECT_TRUE(table(-1, -1).isValid());
-    EXPECT_FALSE(Range().isValid());
+    for (Range const& valid :
+         {cell(0, 0), block(RangeType::Row, 0, -1, 9, 9), block(RangeType::Column, -1, 0, 9, 9), table(-1, -1)})
+        EXPECT_TRUE(valid.isValid()) << int(valid.type);
+    for (Range const& invalid : {cell(-1, 0), cell(0, -1), row(-1), column(-1), Range()})
+        EXPECT_FALSE(invalid.isValid()) << int(invalid.type);
 }
 
 TEST(Range, MovesInvalidateOrStopAtZero) {
@@ -73,8 +41,7 @@ TEST(Range, MovesInvalidateOrStopAtZero) {
     std::vector<Case> const cases = {
         {cell(1, 1), 2, -1, true, RangeType::Cell, 3, 0},   {cell(1, 2), -3, 0, true, RangeType::None, -2, 2},
         {cell(1, 2), -3, -9, false, RangeType::Cell, 0, 0}, {row(1), -3, 2, true, RangeType::Row, 0, 2},
-        {column(4), 1, -5, true, RangeType::Column, 1, 0},  {table(2, 2), -3, -1, true, RangeType::Table, 0, 1},
-    };
+        {column(4), 1, -5, true, RangeType::Column, 1, 0},  {table(2, 2), -3, -1, true, RangeType::Table, 0, 1}};
     for (auto const& [range, rows, cols, invalidate, type, toRow, toCol] : cases) {
         Range moved = range;
         moved.moveRelative(rows, cols, invalidate);
@@ -113,8 +80,7 @@ TEST(Range, ContainsRange) {
         {column(0), row(0), false},       {table(2, 0), row(2), true},      {table(2, 0), row(3), false},
         {table(0, 2), column(2), true},   {table(0, 2), column(3), false},  {table(5, 3), shortRow, false},
         {table(0, 0), box, true},         {box, table(2, 2), false},        {box, table(2, 1, 8, 8), false},
-        {row(0), table(0, 0), false},     {table(0, 0), Range(), false},    {Range(), cell(0, 0), false},
-    };
+        {row(0), table(0, 0), false},     {table(0, 0), Range(), false},    {Range(), cell(0, 0), false}};
     for (std::size_t i = 0; i < cases.size(); ++i)
         EXPECT_EQ(cases[i].outer.containsRange(cases[i].inner), cases[i].contains) << "case " << i;
 }

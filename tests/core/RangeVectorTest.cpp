@@ -1,30 +1,12 @@
 #include "core/RangeVector.h"
 
 #include "core/RangeShapes.h"
+#include "tests/core/RangeMakers.h"
 
 #include <algorithm>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-namespace {
-
-constexpr auto Model = RangeIndexType::Model;
-
-Range cell(int row, int col) {
-    return {row, col, Model};
-}
-Range row(int index) {
-    return {index, RangeType::Row, Model};
-}
-Range column(int index) {
-    return {index, RangeType::Column, Model};
-}
-Range table() {
-    return {RangeType::Table, Model};
-}
-
-} // namespace
 
 TEST(RangeVector, CountsWhatIsFilled) {
     Range line = row(1);
@@ -86,12 +68,8 @@ TEST(RangeVector, LowestNegativeStart) {
 }
 
 TEST(RangeVector, ColumnsInARow) {
-    Range line = row(2);
-    line.col = 6;
-    line.colEnd = 8;
-    Range all = row(-1);
-    all.col = 4;
-    RangeVector ranges = {cell(3, 0), line, cell(2, 1), cell(1, 9), all};
+    Range const all = block(RangeType::Row, -1, 4);
+    RangeVector ranges = {cell(3, 0), block(RangeType::Row, 2, 6, INT_MAX, 8), cell(2, 1), cell(1, 9), all};
     ranges.tableCols = 5;
     std::vector<int> cols;
     ranges.colsInRow(cols, 2, false);
@@ -106,8 +84,7 @@ TEST(RangeVector, ColumnsInARow) {
 
 TEST(RangeVector, Transposes) {
     EXPECT_EQ(RangeVector::transposeRange(cell(1, 2)), cell(2, 1));
-    Range line = row(3);
-    line.col = 4;
+    Range line = block(RangeType::Row, 3, 4);
     line.hasMainCell = true;
     line.mainIndex = 6;
     line.lineValues = {1};
@@ -117,8 +94,7 @@ TEST(RangeVector, Transposes) {
     EXPECT_TRUE(vertical.hasMainCell && vertical.lineValues.empty());
     EXPECT_EQ(RangeVector::transposeRange(vertical), row(3));
 
-    Range area = table();
-    area.row = 1;
+    Range area = table(1, 0);
     area.mainRow = 5;
     Range const turned = RangeVector::transposeRange(area);
     EXPECT_EQ(std::pair(turned.row, turned.col), std::pair(0, 1));
