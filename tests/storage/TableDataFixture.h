@@ -1,0 +1,51 @@
+#pragma once
+
+#include "storage/TableData.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+/// A TableData with files of its own.
+class TableDataFixture : public testing::Test {
+protected:
+    QString path(char const* name) const { return directory.filePath(QString::fromLatin1(name)); }
+
+    QString write(char const* name, QByteArray const& content) const {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return file.fileName();
+    }
+
+    static QByteArray read(QString const& path) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    void load(QByteArray const& content, EncodingType encoding = EncodingType::Utf8) {
+        open(write("table.csv", content), false, encoding);
+    }
+
+    void open(QString const& path, bool useThread, EncodingType encoding = EncodingType::Utf8) {
+        data.loadCSV(path, useThread, TableData::DataContainerType::Editable, QStringLiteral(","), QStringLiteral(","),
+                     encoding, ParsingStandard::Rfc4180);
+    }
+
+    /// What the model shows, cells by blanks and rows by bars, "-" for an empty cell.
+    std::string shown() const {
+        std::string result;
+        for (int row = 0; row < data.numModelRows(); ++row) {
+            result += row ? "|" : "";
+            for (int col = 0; col < data.numModelCols(); ++col) {
+                std::string const text = data.getValueModel(row, col).toString().toStdString();
+                result += (col ? " " : "") + (text.empty() ? "-" : text);
+            }
+        }
+        return result;
+    }
+
+    QTemporaryDir directory;
+    TableData data;
+};
