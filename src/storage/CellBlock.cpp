@@ -72,12 +72,10 @@ void CellBlock::trim(std::size_t dataBytes) {
     mappedBytes = bytes;
 }
 
-void CellBlock::setEnds(std::uint64_t const* source, std::size_t count, std::uint64_t longestRow, unsigned spare) {
+void CellBlock::setEnds(std::uint64_t const* source, std::size_t count, std::uint64_t longestRow) {
     ends = compactEnds(source, count, longestRow);
-    gap = spare;
 }
 
-void CellBlock::setEnds(std::uint32_t const* source, std::size_t count, std::uint64_t longestRow, unsigned spare) {
+void CellBlock::setEnds(std::uint32_t const* source, std::size_t count, std::uint64_t longestRow) {
     ends = compactEnds(source, count, longestRow);
-    gap = spare;
 }

@@ -28,10 +28,9 @@ public:
     std::size_t capacity() const { return mappedBytes - sizeof(CellBlock); }
     /// Gives memory behind the first `dataBytes` back to the system.
     void trim(std::size_t dataBytes);
-    /// Takes over the ends of all cells, which are `count` in number and relative to their rows. `longestRow` bounds
-    /// their values, `gap` is the number of spare bytes between two cells of a row.
-    void setEnds(std::uint64_t const* ends, std::size_t count, std::uint64_t longestRow, unsigned gap);
-    void setEnds(std::uint32_t const* ends, std::size_t count, std::uint64_t longestRow, unsigned gap);
+    /// Copies the ends of all cells, which are `count` in number and relative to their rows. `longestRow` bounds them.
+    void setEnds(std::uint64_t const* source, std::size_t count, std::uint64_t longestRow);
+    void setEnds(std::uint32_t const* source, std::size_t count, std::uint64_t longestRow);
 
     CellEnds ends;
     std::size_t gap = 1;       ///< spare bytes between two cells

@@ -52,14 +52,13 @@ public:
 
     /// A hint that about `count` rows will be stored in all.
     void reserve(std::size_t count) { rows.reserve(count); }
-    /// Takes over a block with no rows yet. It has to be given its ends before the next call of any other kind.
-    void adoptBlock(CellBlock* block);
-    /// Appends a row whose bytes start at `data` in an adopted block, its ends at `firstEnd` of the block's ends.
+    std::size_t reserved() const { return rows.capacity(); }
+    /// Appends a row whose bytes start at `data` in a block, its ends at `firstEnd` of the block's ends.
     void appendLoadedRow(char* data, std::uint32_t firstEnd, std::uint32_t cells) {
         rows.push_back(cells ? Row{data, firstEnd, cells} : Row{});
-        if (cells)
-            ++CellBlock::of(data)->aliveRows;
     }
+    /// Takes over a block of which all rows have been appended and counted; no other call may come between.
+    void adoptBlock(CellBlock* block);
     /// Number of blocks held.
     std::size_t blockCount() const { return blocks.size(); }
 

@@ -15,7 +15,6 @@ using Model = std::vector<std::vector<std::string>>;
 void load(CellRows& rows, Model const& content, unsigned gap, std::size_t rowsPerBlock) {
     for (std::size_t first = 0; first < content.size(); first += rowsPerBlock) {
         CellBlock* const block = CellBlock::create(10000);
-        rows.adoptBlock(block);
         char* out = block->data();
         std::vector<std::uint32_t> ends;
         for (std::size_t row = first; row < std::min(first + rowsPerBlock, content.size()); ++row) {
@@ -28,8 +27,14 @@ void load(CellRows& rows, Model const& content, unsigned gap, std::size_t rowsPe
             }
             rows.appendLoadedRow(start, static_cast<std::uint32_t>(firstEnd),
                                  static_cast<std::uint32_t>(content[row].size()));
+            block->aliveRows += !content[row].empty();
         }
-        block->setEnds(ends.data(), ends.size(), 10000, gap);
+        block->setEnds(ends.data(), ends.size(), 10000);
+        block->gap = gap;
+        if (block->aliveRows)
+            rows.adoptBlock(block);
+        else
+            CellBlock::destroy(block);
     }
 }
 
