@@ -5,6 +5,7 @@
 
 #include <QCryptographicHash>
 #include <QElapsedTimer>
+#include <QLocalServer>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QSharedMemory>
@@ -62,6 +63,7 @@ public:
         process.kill();
         process.waitForFinished(patience);
     }
+    void signal(int number) { ::kill(static_cast<pid_t>(process.processId()), number); }
     QByteArray errors() { return process.readAllStandardError(); }
 
     QProcess process;
@@ -76,6 +78,7 @@ protected:
     void TearDown() override {
         QSharedMemory block(name());
         EXPECT_FALSE(block.attach()) << "a block is left behind";
+        QLocalServer::removeServer(name());
         // A crash leaves the semaphore of the lock; whoever opens it to create it removes it.
         QSystemSemaphore const semaphore(name(), 1, QSystemSemaphore::Create);
     }
@@ -101,11 +104,21 @@ QByteArray framed(QByteArray const& body) {
     return encodeHeader(body.size()) + body;
 }
 
+void connectTo(QLocalSocket& client, QString const& name) {
+    client.connectToServer(name);
+    ASSERT_TRUE(client.waitForConnected(patience));
+}
+
+QByteArray acknowledgements(QLocalSocket& client, int count) {
+    while (client.bytesAvailable() < count && client.waitForReadyRead(patience)) {
+    }
+    return client.readAll();
+}
+
 /// Whether the server drops a client that says this, part by part.
 bool isDropped(QString const& name, QList<QByteArray> const& parts) {
     QLocalSocket client;
-    client.connectToServer(name);
-    EXPECT_TRUE(client.waitForConnected(patience));
+    connectTo(client, name);
     for (QByteArray const& part : parts) {
         client.write(part);
         client.waitForBytesWritten(patience);
@@ -188,14 +201,26 @@ TEST_F(SingleApplicationTest, BusyPrimaryIsWaitedForWithinTheTimeOut) {
     EXPECT_EQ(sender.send("", "patient"), "sent");
     EXPECT_EQ(primary.line(), received(1, "<patient"));
 
-    ::kill(static_cast<pid_t>(primary.process.processId()), SIGSTOP);
+    primary.signal(SIGSTOP);
     QElapsedTimer elapsed;
     elapsed.start();
     EXPECT_EQ(sender.send("", "hasty", 100), "not sent");
     EXPECT_LT(elapsed.elapsed(), 5000);
-    ::kill(static_cast<pid_t>(primary.process.processId()), SIGCONT);
+    primary.signal(SIGCONT);
     EXPECT_EQ(sender.send("", "on a new connection"), "sent");
     EXPECT_EQ(primary.line(), received(1, "<on a new connection"));
+
+    // A client whose time is over after the last frame has gone: the message counts.
+    QLocalSocket client;
+    connectTo(client, name());
+    client.write(framed(init(ConnectionType::MessageConnection)) + encodeHeader(4));
+    EXPECT_EQ(acknowledgements(client, 3), QByteArray(3, acknowledgement));
+    primary.signal(SIGSTOP);
+    client.write("late");
+    client.waitForBytesWritten(patience);
+    client.close();
+    primary.signal(SIGCONT);
+    EXPECT_EQ(primary.line(), received(5, "late"));
 }
 
 TEST_F(SingleApplicationTest, NextStartAfterACrashIsPrimary) {
@@ -280,7 +305,7 @@ TEST_F(SingleApplicationTest, FramesMayComeInPiecesAndBreakOff) {
     QByteArray const talk =
         framed(init(ConnectionType::MessageConnection)) + framed("one") + framed("") + framed("two");
     QLocalSocket slow;
-    slow.connectToServer(name());
+    connectTo(slow, name());
     for (char byte : talk) {
         slow.write(&byte, 1);
         slow.waitForBytesWritten(patience);
@@ -288,26 +313,15 @@ TEST_F(SingleApplicationTest, FramesMayComeInPiecesAndBreakOff) {
     for (char const* message : {"one", "", "two"}) {
         EXPECT_EQ(primary.line(), received(5, message));
     }
-    while (slow.bytesAvailable() < 8 && slow.waitForReadyRead(patience)) {
-    }
-    EXPECT_EQ(slow.readAll(), QByteArray(8, '\x0a'));
+    EXPECT_EQ(acknowledgements(slow, 8), QByteArray(8, '\x0a'));
 
-    // Clients that go before the first message is whole leave no trace; one that goes right after the last is heard.
+    // Clients that go before the first message is whole leave no trace.
     qsizetype const beforeTheEnd = talk.indexOf("one") + 2;
     for (qsizetype length = 0; length <= beforeTheEnd; ++length) {
         QLocalSocket client;
-        client.connectToServer(name());
+        connectTo(client, name());
         client.write(talk.left(length));
         client.waitForBytesWritten(patience);
-    }
-    {
-        QLocalSocket client;
-        client.connectToServer(name());
-        client.write(talk);
-        client.waitForBytesWritten(patience);
-    }
-    for (char const* message : {"one", "", "two"}) {
-        EXPECT_EQ(primary.line(), received(5, message));
     }
     Probe last(appData);
     ASSERT_EQ(last.role(), "secondary");
