@@ -12,6 +12,7 @@
 #include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
 #include "model/undo/RemoveLinesCommand.h"
 #include "model/undo/ReplaceLineBreaksCommand.h"
+#include "model/undo/SetEncodingCommand.h"
 #include "model/undo/SetModelDataCommand.h"
 #include "model/undo/TransposeTableCommand.h"
 #include "tests/model/SelectionText.h"
@@ -199,6 +200,11 @@ Case const cases[] = {
          return new SetEncodingCommand(m, s, EncodingType::Utf16LE, true);
      },
      nullptr},
+    {"SetEncodingCommand", "C1,1", // which has no é
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new SetEncodingCommand(m, s, EncodingType::Iso8859_5, true);
+     },
+     "a0 a1 a2 a3 -|b0 b1 b2 b3 -|c0 c1 - c3 -|d0 ? - - -|- - - - -"},
     {"SetParsingStandardCommand", "C1,1",
      [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
          return new SetParsingStandardCommand(m, s, ParsingStandard::AllQuotes, true);
