@@ -1,3 +1,18 @@
-int main() {
-    return 0;
+#include "app/Application.h"
+#include "app/HandOverMessage.h"
+
+#include <QDir>
+
+int main(int argc, char** argv) {
+    constexpr int primaryTimeoutMs = 1000;
+    constexpr int handOverTimeoutMs = 100;
+    qputenv("QT_AUTO_SCREEN_SCALE_FACTOR", "1");
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    Application application(argc, argv, true, SingleApplication::PerUser, primaryTimeoutMs);
+    if (application.isSecondary()) {
+        application.sendMessage(HandOverMessage::joinArguments(QCoreApplication::arguments()), QDir::currentPath(),
+                                handOverTimeoutMs, SingleApplication::SendAndReturn);
+        return 0;
+    }
+    return QCoreApplication::exec();
 }

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QStringList>
+
+/// What a command line asks of the active window: sizes in pixels, folders and files.
+struct CommandLine {
+    int width = 0; ///< below 1: unchanged
+    int height = 0;
+    int x = -1; ///< below 0: unchanged
+    int y = -1;
+    QStringList folders;
+    QStringList files;
+
+    /// Reads a process's argument list, whose first element is the program's own path. Switches are "-w", "-h", "-x"
+    /// and "-y" with a decimal number behind; a switch at the very end ends the walk, a bad number counts as 0. Every
+    /// other element is a path, looked up in the process's directory and then in `workingDirectory`; what does not
+    /// exist is dropped. A dangling link counts as a file, so that the user is told why it does not open.
+    static CommandLine parse(QStringList const& arguments, QString const& workingDirectory);
+};

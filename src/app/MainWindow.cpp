@@ -1,0 +1,125 @@
+#include "app/MainWindow.h"
+
+#include "app/PaneView.h"
+#include "app/StatusBar.h"
+#include "app/TabBar.h"
+#include "commands/ExtensionTable.h"
+#include "core/DialectUtilities.h"
+#include "core/EncodingUtilities.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMimeData>
+#include <QVBoxLayout>
+
+MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), extensions(ExtensionTable::defaultRows()) {
+    constexpr int narrowest = 200;
+    setMinimumWidth(narrowest);
+    setAcceptDrops(true);
+    buildWidgets();
+    buildActions();
+    commandNewFile();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::buildWidgets() {
+    auto* centre = new QWidget(this);
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    tabBar = new TabBar(centre);
+    paneView = new PaneView(centre);
+    column->addWidget(tabBar);
+    column->addWidget(paneView, 1);
+    setCentralWidget(centre);
+    labelBar = new StatusBar(this);
+    setStatusBar(labelBar);
+    connect(tabBar, &TabBar::tabBarIndexChangedSignal, this, &MainWindow::setActiveTable);
+    connect(tabBar, &TabBar::closeFileSignal, this, &MainWindow::closeFile);
+    connect(paneView, &PaneView::tableLoadedSignal, this, &MainWindow::onTableLoaded);
+}
+
+void MainWindow::buildActions() {
+    struct ActionInfo {
+        char const* text;
+        QKeySequence shortcut;
+        void (MainWindow::*handler)();
+    };
+    ActionInfo const actions[] = {
+        {"New File", QKeySequence::New, &MainWindow::commandNewFile},
+        {"Open File", QKeySequence::Open, &MainWindow::commandOpenFile},
+        {"Save File", QKeySequence::Save, &MainWindow::commandSaveFile},
+        {"Close File", QKeySequence::Close, &MainWindow::commandCloseFile},
+    };
+    for (ActionInfo const& info : actions) {
+        auto* action = new QAction(tr(info.text), this);
+        action->setShortcut(info.shortcut);
+        connect(action, &QAction::triggered, this, info.handler);
+        addAction(action);
+    }
+}
+
+void MainWindow::setActiveTable(TableView* table) {
+    if (table == nullptr) {
+        return;
+    }
+    activeTable = table;
+    paneView->setActiveTable(table);
+    tabBar->selectTabOnly(table);
+    table->setFocus();
+    updateWindowTitle();
+    updateStatusBar();
+}
+
+void MainWindow::updateWindowTitle() {
+    QString const program = QStringLiteral("Gridwright");
+    setWindowTitle(activeTable == nullptr
+                       ? program
+                       : QStringLiteral("%1 - %2").arg(activeTable->tableModel()->getTableName(), program));
+}
+
+void MainWindow::updateStatusBar() {
+    TableModel const& model = *activeTable->tableModel();
+    using Label = StatusBar::Label;
+    labelBar->setText(Label::Mode, activeTable->isReadOnly() ? tr("Read-Only") : tr("Editable"));
+    labelBar->setText(Label::Delimiter, StatusBar::delimiterText(model.getDelimiter(), model.getSaveDelimiter()));
+    labelBar->setText(Label::Encoding, Utilities::convertEncodingTypeToString(model.getEncoding()));
+    labelBar->setText(Label::LineEnding, Utilities::convertLineEndingTypeToShortString(model.getLineEnding(), false));
+    onTableSizeChanged(model.rowCountRaw(), model.columnCountRaw(), model.rowCountModel(), model.columnCountModel());
+}
+
+void MainWindow::onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols) {
+    labelBar->setText(StatusBar::Label::TableSize,
+                      activeTable->isLoading() ? tr("Loading ...")
+                                               : StatusBar::tableSizeText(rows, cols, visibleRows, visibleCols));
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        emit mainWindowFocusChangedSignal();
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    emit mainWindowClosedSignal();
+    event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    QStringList paths;
+    for (QUrl const& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    event->acceptProposedAction();
+    openFiles(paths);
+}

@@ -1,0 +1,163 @@
+// Opening and closing of files.
+
+#include "app/FileOpening.h"
+#include "app/MainWindow.h"
+#include "app/PaneView.h"
+#include "app/TabBar.h"
+#include "commands/ExtensionTable.h"
+#include "core/DelimiterUtilities.h"
+#include "core/EncodingUtilities.h"
+#include "view/MsgBox.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 backgroundLoadSize = 0x1800000; // larger files load on a thread, under a progress display
+
+bool needsDetection(QString const& delimiter) {
+    return delimiter.isEmpty() || delimiter == QLatin1String("(auto)");
+}
+
+/// The row's options with "(auto)" and unknown byte orders settled by a look into the file.
+ExtensionData settledOptions(ExtensionData options, QString const& path) {
+    if (needsDetection(options.delimiter)) {
+        options.delimiter = Utilities::getDelimiterFromAutoDetect(path);
+    }
+    if (!Utilities::delimiterValid(options.delimiter)) {
+        options.delimiter = QStringLiteral(",");
+    }
+    if (needsDetection(options.saveDelimiter)) {
+        options.saveDelimiter = Utilities::getDelimiterFromAutoDetect(path);
+    }
+    if (!Utilities::delimiterValid(options.saveDelimiter)) {
+        options.saveDelimiter = options.delimiter;
+    }
+    options.encoding = Utilities::guessEncodingFromFile(options.encoding, path);
+    return options;
+}
+
+} // namespace
+
+bool MainWindow::openFiles(QStringList const& paths) {
+    TableView* const before = activeTable;
+    TableView* first = nullptr;
+    for (QString const& path : paths) {
+        TableView* const table = takeTable(path);
+        first = first == nullptr ? table : first;
+    }
+    if (first == nullptr) {
+        return false;
+    }
+    setActiveTable(first);
+    if (before != first && isUntouchedEmptyTable(before)) {
+        removeTable(before);
+    }
+    return true;
+}
+
+bool MainWindow::openFile(QString const& path) {
+    return openFiles({path});
+}
+
+void MainWindow::openFolder(QString const& path) {
+    MsgBox::inform(this, theme, tr("This can't be opened as a table:\n%1\n\nIt is a folder.").arg(path));
+}
+
+TableView* MainWindow::takeTable(QString const& path) {
+    if (TableView* const open = paneView->getTableView(path)) {
+        return open;
+    }
+    QString const reason = reasonAgainstOpening(path);
+    if (!reason.isEmpty()) {
+        MsgBox::inform(this, theme, tr("This can't be opened as a table:\n%1\n\n%2").arg(path, reason));
+        return nullptr;
+    }
+    return addTableEditorFromFile(path, !isWritableFile(path));
+}
+
+TableView* MainWindow::makeEmptyTableObject() {
+    auto* table = new TableView(this);
+    table->setExtensionData(settledOptions(ExtensionTable::find(extensions, QStringLiteral("csv")), QString()));
+    connect(table, &TableView::tableSizeChangedSignal, this,
+            [this, table](int rows, int cols, int visibleRows, int visibleCols) {
+                if (table == activeTable) {
+                    onTableSizeChanged(rows, cols, visibleRows, visibleCols);
+                }
+            });
+    return table;
+}
+
+TableView* MainWindow::addEmptyTableEditor() {
+    TableView* const table = makeEmptyTableObject();
+    addTableEditorFromView(table);
+    return table;
+}
+
+TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly) {
+    TableView* const table = makeEmptyTableObject();
+    table->setReadOnly(readOnly);
+    ExtensionData const row = ExtensionTable::find(extensions, ExtensionTable::extensionOfFile(path));
+    table->setExtensionData(settledOptions(row, path));
+    table->loadCSV(path, QFileInfo(path).size() > backgroundLoadSize);
+    addTableEditorFromView(table);
+    return table;
+}
+
+void MainWindow::addTableEditorFromView(TableView* table) {
+    paneView->addTable(table);
+    tabBar->addTable(table);
+}
+
+bool MainWindow::isUntouchedEmptyTable(TableView const* table) const {
+    TableModel const& model = *table->tableModel();
+    return table->getFilepath().isEmpty() && model.rowCountRaw() == 0 && model.columnCountRaw() == 0;
+}
+
+void MainWindow::onTableLoaded(TableView* table) {
+    if (table == activeTable) {
+        setActiveTable(table);
+    }
+}
+
+bool MainWindow::closeFile(TableView* table) {
+    if (table == nullptr) {
+        return false;
+    }
+    if (table != activeTable) {
+        removeTable(table);
+        return true;
+    }
+    int const index = tabBar->getIndexFromTable(table);
+    removeTable(table);
+    if (tabBar->count() == 0) {
+        commandNewFile();
+    } else {
+        setActiveTable(tabBar->tableAt(std::max(index - 1, 0)));
+    }
+    return true;
+}
+
+void MainWindow::removeTable(TableView* table) {
+    tabBar->removeTable(table);
+    paneView->removeTable(table);
+    if (table == activeTable) {
+        activeTable = nullptr;
+    }
+    delete table;
+}
+
+void MainWindow::commandNewFile() {
+    setActiveTable(addEmptyTableEditor());
+}
+
+void MainWindow::commandOpenFile() {
+    openFiles(QFileDialog::getOpenFileNames(this, tr("Open File")));
+}
+
+void MainWindow::commandCloseFile() {
+    closeFile(activeTable);
+}

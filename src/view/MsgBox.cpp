@@ -1,0 +1,34 @@
+#include "view/MsgBox.h"
+
+#include <QPushButton>
+
+MsgBox::MsgBox(QWidget* parent) : QMessageBox(parent) {
+    setWindowTitle(QStringLiteral("Gridwright"));
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+void MsgBox::setTheme(Theme const& theme) {
+    setStyleSheet(theme.getStyleSheet());
+}
+
+void MsgBox::conditionButtons() {
+    constexpr int minimumHeight = 28;
+    for (QAbstractButton* button : buttons()) {
+        button->setIcon(QIcon());
+        button->setMinimumHeight(minimumHeight);
+    }
+    if (defaultButton() == nullptr && !buttons().isEmpty()) {
+        setDefaultButton(qobject_cast<QPushButton*>(buttons().constFirst()));
+    }
+}
+
+void MsgBox::inform(QWidget* parent, Theme const& theme, QString const& text) {
+    MsgBox box(parent);
+    box.setTheme(theme);
+    // A file's name may look like markup; it is shown as it stands.
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.addButton(QMessageBox::Ok);
+    box.conditionButtons();
+    box.exec();
+}
