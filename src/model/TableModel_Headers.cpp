@@ -51,7 +51,7 @@ QList<QString> TableModel::getColumnLabels(Indexes const& cols) const {
 }
 
 void TableModel::getAllColumnLabels(QList<QString>& out) const {
-    Indexes cols(std::size_t(columnCountModel()));
+    Indexes cols = Indexes(std::size_t(columnCountModel()));
     std::iota(cols.begin(), cols.end(), 0);
     getColumnLabels(out, cols);
 }

@@ -3,10 +3,14 @@
 #include "storage/AbstractDataContainer.h"
 #include "storage/CellRows.h"
 
+#include <functional>
 #include <span>
 
-struct LineDialect;
 class LineWriter;
+struct LineDialect;
+struct ScannerDialect;
+struct ScannerJob;
+struct ScannerResult;
 
 /// The normal home of a table: the whole file in memory, as ragged rows of byte cells. rows.size() can be below
 /// numRows() and a row can be shorter than numCols(): what is not stored reads as empty. So a file with short rows, or
@@ -69,6 +73,12 @@ protected:
     virtual bool loadCSVNoDelimiterMultiByte();
 
 private:
+    using Scan = ScannerResult (*)(CellRows& rows, ScannerJob const& job, ScannerDialect const& dialect);
+
+    ScannerDialect scannerDialect() const;
+    bool loadWith(Scan scan, ScannerDialect const& dialect);
+    void announce(std::function<void()> const& emitSignal, int sleepMs);
+
     int storedRows() const { return static_cast<int>(rows.size()); }
     int cellsInRow(int row) const;
     void growStoredRows(int count);

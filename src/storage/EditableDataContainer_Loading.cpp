@@ -1,0 +1,122 @@
+#include "storage/EditableDataContainer.h"
+#include "storage/Scanner.h"
+#include "storage/ScannerFile.h"
+
+#include <QThread>
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::uint64_t largeFileBytes = 0x1800000;
+constexpr std::uint64_t mostBlockBytes = 0x10000000;
+constexpr int progressWaitMs = 1;
+constexpr int dialogDelayMs = 500;
+
+/// A file is read as so many whole blocks as its size asked for, so one that grows meanwhile gives up to this much.
+std::uint64_t bytesOfBlocks(std::uint64_t fileBytes) {
+    std::uint64_t const block = std::min(fileBytes, mostBlockBytes);
+    return (fileBytes + block - 1) / block * block;
+}
+
+std::string bytesOf(std::vector<char> const& bytes) {
+    return {bytes.begin(), bytes.end()};
+}
+
+} // namespace
+
+bool EditableDataContainer::loadCSV() {
+    if (bytesPerChar > 1)
+        return delimiterBytes.empty() ? loadCSVNoDelimiterMultiByte() : loadCSVMultiByte();
+    if (delimiterBytes.empty())
+        return loadCSVNoDelimiter();
+    if (delimiterBytes.size() > 1)
+        return loadCSVByteSequence();
+    return loadWith(scanUnits, scannerDialect());
+}
+
+bool EditableDataContainer::loadCSVByteSequence() {
+    return loadWith(scanSequence, scannerDialect());
+}
+
+bool EditableDataContainer::loadCSVNoDelimiter() {
+    ScannerDialect dialect = scannerDialect();
+    dialect.quotes = false;
+    return loadWith(scanUnits, dialect);
+}
+
+bool EditableDataContainer::loadCSVMultiByte() {
+    ScannerDialect dialect = scannerDialect();
+    dialect.rs = dialect.lf; // a record separator is an ordinary character in wide encodings
+    return loadWith(scanUnits, dialect);
+}
+
+bool EditableDataContainer::loadCSVNoDelimiterMultiByte() {
+    ScannerDialect dialect = scannerDialect();
+    dialect.quotes = false;
+    dialect.lf = dialect.rs; // here a line feed is one, and CR with a record separator counts as one row end
+    return loadWith(scanUnits, dialect);
+}
+
+ScannerDialect EditableDataContainer::scannerDialect() const {
+    Bytes reading, saving, cr{'\r'}, lf{'\n'}, rs{'\x1e'}, quote{'"'}, doubledQuote;
+    setKeyCharVecs(reading, saving, cr, lf, rs, quote, doubledQuote);
+    ScannerDialect dialect;
+    dialect.unitBytes = bytesPerChar;
+    dialect.delimiter = bytesOf(reading);
+    dialect.quotes = parsingStandard != ParsingStandard::DelimiterOnly;
+    dialect.cr = bytesOf(cr);
+    dialect.lf = bytesOf(lf);
+    dialect.rs = bytesOf(rs);
+    dialect.quote = bytesOf(quote);
+    return dialect;
+}
+
+bool EditableDataContainer::loadWith(Scan scan, ScannerDialect const& dialect) {
+    ScannerFile file(filepath);
+    if (!file.isOpen())
+        return false;
+    fileSize = static_cast<qint64>(file.size());
+    if (fileSize == 0) {
+        file.close();
+        emit loadFinishedSignal();
+        return true;
+    }
+    ScannerJob job;
+    job.bytes = bytesOfBlocks(file.size());
+    job.read = [&](char* to, std::size_t bytes) { return file.read(to, bytes); };
+    job.markLength = [this](std::string_view start) {
+        return static_cast<std::size_t>(computeTableBomOffset(start, true));
+    };
+    job.quit = &quit;
+    if (file.size() >= largeFileBytes) {
+        announce([this] { emit startProgressUpdateSignal(); }, dialogDelayMs);
+        int const steps = static_cast<int>(file.size() / ScannerJob::progressStep + 1);
+        int const sizeMiB = static_cast<int>(file.size() / 0x100000);
+        job.progress = [this, steps, sizeMiB](std::uint64_t done) {
+            announce([&] { emit loadProgressUpdateSignal(static_cast<int>(done), steps, sizeMiB); }, 0);
+        };
+    }
+    rows.clear();
+    numRowsStored = 0;
+    ScannerResult const result = scan(rows, job, dialect);
+    numRowsStored = storedRows();
+    numColsStored = std::max(numColsStored, static_cast<int>(result.columns));
+    file.close();
+    if (result.finished)
+        emit loadFinishedSignal();
+    return result.finished;
+}
+
+/// Emits a progress signal under the owner's mutex and lets the GUI answer, which a GUI that is busy need not do.
+void EditableDataContainer::announce(std::function<void()> const& emitSignal, int sleepMs) {
+    if (progressMutex)
+        progressMutex->lock();
+    emitSignal();
+    if (progressMutex && progressCondition) {
+        progressCondition->wait(progressMutex, progressWaitMs);
+        QThread::msleep(static_cast<unsigned long>(sleepMs));
+    }
+    if (progressMutex)
+        progressMutex->unlock();
+}
