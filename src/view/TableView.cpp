@@ -48,7 +48,13 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     setTheme(tableModel()->getTheme());
 }
 
-TableView::~TableView() = default;
+TableView::~TableView() {
+    // The parts outlive this class by a moment and still signal, when they are hidden for one.
+    stack.disconnect(this);
+    QList<QObject*> const parts = findChildren<QObject*>();
+    for (QObject* const part : parts)
+        part->disconnect(this);
+}
 
 // Construction.
 
@@ -194,8 +200,6 @@ void TableView::setupContextMenus(CommandActions const& actions) {
 void TableView::setTheme(Theme const& theme) {
     tableModel()->setTheme(theme);
     bottomRightCorner->setColor(theme.getBackground1Color());
-    QString const grid = QStringLiteral("QTableView { gridline-color: %1; border-style: none; }");
-    setStyleSheet(grid.arg(theme.getBackground3Color().name()));
 }
 
 void TableView::refreshView() {

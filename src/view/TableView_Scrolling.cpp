@@ -32,7 +32,11 @@ void TableView::setSlider(Axis axis, int position) {
 }
 
 void TableView::scrollAfterMove(Axis axis, int oldSection, int newSection) {
-    setSlider(axis, ScrollGeometry::sliderAfterMove(scrollAxis(axis), oldSection, newSection));
+    // Rows may have been added since Qt last laid the table out.
+    HeaderAxis const geometry = scrollAxis(axis);
+    QScrollBar* const bar = scrollBarOf(axis);
+    bar->setMaximum(std::max(bar->maximum(), ScrollGeometry::maximumFor(geometry)));
+    setSlider(axis, ScrollGeometry::sliderAfterMove(geometry, oldSection, newSection));
 }
 
 void TableView::scrollToSection(Axis axis, int section, bool ifNeeded, bool minimal) {
