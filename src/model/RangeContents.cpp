@@ -56,14 +56,14 @@ void RangeContents::write(RangeVector& ranges, Writing const& writing) {
 void RangeContents::writeCell(Range const& range, Writing const& writing) {
     if (range == writing.skipCell)
         return;
-    growTo(range.row, range.col);
+    growTo(range.indexType, range.row, range.col);
     put(range.indexType, range.row, range.col, writing.useOldValues ? range.oldValue : range.value,
         writing.emitChanges);
 }
 
 void RangeContents::writeLine(Range const& range, Writing const& writing) {
     bool const isRow = range.type == RangeType::Row;
-    growTo(isRow ? range.row : -1, isRow ? -1 : range.col);
+    growTo(range.indexType, isRow ? range.row : -1, isRow ? -1 : range.col);
     auto const& values = writing.useOldValues ? range.lineOldValues : range.lineValues;
     std::vector<int> excluded = isRow ? range.excludedCols : range.excludedRows;
     std::sort(excluded.begin(), excluded.end());
@@ -155,11 +155,16 @@ void RangeContents::read(TableModel const& model, Range& range, bool fillValue, 
     }
 }
 
-void RangeContents::growTo(int row, int col) {
-    if (int const missing = row + 1 - model.rowCount(); missing > 0)
-        model.insertRows(model.rowCount(), missing);
-    if (int const missing = col + 1 - model.columnCount(); missing > 0)
-        model.insertColumns(model.columnCount(), missing);
+void RangeContents::growTo(RangeIndexType type, int row, int col) {
+    // The grid holds the concealed lines too for one who counts stored lines.
+    bool const isRaw = type == RangeIndexType::Raw;
+    TableData const& data = model.getTableData();
+    int const missingRows = row + 1 - model.rowCount() - (isRaw ? data.numConcealedRows() : 0);
+    int const missingCols = col + 1 - model.columnCount() - (isRaw ? data.numConcealedCols() : 0);
+    if (missingRows > 0)
+        model.insertRows(model.rowCount(), missingRows);
+    if (missingCols > 0)
+        model.insertColumns(model.columnCount(), missingCols);
 }
 
 void RangeContents::put(RangeIndexType type, int row, int col, QVariant const& value, bool emitChanges) {

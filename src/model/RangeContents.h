@@ -32,7 +32,7 @@ private:
     void writeCell(Range const& range, Writing const& writing);
     void writeLine(Range const& range, Writing const& writing);
     void writeTable(Range const& range, Writing const& writing);
-    void growTo(int row, int col);
+    void growTo(RangeIndexType type, int row, int col);
     void put(RangeIndexType type, int row, int col, QVariant const& value, bool emitChanges);
 
     TableModel& model;

@@ -81,8 +81,12 @@ QVariant TableModel::cellValue(QModelIndex const& index) const {
         if (range && range->value.isValid())
             return range->value;
     }
-    // During a load the cells belong to another thread.
-    return tableData.isLoading() ? QVariant() : tableData.getValueModel(index.row(), index.column());
+    return storedValue(index.row(), index.column());
+}
+
+// During a load the cells belong to another thread.
+QVariant TableModel::storedValue(int row, int col) const {
+    return tableData.isLoading() ? QVariant() : tableData.getValueModel(row, col);
 }
 
 QVariant TableModel::displayText(QModelIndex const& index) const {

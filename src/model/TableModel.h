@@ -487,6 +487,7 @@ private:
     QString labelAt(int col) const;
     bool hasLabelRow() const;
 
+    QVariant storedValue(int row, int col) const;
     QVariant cellValue(QModelIndex const& index) const;
     QVariant displayText(QModelIndex const& index) const;
     QVariant backgroundOf(QModelIndex const& index) const;

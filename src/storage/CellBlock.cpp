@@ -2,80 +2,67 @@
 
 #include <cstdlib>
 #include <new>
-#include <sys/mman.h>
-#include <unistd.h>
 
 namespace {
 
-std::size_t roundedToPages(std::size_t bytes) {
-    static std::size_t const page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    return (bytes + page - 1) / page * page;
-}
+/// To give back less would break up a huge page for little.
+constexpr std::size_t worthUnmapping = 128 << 10;
 
-void unmap(char* from, char* to) {
-    if (from < to)
-        munmap(from, static_cast<std::size_t>(to - from));
-}
-
-template <typename End, typename Source>
-void* narrowed(Source const* ends, std::size_t count) {
-    auto* memory = static_cast<End*>(std::malloc(count * sizeof(End)));
-    if (!memory && count)
-        throw std::bad_alloc();
+template <typename To, typename From>
+void copyEnds(void* to, From const* from, std::size_t count) {
+    auto* const ends = static_cast<To*>(to);
     for (std::size_t i = 0; i < count; ++i)
-        memory[i] = static_cast<End>(ends[i]);
-    return memory;
-}
-
-template <typename Source>
-CellEnds compactEnds(Source const* ends, std::size_t count, std::uint64_t longestRow) {
-    int const width = CellEnds::widthFor(longestRow);
-    if (width == 2)
-        return {narrowed<std::uint16_t>(ends, count), width};
-    if (width == 4)
-        return {narrowed<std::uint32_t>(ends, count), width};
-    return {narrowed<std::uint64_t>(ends, count), width};
+        ends[i] = static_cast<To>(from[i]);
 }
 
 } // namespace
 
 CellBlock* CellBlock::create(std::size_t dataBytes) {
-    std::size_t const bytes = roundedToPages(dataBytes + sizeof(CellBlock));
-    // The kernel aligns to pages only: take enough to find an aligned stretch in it and give the rest back.
-    std::size_t const reserved = bytes + nominalBytes;
-    void* const memory = mmap(nullptr, reserved, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED)
-        throw std::bad_alloc();
-    char* const first = static_cast<char*>(memory);
-    char* const aligned = reinterpret_cast<char*>(of(first + nominalBytes - 1));
-    unmap(first, aligned);
-    unmap(aligned + bytes, first + reserved);
-    // Huge pages spare most of the page faults of a load; where there are none the block works all the same.
-    madvise(aligned, bytes, MADV_HUGEPAGE);
-    return new (aligned) CellBlock(bytes);
+    std::size_t const bytes = CellMemory::roundedToPages(dataBytes + sizeof(CellBlock));
+    return new (CellMemory::map(bytes)) CellBlock(bytes);
 }
 
 void CellBlock::destroy(CellBlock* block) {
     std::size_t const bytes = block->mappedBytes;
     block->~CellBlock();
-    munmap(block, bytes);
+    CellMemory::unmap(block, bytes);
 }
 
 CellBlock::~CellBlock() {
-    std::free(ends.memory());
+    if (!endsLieWithin())
+        std::free(ends.memory());
 }
 
-void CellBlock::trim(std::size_t dataBytes) {
-    std::size_t const bytes = roundedToPages(dataBytes + sizeof(CellBlock));
-    char* const start = reinterpret_cast<char*>(this);
-    unmap(start + bytes, start + mappedBytes);
-    mappedBytes = bytes;
+void CellBlock::close(std::size_t dataBytes, std::uint64_t const* cellEnds, std::size_t count,
+                      std::uint64_t longestRow) {
+    closeWith(dataBytes, cellEnds, count, longestRow);
 }
 
-void CellBlock::setEnds(std::uint64_t const* source, std::size_t count, std::uint64_t longestRow) {
-    ends = compactEnds(source, count, longestRow);
+void CellBlock::close(std::size_t dataBytes, std::uint32_t const* cellEnds, std::size_t count,
+                      std::uint64_t longestRow) {
+    closeWith(dataBytes, cellEnds, count, longestRow);
 }
 
-void CellBlock::setEnds(std::uint32_t const* source, std::size_t count, std::uint64_t longestRow) {
-    ends = compactEnds(source, count, longestRow);
+template <typename End>
+void CellBlock::closeWith(std::size_t dataBytes, End const* cellEnds, std::size_t count, std::uint64_t longestRow) {
+    constexpr std::size_t aligned = sizeof(std::uint64_t);
+    int const width = CellEnds::widthFor(longestRow);
+    std::size_t const endBytes = count * static_cast<std::size_t>(width);
+    std::size_t const endsAt = (sizeof(CellBlock) + dataBytes + aligned - 1) / aligned * aligned;
+    bool const fits = endsAt + endBytes <= mappedBytes;
+    void* const memory = fits ? begin() + endsAt : std::malloc(endBytes);
+    if (!memory)
+        throw std::bad_alloc();
+    if (width == 2)
+        copyEnds<std::uint16_t>(memory, cellEnds, count);
+    else if (width == 4)
+        copyEnds<std::uint32_t>(memory, cellEnds, count);
+    else
+        copyEnds<std::uint64_t>(memory, cellEnds, count);
+    ends = CellEnds(memory, width);
+    std::size_t const used = CellMemory::roundedToPages(fits ? endsAt + endBytes : endsAt);
+    if (used + worthUnmapping <= mappedBytes) {
+        CellMemory::unmap(begin() + used, mappedBytes - used);
+        mappedBytes = used;
+    }
 }

@@ -1,17 +1,17 @@
 #pragma once
 
 #include "storage/CellEnds.h"
+#include "storage/CellMemory.h"
 
 #include <cstddef>
 #include <cstdint>
 
-/// A stretch of memory straight from the system that holds the bytes of many loaded rows, with the ends of their cells
-/// beside it. Blocks are aligned to their nominal size, so the block of a row is found from the row's address alone;
-/// that is why every row of a block starts within the nominal size, also in a block that was made bigger for one long
-/// row.
+/// A stretch of memory that holds the bytes of many loaded rows and, behind them, the ends of their cells. Blocks are
+/// aligned to their nominal size, so the block of a row is found from the row's address alone; that is why every row of
+/// a block starts within the nominal size, also in a block that was made bigger for one long row.
 class CellBlock {
 public:
-    static constexpr std::size_t nominalBytes = std::size_t(2) << 20;
+    static constexpr std::size_t nominalBytes = CellMemory::alignment;
 
     /// Makes a block with room for `dataBytes`; it costs no more memory than is written.
     static CellBlock* create(std::size_t dataBytes);
@@ -25,12 +25,10 @@ public:
     char* data() { return reinterpret_cast<char*>(this) + sizeof(CellBlock); }
     /// The most bytes that a block of nominal size holds.
     static constexpr std::size_t nominalCapacity() { return nominalBytes - sizeof(CellBlock); }
-    std::size_t capacity() const { return mappedBytes - sizeof(CellBlock); }
-    /// Gives memory behind the first `dataBytes` back to the system.
-    void trim(std::size_t dataBytes);
-    /// Copies the ends of all cells, which are `count` in number and relative to their rows. `longestRow` bounds them.
-    void setEnds(std::uint64_t const* source, std::size_t count, std::uint64_t longestRow);
-    void setEnds(std::uint32_t const* source, std::size_t count, std::uint64_t longestRow);
+    /// Closes the block behind its first `dataBytes`: copies the ends of all cells, `count` in number and relative to
+    /// their rows, to where there is room, and gives the rest of the memory back. `longestRow` bounds the ends.
+    void close(std::size_t dataBytes, std::uint64_t const* cellEnds, std::size_t count, std::uint64_t longestRow);
+    void close(std::size_t dataBytes, std::uint32_t const* cellEnds, std::size_t count, std::uint64_t longestRow);
 
     CellEnds ends;
     std::size_t gap = 1;       ///< spare bytes between two cells
@@ -40,6 +38,11 @@ public:
 private:
     explicit CellBlock(std::size_t bytes) : mappedBytes(bytes) {}
     ~CellBlock();
+
+    char* begin() { return reinterpret_cast<char*>(this); }
+    bool endsLieWithin() { return ends.memory() >= begin() && ends.memory() < begin() + mappedBytes; }
+    template <typename End>
+    void closeWith(std::size_t dataBytes, End const* cellEnds, std::size_t count, std::uint64_t longestRow);
 
     std::size_t mappedBytes;
 };

@@ -63,3 +63,12 @@ std::vector<char> CellCodec::encode(QString const& text) const {
     QByteArray const bytes = codec->fromUnicode(closed.constData(), static_cast<int>(closed.size()), &state);
     return toCell(QByteArrayView(bytes).chopped(1));
 }
+
+bool CellCodec::keepsAscii() const {
+    QByteArray probe;
+    for (int byte = 1; byte < 128; ++byte)
+        probe += static_cast<char>(byte);
+    probe += "\x1B$B0!"; // a shift to other characters in sets that have one
+    QString const text = QString::fromLatin1(probe);
+    return decode({probe.data(), static_cast<std::size_t>(probe.size())}) == text && encode(text) == toCell(probe);
+}

@@ -20,6 +20,8 @@ public:
     /// A null text for no bytes.
     QString decode(std::string_view bytes) const;
     std::vector<char> encode(QString const& text) const;
+    /// Whether a cell of nothing but bytes below 128 is the same text as in ASCII, and is written so.
+    bool keepsAscii() const;
 
 private:
     EncodingType encoding;

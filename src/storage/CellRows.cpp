@@ -74,7 +74,7 @@ void CellRows::copyRow(std::size_t from, std::size_t to) {
 }
 
 void CellRows::permute(std::span<int const> order) {
-    std::vector<Row> ordered(rows.size());
+    Rows ordered(rows.size());
     for (std::size_t i = 0; i < ordered.size(); ++i)
         ordered[i] = rows[static_cast<std::size_t>(order[i])];
     rows.swap(ordered);
@@ -89,7 +89,7 @@ void CellRows::clear() {
     for (CellBlock* block : blocks)
         CellBlock::destroy(block);
     blocks.clear();
-    std::vector<Row>().swap(rows);
+    Rows().swap(rows);
 }
 
 void CellRows::adoptBlock(CellBlock* block) {

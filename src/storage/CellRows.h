@@ -79,7 +79,9 @@ private:
     void replaceByEdited(Row& row, EditedRow* content, std::size_t cells);
     bool pointsInto(Row const& row, std::string_view bytes) const;
 
-    std::vector<Row> rows;
+    using Rows = std::vector<Row, CellMemory::Allocator<Row>>;
+
+    Rows rows;
     std::vector<CellBlock*> blocks;
     std::size_t editedRows = 0;
 };

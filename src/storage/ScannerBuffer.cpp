@@ -12,7 +12,8 @@ namespace {
 constexpr std::size_t overreadBytes = ScannerWindow<std::uint32_t>::units * sizeof(std::uint32_t);
 constexpr std::size_t longestMark = 4;
 constexpr std::size_t leastBlockBytes = 8;
-constexpr std::size_t spareEnds = 16; ///< an end at the end of the file, and what a scanner writes in advance
+constexpr std::size_t sparedBytes = 4096; ///< room in a block for more ends than foretold
+constexpr std::size_t spareEnds = 16;     ///< an end at the end of the file, and what a scanner writes in advance
 constexpr std::size_t fullBlockBytes = CellBlock::nominalCapacity() - overreadBytes;
 
 void refuseTooMany(std::size_t count) {
@@ -57,6 +58,21 @@ bool ScannerBuffer::refill() {
     return !ended;
 }
 
+/// How many bytes may still be read into the block, so that the ends of its cells, as dense as they have been so far,
+/// find room behind them.
+std::size_t ScannerBuffer::room() const {
+    std::size_t const left = static_cast<std::size_t>(limit - filled);
+    std::size_t const scanned = static_cast<std::size_t>(in - block->data());
+    if (rowFirstEnd == 0 || left > fullBlockBytes)
+        return left;
+    std::size_t const endBytes = static_cast<std::size_t>(CellEnds::widthFor(longestRow)) * endCount;
+    std::size_t const spare = std::min(sparedBytes, job.limits.blockBytes / 512);
+    if (left <= endBytes + spare)
+        return 0;
+    double const bytesPerByte = 1.0 + static_cast<double>(endBytes) / static_cast<double>(scanned);
+    return static_cast<std::size_t>(static_cast<double>(left - endBytes - spare) / bytesPerByte);
+}
+
 void ScannerBuffer::read(std::size_t bytes) {
     std::uint64_t const untilQuitTest = ScannerJob::quitStep - readBytes % ScannerJob::quitStep;
     std::uint64_t const most = std::min(job.bytes - readBytes, untilQuitTest);
@@ -75,6 +91,7 @@ void ScannerBuffer::makeRoom() {
     std::ptrdiff_t const marked = mark ? mark - rowBegin - shift : 0;
     std::size_t const unscanned = static_cast<std::size_t>(filled - in);
     CellBlock* const old = block;
+    std::size_t const finished = static_cast<std::size_t>(rowBegin - old->data());
     openBlock(scanned + unscanned);
     std::memcpy(block->data(), rowBegin, scanned);
     std::memcpy(block->data() + scanned, in, unscanned);
@@ -84,7 +101,7 @@ void ScannerBuffer::makeRoom() {
     filled = in + unscanned;
     shift = 0;
     leaving = false;
-    storeBlock(old);
+    storeBlock(old, finished);
 }
 
 /// A row that takes up much of a block gets one of twice its size, so that a row of any length is copied a bounded
@@ -99,16 +116,16 @@ void ScannerBuffer::openBlock(std::size_t kept) {
 }
 
 /// Hands a block over to the rows that lie in it and keeps the ends of the unfinished row.
-void ScannerBuffer::storeBlock(CellBlock* stored) {
+void ScannerBuffer::storeBlock(CellBlock* stored, std::size_t dataBytes) {
     if (aliveRows == 0) {
         CellBlock::destroy(stored);
     } else {
         stored->aliveRows = aliveRows;
         stored->gap = gap;
         if (wide)
-            stored->setEnds(reinterpret_cast<std::uint64_t const*>(ends.get()), rowFirstEnd, longestRow);
+            stored->close(dataBytes, reinterpret_cast<std::uint64_t const*>(ends.get()), rowFirstEnd, longestRow);
         else
-            stored->setEnds(reinterpret_cast<std::uint32_t const*>(ends.get()), rowFirstEnd, longestRow);
+            stored->close(dataBytes, reinterpret_cast<std::uint32_t const*>(ends.get()), rowFirstEnd, longestRow);
         rows.adoptBlock(stored);
     }
     std::size_t const endBytes = wide ? sizeof(std::uint64_t) : sizeof(std::uint32_t);
@@ -132,10 +149,9 @@ void ScannerBuffer::reserveRows() {
 }
 
 void ScannerBuffer::finish() {
-    block->trim(static_cast<std::size_t>(filled - block->data()));
     CellBlock* const last = block;
     block = nullptr;
-    storeBlock(last);
+    storeBlock(last, static_cast<std::size_t>(rowBegin - last->data()));
 }
 
 bool ScannerBuffer::mayStartRow(char const* at) {

@@ -93,11 +93,11 @@ private:
         if (shift && upTo > settled)
             std::memmove(settled - shift, settled, static_cast<std::size_t>(upTo - settled));
     }
-    std::size_t room() const { return static_cast<std::size_t>(limit - filled); }
+    std::size_t room() const;
     void read(std::size_t bytes);
     void makeRoom();
     void openBlock(std::size_t kept);
-    void storeBlock(CellBlock* stored);
+    void storeBlock(CellBlock* stored, std::size_t dataBytes);
     void reserveRows();
     /// Where the block's first nominal size ends, and with it the places at which a row may start.
     char const* rowsEnd() const { return reinterpret_cast<char const*>(block) + CellBlock::nominalBytes; }

@@ -233,7 +233,7 @@ private:
     Indexes skipMask(Axis axis, bool skipConcealed) const;
     bool growToHold(int row, int col, bool filled);
     QString textAt(int row, int col) const;
-    void convertRow(int row, CellCodec const& from, CellCodec const& to);
+    void convertTable(CellCodec const& from);
     void rebuildWordDelimiterLookup();
     void signalSize();
 

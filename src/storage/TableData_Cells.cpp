@@ -86,21 +86,31 @@ Range TableData::getNextBlockLocation(Range const& range, Direction direction) c
 void TableData::setEncoding(EncodingType encoding, bool convertCells) {
     CellCodec const old = std::exchange(codec, CellCodec(encoding));
     this->encoding = encoding;
-    if (convertCells) {
-        for (int row = 0; row < along(Axis::Rows).count; ++row)
-            convertRow(row, old, codec);
-    }
+    if (convertCells)
+        convertTable(old);
     dataContainer->setEncoding(encoding);
 }
 
-void TableData::convertRow(int row, CellCodec const& from, CellCodec const& to) {
+void TableData::convertTable(CellCodec const& from) {
+    // Most cells of most tables are ASCII. Left alone where that is the same bytes, they stay in the compact form in
+    // which a load stores them.
+    bool const asciiStays = from.keepsAscii() && codec.keepsAscii();
+    auto const staysAsItIs = [&](Cells::value_type const& cell) {
+        return cell.empty() ||
+               (asciiStays && std::all_of(cell.begin(), cell.end(), [](char byte) { return (byte & 0x80) == 0; }));
+    };
     Cells cells;
-    dataContainer->getRow(cells, row, false, GetRowColMaskType::NoMask, {});
-    for (auto& cell : cells) {
-        if (!cell.empty())
-            cell = to.encode(from.decode({cell.data(), cell.size()}));
+    for (int row = 0; row < along(Axis::Rows).count; ++row) {
+        cells.clear();
+        dataContainer->getRow(cells, row, false, GetRowColMaskType::NoMask, {});
+        bool changed = false;
+        for (auto& cell : cells) {
+            if (staysAsItIs(cell))
+                continue;
+            cell = codec.encode(from.decode({cell.data(), cell.size()}));
+            changed = true;
+        }
+        if (changed)
+            dataContainer->setRow(row, cells);
     }
-    // A row that is not stored stays so.
-    if (!cells.empty())
-        dataContainer->setRow(row, cells);
 }

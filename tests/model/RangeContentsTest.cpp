@@ -56,7 +56,6 @@ TEST_F(RangeContentsTest, LinesFillUpWithTheScalar) {
     range.excludedCols = {1, 2};
     write(range, true);
     EXPECT_EQ(text(0, 0) + text(0, 1) + text(0, 2), "xXs");
-    write(range, false, Range(0, 0, Model));
     write(line(RangeType::Row, 3, 1, {"z"}));
     EXPECT_EQ(model.rowCount(), 4);
     EXPECT_EQ(text(3, 1), "z");
@@ -66,6 +65,8 @@ TEST_F(RangeContentsTest, SkippedCellsStay) {
     Range row = line(RangeType::Row, 1, 0, {"X", "Y"});
     row.value = "s";
     write(row, false, Range(1, 0, Model));
+    EXPECT_EQ(shown(), "a b c|d Y s|g h i");
+    row.value = "t";
     write(row, false, Range(1, 2, Model));
     EXPECT_EQ(shown(), "a b c|X Y s|g h i");
     RangeVector ranges{Range(0, 0, Model), Range(0, 1, Model)};

@@ -55,6 +55,13 @@ TEST(CellCodec, EveryEncodingSpellsItsOwnCharacters) {
     }
 }
 
+TEST(CellCodec, AsciiIsKeptWhereItIsItsOwnBytes) {
+    for (auto const encoding : {Utf8, Iso8859_1, Iso8859_7, Windows1252, EucJp, Gb18030, Koi8R})
+        EXPECT_TRUE(CellCodec(encoding).keepsAscii()) << static_cast<int>(encoding);
+    for (auto const encoding : {Utf16, Utf16BE, Utf32, Iso2022Jp})
+        EXPECT_FALSE(CellCodec(encoding).keepsAscii()) << static_cast<int>(encoding);
+}
+
 TEST(CellCodec, BytesAreThoseOfTheStandard) {
     struct Case {
         EncodingType encoding;

@@ -29,7 +29,7 @@ void load(CellRows& rows, Model const& content, unsigned gap, std::size_t rowsPe
                                  static_cast<std::uint32_t>(content[row].size()));
             block->aliveRows += !content[row].empty();
         }
-        block->setEnds(ends.data(), ends.size(), 10000);
+        block->close(static_cast<std::size_t>(out - block->data()), ends.data(), ends.size(), 10000);
         block->gap = gap;
         if (block->aliveRows)
             rows.adoptBlock(block);

@@ -97,7 +97,7 @@ protected:
             break;
         case 2: {
             int const at = below(plain.rows());
-            if (plain.rows() < 4 || plain.concealed[0].count(at))
+            if (shownCount < 3 || plain.concealed[0].count(at))
                 break;
             plain.remove(at);
             TWIN(removeRowsRaw, removeColsRaw)(at, 1);
