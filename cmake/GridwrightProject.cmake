@@ -31,6 +31,9 @@ if(GRIDWRIGHT_SANITIZE)
                          -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(gridwright_options INTERFACE -fsanitize=${GRIDWRIGHT_SANITIZE})
 endif()
+if(GRIDWRIGHT_FUZZ)
+  target_compile_options(gridwright_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # gridwright_floor(NAME [LINKS target...] [PRECOMPILE header...])
 # Makes the static library gridwright_NAME from all sources of the calling folder. A floor whose first class has

@@ -174,7 +174,7 @@ void ScannerBuffer::setAttention() {
         reportFrom = limit + 1;
     else
         reportFrom = in + (std::max(reportPosition, scannedTo) - scannedTo);
-    attentionAt = std::min(reportFrom, rowsEnd());
+    attentionAt = std::min<char const*>(reportFrom, rowsEnd());
 }
 
 void ScannerBuffer::unquote(char* first, char* last, std::string_view doubledQuote, bool collapse) {

@@ -46,7 +46,7 @@ public:
     /// Whether the row at `at` may start in this block. If not, scanning has to stop there until the next refill.
     bool mayStartRow(char const* at);
     /// What starts at or behind this address must call report().
-    char const* reportAt() const { return reportFrom; }
+    char* reportAt() const { return reportFrom; }
     void report(char const* at);
 
     /// Whether the ends have 64 bits instead of 32.
@@ -117,7 +117,7 @@ private:
     std::uint64_t readBytes = 0;
     std::uint64_t reportPosition = UINT64_MAX;
     char const* attentionAt = nullptr;
-    char const* reportFrom = nullptr;
+    char* reportFrom = nullptr;
 
     std::ptrdiff_t shift = 0; ///< how far bytes of the current row have to move left
     char* settled = nullptr;  ///< bytes of the row from here on have not been moved yet

@@ -41,11 +41,8 @@ void SequenceScanner::scan() {
     while (buffer.filled - buffer.in > carry) {
         if (buffer.in >= buffer.reportAt())
             buffer.report(buffer.in);
-        char* stop = buffer.filled - carry;
-        if (buffer.reportAt() > buffer.in && buffer.reportAt() < stop)
-            stop = buffer.in + (buffer.reportAt() - buffer.in);
-        else if (buffer.reportAt() <= buffer.in)
-            stop = buffer.in + 1;
+        char* const next = std::max(buffer.reportAt(), buffer.in + 1);
+        char* const stop = std::min(next, buffer.filled - carry);
         if (!scanUntil<End>(stop))
             break;
     }

@@ -118,8 +118,8 @@ public:
 
     bool insertRowsRaw(int row, int count, bool ignoreTranspose = false);
     bool insertColsRaw(int col, int count, bool ignoreTranspose = false);
-    /// Inserts rows with content; unlike the form above it does not signal the size. Both are content with a row
-    /// that is negative or past the end, and then only the concealed rows behind it have moved.
+    /// Inserts rows with content; unlike the form above it does not signal the size. Both answer true for a row
+    /// that is negative or past the end, and then only the concealed rows at or behind it have moved.
     bool insertRowsRaw(int row, std::vector<AbstractDataContainer::Cells> const& rows, bool ignoreTranspose = false);
     bool insertColsRaw(int col, std::vector<AbstractDataContainer::Cells> const& cols, bool ignoreTranspose = false);
     bool insertRowsModel(int row, int count, bool ignoreTranspose = false);

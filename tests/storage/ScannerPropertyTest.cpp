@@ -17,13 +17,17 @@ std::string someFile(std::mt19937& random, ScannerDialect const& dialect, std::s
     std::string file;
     auto const width = static_cast<std::size_t>(dialect.unitBytes);
     for (std::size_t i = 0; i < parts; ++i) {
-        switch (random() % 8) {
+        switch (random() % 9) {
         case 0: file += dialect.delimiter; break;
         case 1: file += dialect.quote; break;
         case 2: file += dialect.cr + (random() % 2 ? dialect.lf : dialect.rs); break;
         case 3: file += random() % 2 ? dialect.lf : dialect.rs; break;
         case 4: file += dialect.quote + dialect.delimiter; break;
         case 5: file += std::string(width * (random() % 40), 'x'); break;
+        case 6: // what looks like a doubled quote by its bytes but does not align to units
+            file += dialect.delimiter + dialect.quote + 'x' + dialect.quote + dialect.quote +
+                    std::string(width - 1, 'y') + dialect.quote + dialect.delimiter;
+            break;
         default:
             for (std::size_t k = 0; k < width; ++k)
                 file += width > 1 && random() % 2 ? '\0' : bytes[random() % bytes.size()];

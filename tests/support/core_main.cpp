@@ -1,6 +1,5 @@
-#include <gmock/gmock.h>
-
 #include <QCoreApplication>
+#include <gmock/gmock.h>
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
