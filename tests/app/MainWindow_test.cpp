@@ -1,0 +1,125 @@
+#include "app/LoadProgressOverlay.h"
+#include "app/MainWindow.h"
+#include "app/PaneView.h"
+#include "app/StatusBar.h"
+#include "app/TabBar.h"
+#include "tests/support/MsgBoxAnswer.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace {
+
+class MainWindowTest : public testing::Test {
+protected:
+    QString write(QString const& name, QByteArray const& bytes) {
+        QString const path = directory.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return path;
+    }
+
+    static QByteArray read(QString const& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+
+    QString cell(int row, int col) const {
+        TableModel const& model = *window.getActiveTable()->tableModel();
+        return model.data(model.index(row, col)).toString();
+    }
+
+    QString label(StatusBar::Label which) const { return window.getStatusBar()->text(which); }
+
+    QTemporaryDir directory;
+    MainWindow window;
+};
+
+} // namespace
+
+TEST_F(MainWindowTest, AWindowStartsWithAnUntitledTableThatTheFirstFileReplaces) {
+    EXPECT_EQ(window.windowTitle(), "untitled - Gridwright");
+    EXPECT_TRUE(window.openFile(write("a.csv", "a;b;c\n1;2;3\n")));
+    EXPECT_EQ(window.windowTitle(), "a.csv - Gridwright");
+    EXPECT_EQ(window.getPaneView()->getTables().size(), 1U);
+    EXPECT_EQ(cell(1, 2), "3");
+    EXPECT_EQ(label(StatusBar::Label::TableSize), "2 rows x 3 columns");
+    EXPECT_EQ(label(StatusBar::Label::Delimiter), "Delimiters (Load, Save): semi-colon (;), comma (,)");
+    EXPECT_EQ(label(StatusBar::Label::Encoding), "UTF-8");
+    EXPECT_EQ(label(StatusBar::Label::LineEnding), "Unix");
+    EXPECT_EQ(label(StatusBar::Label::Mode), "Editable");
+}
+
+TEST_F(MainWindowTest, FilesOpenInTabsOnceEachAndTheLastCloseLeavesAnEmptyTable) {
+    QString const first = write("a.csv", "x\n");
+    QString const second = write("b.tsv", "1\t2\n");
+    EXPECT_TRUE(window.openFiles({first, second, directory.filePath("./a.csv")}));
+    EXPECT_EQ(window.getPaneView()->getTables().size(), 2U);
+    EXPECT_EQ(window.getActiveTable()->getFilepath(), first);
+    window.openFile(second);
+    EXPECT_EQ(window.getPaneView()->getTables().size(), 2U);
+    EXPECT_EQ(label(StatusBar::Label::Delimiter), "Delimiter: tab");
+    EXPECT_TRUE(window.closeFile(window.getActiveTable()));
+    EXPECT_EQ(window.windowTitle(), "a.csv - Gridwright");
+    EXPECT_TRUE(window.closeFile(window.getActiveTable()));
+    EXPECT_EQ(window.windowTitle(), "untitled - Gridwright");
+}
+
+TEST_F(MainWindowTest, WhatIsNoTableIsToldAndTheRestStillOpens) {
+    QString const fifo = directory.filePath("fifo.csv");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    QString const good = write("good.csv", "a,b\n");
+    MsgBoxAnswer const box;
+    EXPECT_TRUE(window.openFiles({fifo, good}));
+    EXPECT_EQ(box.text, QString("This can't be opened as a table:\n%1\n\nIt is not a regular file.").arg(fifo));
+    EXPECT_EQ(window.windowTitle(), "good.csv - Gridwright");
+}
+
+TEST_F(MainWindowTest, SavingWritesTheDialectBackAndAFailureIsToldAndLosesNothing) {
+    QString const path = write("a.csv", "a,\"b\"\"c\"\n,\n");
+    window.openFile(path);
+    window.commandSaveFile();
+    EXPECT_EQ(read(path), "a,\"b\"\"c\"\n,\n");
+
+    QFile::remove(path);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    MsgBoxAnswer const box;
+    EXPECT_FALSE(window.saveFile(window.getActiveTable()));
+    EXPECT_EQ(box.text, QString("File failed to save.\n\nFile: %1\nReason: The path names something that is not a "
+                                "regular file.")
+                            .arg(path));
+    EXPECT_EQ(cell(0, 1), "b\"c");
+    EXPECT_EQ(window.getActiveTable()->getFilepath(), path);
+}
+
+TEST_F(MainWindowTest, ALargeFileLoadsBehindItsProgressAndCanBeClosedMeanwhile) {
+    QByteArray const line = QByteArray(999, 'x') + ",y\n";
+    QString const path = write("large.csv", line.repeated(27000));
+    window.show();
+    QSignalSpy loaded(window.getPaneView(), &PaneView::tableLoadedSignal);
+    window.openFile(path);
+    auto const* const overlay = window.getPaneView()->findChild<LoadProgressOverlay*>();
+    EXPECT_TRUE(overlay->isVisible());
+    EXPECT_EQ(label(StatusBar::Label::TableSize), "Loading ...");
+    ASSERT_TRUE(loaded.wait(20000));
+    EXPECT_FALSE(overlay->isVisible());
+    EXPECT_EQ(label(StatusBar::Label::TableSize), "27,000 rows x 2 columns");
+    EXPECT_EQ(cell(26999, 1), "y");
+
+    QString const other = write("other.csv", line.repeated(27000));
+    window.openFile(other);
+    EXPECT_TRUE(window.closeFile(window.getActiveTable()));
+    EXPECT_EQ(window.windowTitle(), "large.csv - Gridwright");
+}
+
+TEST(StatusBar, SizesAreWrittenWithSeparatorsPluralsAndWhatIsVisible) {
+    EXPECT_EQ(StatusBar::tableSizeText(1, 1, 1, 1), "1 row x 1 column");
+    EXPECT_EQ(StatusBar::tableSizeText(1234567, 0, 1234567, 0), "1,234,567 rows x 0 columns");
+    EXPECT_EQ(StatusBar::tableSizeText(10, 2, 1, 2), "10 rows x 2 columns (1 row x 2 columns)");
+}
