@@ -118,8 +118,6 @@ void TableView::setModel(QAbstractItemModel* model) {
     AbstractTableView::setModel(model);
     connectSignalsWithModel();
     connectSizesWithModel();
-    for (FrozenTableView* const view : frozenViews())
-        view->setModel(model);
     tableModel()->setSelection(Range(0, 0, RangeIndexType::Model));
     refreshView();
     selectionModel()->clear();
