@@ -1,34 +1,130 @@
 #pragma once
 
 #include "core/ExtensionData.h"
+#include "core/RangeSize.h"
 #include "model/TableModel.h"
+#include "view/AbstractTableView.h"
+#include "view/SelectionMoves.h"
 
-#include <QTableView>
+#include <QTimer>
 #include <QUndoStack>
 
-/// Shows one table. Owns the table's model and its undo stack. Cells are shown and not yet edited here.
-class TableView : public QTableView {
+#include <array>
+
+class FrozenTableView;
+class ScrollAreaBottomRightCornerWidget;
+class TLCornerButton;
+
+/// Shows one table and lets the user work on it. Owns the table's model, its undo stack and the three bands that keep
+/// header rows and columns in sight. Rows and columns are Model.
+class TableView : public AbstractTableView {
     Q_OBJECT
 
 public:
+    /// A turn of the wheel, in pixels.
+    static constexpr int wheelRowPixels = 75;
+    static constexpr int wheelColPixels = 250;
+
     explicit TableView(QWidget* parent = nullptr);
     ~TableView() override;
 
-    TableModel* tableModel() const { return model; }
-    QUndoStack* undoStack() { return &stack; }
+    void setModel(QAbstractItemModel* model) override;
+    void setContext(Context newContext) override;
+    void setLetEditorPaneConsumeNavigationKeystrokes(bool on) override;
+    void setupContextMenus(CommandActions const& actions) override;
+    /// Colours the parts that the view itself paints.
+    void setTheme(Theme const& theme);
+    void refreshView() override;
+
+    // The table and its file.
 
     /// Reads the file into the table by the options set before. In the background form the view is hidden until
     /// onLoadFinished, and keys are dead.
     void loadCSV(QString const& path, bool background);
     void setReadOnly(bool on);
     bool isReadOnly() const { return readOnly; }
-    bool isLoading() const { return loading; }
     /// The options by which the table is loaded and saved; the delimiters must be settled.
     void setExtensionData(ExtensionData const& data);
     /// The path of the table's file, empty for a table that has none.
-    QString getFilepath() const;
+    QString getFilepath() const { return tableModel()->getFilepath(); }
+
+    // Undo.
+
+    QUndoStack* undoStack() { return &stack; }
+    /// Carries the command out and keeps it for undo. Takes ownership.
+    void pushUndoCommand(QUndoCommand* command) { stack.push(command); }
+    void undo() { stack.undo(); }
+    void redo() { stack.redo(); }
+
+    // Moving.
+
+    void moveSelectionRelative(int rows, int cols) override;
+    void moveSelectionAbsolute(int row, int col) override;
+    /// Moves the main cell by a screenful and selects it alone.
+    void moveSelectionOneScreen(Direction direction);
+    /// Moves the selection as far as the main cell's jump over a block of cells goes.
+    void moveSelectionByBlock(Direction direction);
+    /// Moves the selection so that the main cell is on the last line of the data.
+    void moveSelectionToEndOfTable(Direction direction);
+    void goToTop() { goToEdge(Direction::Up); }
+    void goToBottom() { goToEdge(Direction::Down); }
+    void goToFarLeft() { goToEdge(Direction::Left); }
+    void goToFarRight() { goToEdge(Direction::Right); }
+
+    // Scrolling. See ScrollGeometry for the rules.
+
+    /// Moves an axis by pixels.
+    void wheelScroll(Axis axis, int delta);
+    /// Brings the first visible row or column wholly into sight, unless a cell is being edited.
+    void snapScrollBarPosition(Axis axis);
+    void setSnapToRowAfterScrolling(bool on) { snapToRowAfterScrolling = on; }
+    void setSnapToColumnAfterScrolling(bool on) { snapToColumnAfterScrolling = on; }
+    /// `ifNeeded` leaves a cell in sight where it is; `minimal` then goes no further than needed.
+    void scrollToCell(int row, int col, bool ifNeeded, bool minimal, Axis axis);
+    void scrollToTopLeft();
+    /// Remembers where the view is scrolled to, for one return.
+    void setInitialScrollBarLocations();
+    void returnToInitialScrollBarLocations();
+
+    // Selecting.
+
+    Range getMainCell(bool withValue = false) const;
+    void setMainCell(Range const& cell);
+    void setMainCellAsSelection(Range const& cell);
+    void selectRow(int row) { selectLine(Axis::Rows, row); }
+    void selectCol(int col) { selectLine(Axis::Columns, col); }
+    void selectEntireTable();
+    void addWholeTableToSelection();
+    void selectEntireRows() { selectWholeLines(Axis::Rows, 0); }
+    void selectEntireCols() { selectWholeLines(Axis::Columns, 0); }
+    void selectEntireRowsHeaderExcluded() { selectWholeLines(Axis::Rows, numHeaderCols); }
+    void selectEntireColsHeaderExcluded() { selectWholeLines(Axis::Columns, numHeaderRows); }
+    /// Selects the rectangle between the main cell and a cell; -1 stands for the main cell's row or column.
+    void selectFromMainCellTo(int row, int col);
+    void selectLeftToStartOfRowHeaderExcluded() { selectToEdge(Direction::Left); }
+    void selectRightToEndOfRow() { selectToEdge(Direction::Right); }
+    void selectUpToTopOfColumnHeaderExcluded() { selectToEdge(Direction::Up); }
+    void selectDownToBottomOfColumn() { selectToEdge(Direction::Down); }
+    /// The cell in the main cell's row or column on the line of SelectionMoves::farthestSelectedLine.
+    Range findFarthestSelectedCellInDirection(Direction direction) const;
+
+    /// How many rows and columns Qt looks at to size a section by its contents.
+    void setResizeContentsPrecision(int precision);
 
 public slots:
+    void moveSelectionRelativeSlot(int rows, int cols) { moveSelectionRelative(rows, cols); }
+    /// Scrolls by whole rows or columns where snapping is on, else by pixels; with `page` by most of the viewport.
+    void scroll(Direction direction, bool page, int rowPixels = wheelRowPixels, int colPixels = wheelColPixels);
+    void scrollToRow(int row, bool ifNeeded, bool minimal);
+    void scrollToCol(int col, bool ifNeeded, bool minimal);
+    void scrollToMainCell(bool ifNeeded, bool minimal);
+    /// Keeps the grid as large as its contents and buffers ask and the scroll bars in step with it.
+    void enforceTableSize();
+    /// Ends the edit; with `commit` its text stays.
+    void stopEditing(bool commit = true);
+    void onNewPendingSelectionCorner(Range const& corner);
+    void removeRowsSlot(std::vector<int> rows);
+    void removeColsSlot(std::vector<int> cols);
     void onStartProgressUpdate();
     void onLoadProgressUpdate(int done, int steps, int sizeMiB);
     void onLoadFinished();
@@ -38,10 +134,61 @@ signals:
     void loadProgressUpdateSignal(int done, int steps, int sizeMiB);
     void loadFinishedSignal();
     void tableSizeChangedSignal(int rawRows, int rawCols, int modelRows, int modelCols);
+    void mainCellChangedSignal(Range mainCell);
+    void selectionChangedSignal(TableView* view);
+    void selectionSizeChangedSignal(RangeSize size);
+    void updateStatusBarSignal();
+    /// The view has scrolled while the find and replace widget is open.
+    void updateFindReplaceMatchesSignal();
+    void undoStackCleanChangedSignal(bool clean);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool edit(QModelIndex const& index, EditTrigger trigger, QEvent* event) override;
 
 private:
-    TableModel* model;
+    // Construction.
+    void setupSections();
+    void setupFrozenHeaders();
+    void setupCorners();
+    void setupScrollBars();
+    void connectSignalsWithModel();
+    void connectSizesWithModel();
+
+    // Both axes.
+    HeaderAxis scrollAxis(Axis axis) const;
+    Range lineCell(Axis axis, int line) const;
+    bool isFrozenLine(Axis axis, int line) const;
+    void setSlider(Axis axis, int position);
+    void scrollToSection(Axis axis, int section, bool ifNeeded, bool minimal);
+    void scrollAfterMove(Axis axis, int oldSection, int newSection);
+    int lastDataLine(Axis axis) const;
+    void goToEdge(Direction direction);
+    void selectLine(Axis axis, int line);
+    void selectWholeLines(Axis axis, int start);
+    void selectToEdge(Direction direction);
+    void setMultiCellSelection(Range const& mainCell, RangeVector const& ranges);
+    void removeLines(Axis axis, std::vector<int> lines);
+    void placeCornerButton();
+    void onScrollBarValueChanged();
+    void onWheelSnapTimerStopped();
+
     QUndoStack stack;
-    bool loading = false;
+    std::array<FrozenTableView*, 3> frozenViews() const;
+    FrozenTableView* horizontalFrozenView = nullptr;
+    FrozenTableView* verticalFrozenView = nullptr;
+    FrozenTableView* cornerFrozenView = nullptr;
+    TLCornerButton* topLeftCornerButton = nullptr;
+    ScrollAreaBottomRightCornerWidget* bottomRightCorner = nullptr;
+    QTimer wheelSnapTimer;
     bool readOnly = false;
+    bool snapToRowAfterScrolling = true;
+    bool snapToColumnAfterScrolling = true;
+    bool freezeHeaderRows = false;
+    bool freezeHeaderColumns = false;
+    int numHeaderRows = 1; ///< visible header rows
+    int numHeaderCols = 1;
+    int initialVerticalScroll = -1; ///< -1 for none
+    int initialHorizontalScroll = -1;
 };

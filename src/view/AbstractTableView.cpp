@@ -1,0 +1,319 @@
+#include "view/AbstractTableView.h"
+
+#include "model/TableModel.h"
+#include "view/CellDelegate.h"
+#include "view/CellHit.h"
+#include "view/HeaderView.h"
+#include "view/PressRules.h"
+#include "view/SelectionMoves.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPointingDevice>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+bool isSet(Range const& corner) {
+    return corner.row != -1 && corner.col != -1;
+}
+
+std::unique_ptr<QMouseEvent> copyOf(QMouseEvent const& event) {
+    return std::make_unique<QMouseEvent>(event.type(), event.position(), event.globalPosition(), event.button(),
+                                         event.buttons(), event.modifiers(), QPointingDevice::primaryPointingDevice());
+}
+
+} // namespace
+
+AbstractTableView::AbstractTableView(TableType type, QWidget* parent)
+    : QTableView(parent), tableType(type), horizontalHeaderView(new HeaderView(Qt::Horizontal, this)),
+      verticalHeaderView(new HeaderView(Qt::Vertical, this)) {
+    setTextElideMode(Qt::ElideRight);
+    setWordWrap(false);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setHorizontalHeader(horizontalHeaderView);
+    setVerticalHeader(verticalHeaderView);
+    horizontalHeaderView->setTableType(type);
+    verticalHeaderView->setTableType(type);
+    setTabKeyNavigation(false);
+    setCornerButtonEnabled(false);
+    setAcceptDrops(true);
+    // Selecting and scrolling are this class's alone, also where it calls Qt's handlers.
+    setSelectionMode(QAbstractItemView::NoSelection);
+    setAutoScroll(false);
+    setItemDelegate(new CellDelegate(this));
+}
+
+AbstractTableView::~AbstractTableView() = default;
+
+void AbstractTableView::setModel(QAbstractItemModel* model) {
+    table = qobject_cast<TableModel*>(model);
+    QTableView::setModel(model);
+}
+
+void AbstractTableView::setContext(Context newContext) {
+    context = newContext;
+}
+
+bool AbstractTableView::hasContext(Context flag) const {
+    return (static_cast<unsigned>(context) & static_cast<unsigned>(flag)) != 0;
+}
+
+void AbstractTableView::setLetEditorPaneConsumeNavigationKeystrokes(bool on) {
+    letEditorPaneConsumeNavigationKeystrokes = on;
+}
+
+bool AbstractTableView::isMousePressed() const {
+    return isSet(table->getPendingCornerStart());
+}
+
+QScrollBar* AbstractTableView::scrollBarOf(Axis axis) const {
+    return axis == Axis::Rows ? verticalScrollBar() : horizontalScrollBar();
+}
+
+HeaderAxis AbstractTableView::plainAxis(Axis axis, HeaderAxis::Frozen frozen) const {
+    int const extent = axis == Axis::Rows ? viewport()->height() : viewport()->width();
+    return {*headerView(axis), *scrollBarOf(axis), extent, frozen};
+}
+
+void AbstractTableView::refreshView() {
+    viewport()->update();
+}
+
+void AbstractTableView::deselectAllButTheMainCell() {
+    table->setSelection(table->getMainCell());
+}
+
+// Keys.
+
+KeyState AbstractTableView::keyState() const {
+    KeyState state;
+    state.dead = isMousePressed() || loading;
+    state.cellEditing = hasContext(Context::CellEditing);
+    state.editing = editing;
+    state.editorPaneShown = hasContext(Context::EditorPaneShown);
+    state.paneTakesKeys = letEditorPaneConsumeNavigationKeystrokes;
+    state.cellEditorShown = cellEditor != nullptr && cellEditor->isVisible();
+    return state;
+}
+
+bool AbstractTableView::event(QEvent* event) {
+    if (event->type() == QEvent::KeyPress && !loading) {
+        auto* const key = static_cast<QKeyEvent*>(event);
+        KeyDecision const decision = decideTab(*key, keyState());
+        if (decision.action != KeyAction::PassToBase)
+            return carryOut(decision, key);
+    }
+    return QTableView::event(event);
+}
+
+void AbstractTableView::keyPressEvent(QKeyEvent* event) {
+    KeyDecision const decision = decideKey(*event, keyState());
+    if (decision.action == KeyAction::PassToBase)
+        QAbstractItemView::keyPressEvent(event);
+    else
+        carryOut(decision, event);
+}
+
+/// Returns whether the key was for the table.
+bool AbstractTableView::carryOut(KeyDecision const& decision, QKeyEvent* event) {
+    struct Step {
+        int rows;
+        int cols;
+    };
+    static constexpr Step steps[] = {{-1, 0}, {1, 0}, {0, -1}, {0, 1}}; // in the order of Direction
+    event->accept();
+    switch (decision.action) {
+    case KeyAction::NextRow: nextRowWithColumnReset(); break;
+    case KeyAction::NextColumn: nextColumnWithColumnReset(); break;
+    case KeyAction::PreviousColumn: previousColumnWithColumnReset(); break;
+    case KeyAction::Move: {
+        auto const [rows, cols] = steps[static_cast<int>(decision.direction)];
+        moveSelectionRelative(rows, cols);
+        break;
+    }
+    case KeyAction::Scroll: emit scrollSignal(decision.direction, false); break;
+    case KeyAction::StartEdit: emit startEditingSignal(true, event); break;
+    case KeyAction::Ignore: event->ignore(); return false;
+    case KeyAction::Swallow:
+    case KeyAction::PassToBase: break;
+    }
+    return true;
+}
+
+void AbstractTableView::nextRowWithColumnReset() {
+    int const target = std::exchange(columnResetTarget, -1);
+    moveSelectionRelative(1, target >= 0 ? target - table->getMainCell().col : 0);
+    table->enforceTableSize();
+}
+
+void AbstractTableView::nextColumnWithColumnReset() {
+    if (columnResetTarget == -1)
+        columnResetTarget = table->getMainCell().col;
+    moveSelectionRelative(0, 1);
+    table->enforceTableSize();
+}
+
+void AbstractTableView::previousColumnWithColumnReset() {
+    moveSelectionRelative(0, -1);
+    table->enforceTableSize();
+}
+
+void AbstractTableView::editMainCellAppend() {
+    Range const& mainCell = table->getMainCell();
+    QModelIndex const index = table->index(mainCell.row, mainCell.col);
+    emit startEditingSignal(index.data(Qt::EditRole).toString().isEmpty());
+}
+
+// The mouse.
+
+Range AbstractTableView::cellAtPos(int x, int y) const {
+    Range cell(lineAtPos(plainAxis(Axis::Rows), y), lineAtPos(plainAxis(Axis::Columns), x), RangeIndexType::Model);
+    Range const& mainCell = table->getMainCell();
+    cell.hasMainCell = cell.row == mainCell.row && cell.col == mainCell.col;
+    return cell;
+}
+
+void AbstractTableView::mousePressEvent(QMouseEvent* event) {
+    pressEventCopy = copyOf(*event);
+    QPoint const point = event->position().toPoint();
+    switch (decidePress(event->button(), event->modifiers())) {
+    case PressAction::Select:
+    case PressAction::AddToSelection:
+        if (indexAt(point).isValid())
+            beginSelection(cellAtPos(point), event->modifiers() == Qt::ControlModifier);
+        return;
+    case PressAction::TakeOut:
+        if (QModelIndex const index = indexAt(point); index.isValid()) {
+            table->removeCellFromSelection(index.row(), index.column());
+            refreshView();
+        }
+        return;
+    case PressAction::Extend: extendSelectionTo(cellAtPos(point)); break;
+    case PressAction::BaseHandler: break;
+    }
+    QTableView::mousePressEvent(event);
+}
+
+void AbstractTableView::beginSelection(Range const& cell, bool add) {
+    ctrlSelecting = add;
+    if (!add)
+        table->clearSelection(cell);
+    table->setMainCell(cell);
+    table->setPendingSelectionCorner(cell, true);
+    refreshView();
+}
+
+/// A press on a selected cell leaves the selection alone.
+void AbstractTableView::extendSelectionTo(Range const& cell) {
+    if (table->cellInSelection(cell))
+        return;
+    Range const mainCell = table->getMainCell();
+    table->setSelection(mainCell);
+    table->setPendingSelectionCorner(mainCell, true);
+    expandSelection(cell);
+}
+
+void AbstractTableView::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() == Qt::LeftButton)
+        expandSelection(cellAtPos(event->position().toPoint()));
+}
+
+void AbstractTableView::expandSelection(Range cell) {
+    if (cell == table->getPendingCornerEnd())
+        return;
+    cell.row = std::max(cell.row, 0);
+    cell.col = std::max(cell.col, 0);
+    table->setPendingSelectionCorner(cell, false);
+    refreshView();
+    emit selectionExpandingSignal(this);
+}
+
+void AbstractTableView::mouseReleaseEvent(QMouseEvent*) {
+    finishDrag();
+    pressEventCopy.reset();
+}
+
+void AbstractTableView::finishDrag() {
+    RangeVector const cells = pendingCells();
+    if (ctrlSelecting)
+        table->addCellsToSelection(cells);
+    else if (!cells.empty())
+        table->setSelection(cells, true);
+    table->setPendingCorners(Range(RangeType::None), Range(RangeType::None));
+    ctrlSelecting = false;
+    refreshView();
+}
+
+/// The cells of the rectangle that the drag has drawn, with the cell of the press flagged in a new selection.
+RangeVector AbstractTableView::pendingCells() const {
+    Range const& start = table->getPendingCornerStart();
+    if (!isSet(start))
+        return {};
+    Range const& end = isSet(table->getPendingCornerEnd()) ? table->getPendingCornerEnd() : start;
+    RangeVector cells = SelectionMoves::rectangle(start, end);
+    auto const first = std::find(cells.begin(), cells.end(), start);
+    if (first != cells.end())
+        first->hasMainCell = !ctrlSelecting;
+    return cells;
+}
+
+void AbstractTableView::endCutOffDrag() {
+    if (auto const press = std::move(pressEventCopy))
+        mouseReleaseEvent(press.get());
+}
+
+void AbstractTableView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        deselectAllButTheMainCell();
+        editMainCellAppend();
+    }
+    pressEventCopy.reset();
+}
+
+void AbstractTableView::focusInEvent(QFocusEvent* event) {
+    if (event->reason() == Qt::OtherFocusReason && !acceptNextOtherFocus)
+        return;
+    acceptNextOtherFocus = false;
+    QAbstractItemView::focusInEvent(event);
+}
+
+// The context menu.
+
+void AbstractTableView::setupContextMenus(CommandActions const& actions) {
+    commands = actions;
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, &QWidget::customContextMenuRequested, this, &AbstractTableView::onCustomContextMenu,
+            Qt::UniqueConnection);
+    horizontalHeaderView->setupContextMenus(actions);
+    verticalHeaderView->setupContextMenus(actions);
+}
+
+void AbstractTableView::onCustomContextMenu(QPoint const& point) {
+    QModelIndex const index = indexAt(point);
+    if (!index.isValid())
+        return;
+    bool const editIsReal = (editing && hasContext(Context::EditorPaneShown)) || cellEditor != nullptr;
+    if (tableType == TableType::Main && hasContext(Context::CellEditing) && !editIsReal)
+        dropPendingEdit();
+    Range const cell(index.row(), index.column(), RangeIndexType::Model);
+    if (!table->cellInSelection(cell)) {
+        table->setSelection(cell);
+        refreshView();
+    }
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    appendToMenu(*menu, cellMenuEntries(hasContext(Context::MultiCellSelection)), commands);
+    appendToMenu(*menu, commonCellMenuEntries(), commands);
+    menu->popup(viewport()->mapToGlobal(point));
+}
+
+void AbstractTableView::dropPendingEdit() {
+    editing = false;
+    emit removeContextSignal(Context::CellEditing);
+}

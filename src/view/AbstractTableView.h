@@ -1,0 +1,130 @@
+#pragma once
+
+#include "core/Context.h"
+#include "core/Enumerations.h"
+#include "core/RangeVector.h"
+#include "view/ContextMenuEntries.h"
+#include "view/HeaderAxis.h"
+#include "view/KeyRules.h"
+#include "view/TableType.h"
+
+#include <QTableView>
+
+#include <memory>
+
+class HeaderView;
+class TableModel;
+
+/// What the four views of one table have in common: they turn keys and the mouse into operations on the one TableModel
+/// that they share. The selection is the model's; Qt's own is never used. Rows and columns are Model.
+class AbstractTableView : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit AbstractTableView(TableType type, QWidget* parent = nullptr);
+    ~AbstractTableView() override;
+
+    /// `model` must be a TableModel or null.
+    void setModel(QAbstractItemModel* model) override;
+    TableModel* tableModel() const { return table; }
+    TableType getTableType() const { return tableType; }
+    HeaderView* getHorizontalHeaderView() const { return horizontalHeaderView; }
+    HeaderView* getVerticalHeaderView() const { return verticalHeaderView; }
+
+    // State of the window and options.
+
+    virtual void setContext(Context newContext);
+    Context getContext() const { return context; }
+    virtual void setLetEditorPaneConsumeNavigationKeystrokes(bool on);
+    /// The context menus of the cells and headers offer the commands among `actions`.
+    virtual void setupContextMenus(CommandActions const& actions);
+    /// While a file is loaded in the background the keys are dead.
+    bool isLoading() const { return loading; }
+    /// Whether an edit is open in this view.
+    bool isEditing() const { return editing; }
+    /// The next focus that comes for no stated reason is taken, as when the window is activated.
+    void setAcceptNextOtherFocus(bool on) { acceptNextOtherFocus = on; }
+    /// Ends a drag whose release went to another window.
+    void endCutOffDrag();
+
+    // Moving and selecting.
+
+    /// Moves the whole selection; not at all if a part of it would leave the table at the top or left.
+    virtual void moveSelectionRelative(int rows, int cols) = 0;
+    /// Makes one cell the selection; -1 keeps the main cell's row or column.
+    virtual void moveSelectionAbsolute(int row, int col) = 0;
+    /// Grows the rectangle that a drag draws to the cell.
+    void expandSelection(Range cell);
+    void deselectAllButTheMainCell();
+    /// The cell at a point of the viewport, flagged if it is the main cell. For a point outside the viewport the cell
+    /// just out of sight; row or column are -1 where the table does not reach.
+    Range cellAtPos(int x, int y) const;
+    Range cellAtPos(QPoint point) const { return cellAtPos(point.x(), point.y()); }
+    /// Shows the cells anew. Costs what is on screen and nothing more.
+    virtual void refreshView();
+
+public slots:
+    /// To the next row, in the column where nextColumnWithColumnReset was first called.
+    void nextRowWithColumnReset();
+    void nextColumnWithColumnReset();
+    void previousColumnWithColumnReset();
+    /// Asks for an edit of the main cell that keeps its text.
+    void editMainCellAppend();
+
+signals:
+    void addContextSignal(Context flags);
+    void removeContextSignal(Context flags);
+    /// An edit of the main cell is wanted, which replaces the text with `overwrite`.
+    void startEditingSignal(bool overwrite);
+    /// An edit is wanted that begins with a key.
+    void startEditingSignal(bool overwrite, QKeyEvent* event);
+    void scrollToMainCellSignal(bool ifNeeded, bool minimal);
+    void dataChangedSignal(RangeVector ranges);
+    void moveCellContentsAbsoluteSignal(RangeVector ranges, Range mainCell, int row, int col);
+    void scrollSignal(Direction direction, bool page);
+    void selectionExpandingSignal(AbstractTableView* view);
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+    bool hasContext(Context flag) const;
+    /// Whether a drag is drawing a selection, in whichever of the views.
+    bool isMousePressed() const;
+    HeaderView* headerView(Axis axis) const { return axis == Axis::Rows ? verticalHeaderView : horizontalHeaderView; }
+    QScrollBar* scrollBarOf(Axis axis) const;
+    /// The axis without a frozen band.
+    HeaderAxis plainAxis(Axis axis, HeaderAxis::Frozen frozen = {}) const;
+    /// Drops an edit whose editor was never opened.
+    void dropPendingEdit();
+
+    Context context = Context::TableActive;
+    CommandActions commands;
+    bool loading = false;
+    bool editing = false;
+    bool letEditorPaneConsumeNavigationKeystrokes = true;
+    QWidget* cellEditor = nullptr; ///< the open editor over a cell, null otherwise
+    int columnResetTarget = -1;    ///< the column that the next Enter returns to, -1 for none
+
+private:
+    KeyState keyState() const;
+    bool carryOut(KeyDecision const& decision, QKeyEvent* event);
+    void beginSelection(Range const& cell, bool add);
+    void extendSelectionTo(Range const& cell);
+    void finishDrag();
+    RangeVector pendingCells() const;
+    void onCustomContextMenu(QPoint const& point);
+
+    TableModel* table = nullptr;
+    TableType tableType;
+    HeaderView* horizontalHeaderView;
+    HeaderView* verticalHeaderView;
+    std::unique_ptr<QMouseEvent> pressEventCopy; ///< the press of the running drag
+    bool ctrlSelecting = false;                  ///< the running drag adds to the selection
+    bool acceptNextOtherFocus = false;
+};

@@ -1,0 +1,7 @@
+#include "view/TLCornerButton.h"
+
+TLCornerButton::TLCornerButton(QWidget* parent) : QPushButton(parent) {
+    setFlat(true);
+    setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(tr("Select all cells"));
+}
