@@ -1,5 +1,7 @@
 #include "storage/CellRows.h"
 
+#include "storage/TakenRows.h"
+
 #include <algorithm>
 #include <stdexcept>
 #include <string>
@@ -81,6 +83,8 @@ void CellRows::permute(std::span<int const> order) {
 }
 
 void CellRows::clear() {
+    while (!taken.empty())
+        taken.back()->release();
     if (editedRows)
         for (Row const& row : rows)
             if (row.isEdited())

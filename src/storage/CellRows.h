@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+class TakenRows;
+
 /// Ragged rows of byte cells, stored close to the size of the file. A row that came from a load lies in a block of
 /// the file's bytes, cells in place behind one another, and the block holds the ends of its cells; a row that was
 /// edited has a buffer of its own with room to grow. Blocks whose last row has gone are freed. Not a QObject and
@@ -63,6 +65,7 @@ public:
     std::size_t blockCount() const { return blocks.size(); }
 
 private:
+    friend class TakenRows;
     struct Row {
         char* data = nullptr; ///< first byte in a block, or the edited row; null for a row without cells
         std::uint32_t firstEnd = 0;
@@ -83,7 +86,8 @@ private:
 
     Rows rows;
     std::vector<CellBlock*> blocks;
-    std::size_t editedRows = 0;
+    std::vector<TakenRows*> taken; ///< whose rows still have their bytes here
+    std::size_t editedRows = 0;    ///< also among the taken rows
 };
 
 inline std::string_view CellRows::Row::cell(std::size_t col) const {

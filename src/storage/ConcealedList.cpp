@@ -74,3 +74,31 @@ void ConcealedList::shiftForRemoval(Indexes const& removed) {
         entry -= static_cast<int>(next - removed.begin());
     }
 }
+
+ConcealedList::Indexes ConcealedList::removeBlocks(Blocks const& blocks) {
+    Indexes inside;
+    Indexes outside;
+    auto block = blocks.begin();
+    int removed = 0;
+    for (int const raw : raws) {
+        for (; block != blocks.end() && block->second < raw; ++block)
+            removed += block->second - block->first + 1;
+        if (block != blocks.end() && block->first <= raw)
+            inside.push_back(raw);
+        else
+            outside.push_back(raw - removed);
+    }
+    raws = std::move(outside);
+    return inside;
+}
+
+void ConcealedList::insertBlocks(Blocks const& blocks, Indexes const& inside) {
+    auto block = blocks.begin();
+    int inserted = 0;
+    for (int& raw : raws) {
+        for (; block != blocks.end() && block->first <= raw + inserted; ++block)
+            inserted += block->second - block->first + 1;
+        raw += inserted;
+    }
+    conceal(inside);
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <utility>
 #include <vector>
 
 /// The rows or columns that the model does not show, as sorted raw indexes, and with them the mapping between raw
@@ -9,6 +10,7 @@
 class ConcealedList {
 public:
     using Indexes = std::vector<int>;
+    using Blocks = std::vector<std::pair<int, int>>; ///< first and last line each, ascending
 
     Indexes const& indexes() const { return raws; }
     int size() const { return static_cast<int>(raws.size()); }
@@ -33,6 +35,10 @@ public:
     /// Follows the removal of shown lines that can lie scattered: every entry goes down by the number of lines
     /// removed below it. `removed` is sorted.
     void shiftForRemoval(Indexes const& removed);
+    /// Follows the removal of whole blocks of lines and returns the entries that lay inside of them.
+    Indexes removeBlocks(Blocks const& blocks);
+    /// Follows the return of the blocks, `inside` being what removeBlocks gave.
+    void insertBlocks(Blocks const& blocks, Indexes const& inside);
 
 private:
     /// The number of entries below `raw`.

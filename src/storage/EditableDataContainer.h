@@ -2,6 +2,8 @@
 
 #include "storage/AbstractDataContainer.h"
 #include "storage/CellRows.h"
+#include "storage/TakenCols.h"
+#include "storage/TakenRows.h"
 
 #include <functional>
 #include <span>
@@ -50,6 +52,13 @@ public:
     bool removeCols(int col, int count) override;
     bool copyRowContentsToAnotherRow(int from, int to) override;
     bool copyColContentsToAnotherCol(int from, int to) override;
+
+    // Many blocks of rows or columns at once, to be put back later. The blocks lie inside the table.
+
+    void takeRows(TakenRows& taken, TakenRows::Blocks const& blocks);
+    void takeCols(TakenCols& taken, TakenCols::Blocks const& blocks);
+    void putBackRows(TakenRows& taken, TakenRows::Blocks const& blocks);
+    void putBackCols(TakenCols& taken, TakenCols::Blocks const& blocks);
 
     bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) override;
     bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,

@@ -18,6 +18,7 @@
 #include <vector>
 
 class EditableDataContainer;
+class TakenLines;
 
 /// Sits between the item model and the one data container of a table. It replaces the container on every load, with
 /// the thread that goes with it; turns model coordinates (what the user sees) into raw ones (what is stored) in step
@@ -130,6 +131,11 @@ public:
     /// Removes rows that the model shows; concealed rows between them stay.
     bool removeRowsModel(int row, int count, bool ignoreTranspose = false);
     bool removeColsModel(int col, int count, bool ignoreTranspose = false);
+    /// Takes whole rows or columns out of an editable table, shown or concealed ones, in one pass whatever their
+    /// number. They have to lie inside the table.
+    void take(TakenLines& lines);
+    /// Puts lines back where they were taken, or inserts empty ones.
+    void putBack(TakenLines& lines);
     /// Copies the content of model row `row` over the one `offset` rows away, growing the table to hold both.
     bool duplicateRow(int row, int offset, bool ignoreTranspose = false);
     bool duplicateCol(int col, int offset, bool ignoreTranspose = false);

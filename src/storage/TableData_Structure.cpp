@@ -1,5 +1,7 @@
 #include "core/IndexUtilities.h"
+#include "storage/EditableDataContainer.h"
 #include "storage/TableData.h"
+#include "storage/TakenLines.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -101,6 +103,34 @@ bool TableData::removeModel(Axis axis, int model, int count) {
     state.count -= static_cast<int>(raws.size());
     signalSize();
     return true;
+}
+
+// Many lines at once.
+
+void TableData::take(TakenLines& lines) {
+    if (!editableContainer || lines.count() == 0)
+        return;
+    Axis const axis = storedAxis(lines.axis, false);
+    if (axis == Axis::Rows)
+        editableContainer->takeRows(lines.rows, lines.blocks);
+    else
+        editableContainer->takeCols(lines.cols, lines.blocks);
+    lines.concealed = along(axis).concealed.removeBlocks(lines.blocks);
+    along(axis).count -= lines.count();
+    signalSize();
+}
+
+void TableData::putBack(TakenLines& lines) {
+    if (!editableContainer || lines.count() == 0)
+        return;
+    Axis const axis = storedAxis(lines.axis, false);
+    if (axis == Axis::Rows)
+        editableContainer->putBackRows(lines.rows, lines.blocks);
+    else
+        editableContainer->putBackCols(lines.cols, lines.blocks);
+    along(axis).concealed.insertBlocks(lines.blocks, lines.concealed);
+    along(axis).count += lines.count();
+    signalSize();
 }
 
 // Contents of whole lines.

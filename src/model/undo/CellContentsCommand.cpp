@@ -1,0 +1,63 @@
+#include "model/undo/CellContentsCommand.h"
+
+#include "model/TableModel.h"
+
+#include <algorithm>
+#include <utility>
+
+void CellContentsCommand::flagFirstIfNone(RangeVector& ranges) {
+    auto const holdsMainCell = [](Range const& range) { return range.hasMainCell; };
+    if (ranges.empty() || std::any_of(ranges.begin(), ranges.end(), holdsMainCell))
+        return;
+    Range& first = ranges.front();
+    first.hasMainCell = true;
+    first.mainIndex = first.mainRow = first.mainCol = 0;
+}
+
+void CellContentsCommand::retainContents() {
+    model->populateCellDataValues(cells, false, true);
+}
+
+void CellContentsCommand::carry(RangeVector const& sources, int rows, int cols, bool vacate) {
+    std::vector<RangeVector> lines;
+    model->getCellArrayByRows(lines, sources, false, false);
+    RangeVector carried;
+    model->convertCellArrayToCells(lines, carried);
+    cells.clear();
+    if (vacate) {
+        cells = carried;
+        for (Range& cell : cells)
+            cell.value = QString();
+    }
+    // The cells of the array would hold texts as they are displayed, and a long text is cut there.
+    model->populateCellDataValues(carried, true, false);
+    carried.moveRelative(rows, cols, true);
+    cells.insert(cells.end(), carried.begin(), carried.end());
+    retainContents();
+
+    if (!changeSelection)
+        return;
+    RangeVector moved = sources;
+    moved.moveRelative(rows, cols, true);
+    flagFirstIfNone(moved);
+    setSelectionCells(moved, sources);
+}
+
+void CellContentsCommand::apply() {
+    model->populateModel(cells, false, Range(RangeType::None), false);
+    model->enforceAutoFitOnModel(cells);
+    selectNewCells();
+}
+
+void CellContentsCommand::revert() {
+    for (Range& range : cells) {
+        // A whole row or column with one new text goes into excluded cells as well, so they get theirs back too.
+        auto excludedRows = std::exchange(range.excludedRows, {});
+        auto excludedCols = std::exchange(range.excludedCols, {});
+        model->populateModel(range, true, Range(RangeType::None), false);
+        range.excludedRows = std::move(excludedRows);
+        range.excludedCols = std::move(excludedCols);
+    }
+    model->enforceAutoFitOnModel(cells);
+    selectOldCells();
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "core/Enumerations.h"
+#include "model/TableModel.h"
+#include "model/undo/TableUndoCommand.h"
+
+#include <utility>
+
+/// How a part of a file's dialect is read from a model, set, and announced to the view.
+struct LineEndingDialect {
+    static constexpr auto name = "SetLineEndingCommand";
+    static constexpr auto flag = &TableModel::DialectOrigin::lineEndingSetByCommand;
+    static constexpr auto announce = &TableModel::setLineEndingForFileSaveCommand;
+    static LineEndingType get(TableModel const& model) { return model.getLineEnding(); }
+    static void set(TableModel& model, LineEndingType type) { model.setLineEnding(type); }
+};
+
+struct EncodingDialect {
+    static constexpr auto name = "SetEncodingCommand";
+    static constexpr auto flag = &TableModel::DialectOrigin::encodingSetByCommand;
+    static constexpr auto announce = &TableModel::setEncodingForFileSaveCommand;
+    static EncodingType get(TableModel const& model) { return model.getEncoding(); }
+    static void set(TableModel& model, EncodingType type) { model.setEncoding(type); }
+};
+
+struct ParsingStandardDialect {
+    static constexpr auto name = "SetParsingStandardCommand";
+    static constexpr auto flag = &TableModel::DialectOrigin::parsingStandardSetByCommand;
+    static constexpr auto announce = &TableModel::setParsingStandardForFileSaveCommand;
+    static ParsingStandard get(TableModel const& model) { return model.getParsingStandard(); }
+    static void set(TableModel& model, ParsingStandard standard) { model.setParsingStandard(standard); }
+};
+
+/// The delimiter of a save; what the file was read with stays.
+struct DelimiterDialect {
+    static constexpr auto name = "SetDelimiterCommand";
+    static constexpr auto flag = &TableModel::DialectOrigin::delimiterSetByCommand;
+    static constexpr auto announce = &TableModel::setDelimiterForFileSaveCommand;
+    static QString get(TableModel const& model) { return model.getSaveDelimiter(); }
+    static void set(TableModel& model, QString const& delimiter) {
+        model.setDelimiter(model.getDelimiter(), delimiter);
+    }
+};
+
+/// Sets a part of the dialect in which a table is saved, and notes that a command has set it. Redo and undo are the
+/// same: the stored value and the model's present one change places. The cells stay selected.
+template <class Dialect>
+class DialectCommand : public TableUndoCommand {
+public:
+    using Value = decltype(Dialect::get(std::declval<TableModel const&>()));
+
+    DialectCommand(TableModel* model, RangeVector const& cells, Value value, bool changeSelection,
+                   QUndoCommand* parent = nullptr)
+        : TableUndoCommand(model, cells, changeSelection, parent), value(std::move(value)) {
+        setText(QLatin1String(Dialect::name));
+    }
+
+    void undo() override { exchange(); }
+    void redo() override { exchange(); }
+
+private:
+    void exchange() {
+        Value const present = Dialect::get(*model);
+        std::swap(model->dialectOrigin().*Dialect::flag, setByCommand);
+        Dialect::set(*model, value);
+        (model->*Dialect::announce)(value);
+        value = present;
+        selectNewCells();
+        refreshView();
+        model->saveAfterEdit();
+    }
+
+    Value value; ///< what the next exchange sets
+    bool setByCommand = true;
+};
+
+using SetLineEndingCommand = DialectCommand<LineEndingDialect>;
+using SetEncodingCommand = DialectCommand<EncodingDialect>;
+using SetParsingStandardCommand = DialectCommand<ParsingStandardDialect>;
+using SetDelimiterCommand = DialectCommand<DelimiterDialect>;

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "model/RangeAxis.h"
+#include "model/TableModel.h"
+
+#include <numeric>
+
+/// The row side or the column side of a table model, so that commands on rows and on columns are written once. "Line"
+/// stands for a row or a column; lines are Model.
+class ModelAxis {
+public:
+    using Indexes = TableModel::Indexes;
+
+    ModelAxis(TableModel& model, Axis axis) : model(model), axis(axis), rows(axis == Axis::Rows) {}
+
+    /// The members of a Range along this axis.
+    RangeAxis const& names() const { return rangeAxis(axis); }
+    /// Whether moving or inserting lines moves a range: it is a Cell or a whole line.
+    bool isLineOrCell(Range const& range) const {
+        return range.type == RangeType::Cell || range.type == names().lineType;
+    }
+
+    int rawCount() const { return rows ? model.rowCountRaw() : model.columnCountRaw(); }
+    int modelCount() const { return rows ? model.rowCountModel() : model.columnCountModel(); }
+
+    /// The lines that ranges touch, ascending.
+    Indexes touchedLines(RangeVector const& ranges) const {
+        Indexes lines;
+        rows ? model.getOrderedSetOfRows(lines, ranges, RangeIndexType::Model)
+             : model.getOrderedSetOfCols(lines, ranges, RangeIndexType::Model);
+        return lines;
+    }
+    /// The start lines of ranges, ascending. Ranges that cross all lines have none.
+    Indexes startLines(RangeVector const& ranges) const {
+        Indexes lines;
+        rows ? ranges.getOrderedSetOfRowsRaw(lines) : ranges.getOrderedSetOfColsRaw(lines);
+        std::erase_if(lines, [](int line) { return line < 0; });
+        return lines;
+    }
+    Indexes rawFromModel(Indexes const& lines) const {
+        return rows ? model.getRawFromModelRows(lines) : model.getRawFromModelCols(lines);
+    }
+    int numEmptyRawAtEnd() const { return rows ? model.numEmptyRowsRawAtEnd() : model.numEmptyColumnsRawAtEnd(); }
+
+    // Changes of the data and the grid.
+
+    void insert(int line, int count) { rows ? model.insertRows(line, count) : model.insertColumns(line, count); }
+    void remove(int line, int count) { rows ? model.removeRows(line, count) : model.removeColumns(line, count); }
+    // Changes of the data alone.
+    void move(int line, int offset) {
+        TableData& data = model.getTableData();
+        rows ? data.moveRowRelative(line, offset) : data.moveColRelative(line, offset);
+    }
+    void duplicate(int line, int offset) {
+        TableData& data = model.getTableData();
+        rows ? data.duplicateRow(line, offset) : data.duplicateCol(line, offset);
+    }
+
+    // The selection and the view.
+
+    void pullBackSelection() {
+        bool mainCellChanged = false;
+        rows ? model.removeExtraneousRows(mainCellChanged) : model.removeExtraneousCols(mainCellChanged);
+    }
+    void scrollTo(int line) { rows ? model.scrollToRow(line, true, true) : model.scrollToCol(line, true, true); }
+    void fitAll() {
+        Indexes lines(static_cast<std::size_t>(modelCount()));
+        std::iota(lines.begin(), lines.end(), 0);
+        rows ? model.enforceAutoFitRowHeights(lines) : model.enforceAutoFitColWidths(lines);
+    }
+
+private:
+    TableModel& model;
+    Axis axis;
+    bool rows;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "model/undo/ContentCommand.h"
+
+/// Exchanges the rows and columns of a table.
+class TransposeTableCommand : public ContentCommand {
+public:
+    /// `cells` is the selection, which is transposed with the table.
+    TransposeTableCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
+                          QUndoCommand* parent = nullptr);
+
+protected:
+    void apply() override;
+    void revert() override;
+
+private:
+    void transpose();
+};

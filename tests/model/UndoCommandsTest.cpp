@@ -1,0 +1,454 @@
+// Every undo command through apply, undo, redo and undo, on tables that stand as loaded, with concealed lines,
+// transposed and both.
+
+#include "model/undo/ChangeSelectionCommand.h"
+#include "model/undo/DialectCommand.h"
+#include "model/undo/DuplicateCellContentsCommand.h"
+#include "model/undo/DuplicateLinesCommand.h"
+#include "model/undo/InsertLinesCommand.h"
+#include "model/undo/MoveCellContentsCommand.h"
+#include "model/undo/MoveLinesCommand.h"
+#include "model/undo/PasteCommand.h"
+#include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
+#include "model/undo/RemoveLinesCommand.h"
+#include "model/undo/ReplaceLineBreaksCommand.h"
+#include "model/undo/SetModelDataCommand.h"
+#include "model/undo/TransposeTableCommand.h"
+#include "tests/model/SelectionText.h"
+#include "tests/model/TableModelFixture.h"
+
+#include <QDir>
+#include <QUndoStack>
+
+#include <memory>
+#include <random>
+
+namespace {
+
+using Make = TableUndoCommand* (*)(TableModel*, RangeVector const&);
+
+struct Case {
+    char const* text; ///< the class name
+    char const*
+        selection; ///< see SelectionText; the main cell is the start of the first range, or next to it in a line
+    Make make;
+    char const* expected; ///< of the table as loaded
+};
+
+constexpr char const* content = "a0,a1,a2,a3,\nb0,b1,b2,b3,\nc0,c1,,c3,\nd0,\xc3\xa9,,,\n,,,,\n";
+
+Range filled(char const* text, char const* value) {
+    Range range = rangesFrom(text).front();
+    range.value = QString::fromUtf8(value);
+    return range;
+}
+
+Range withLine(char const* text, std::vector<QVariant> values) {
+    Range range = rangesFrom(text).front();
+    range.lineValues = std::move(values);
+    return range;
+}
+
+Range excluding(Range range, int col) {
+    range.excludedCols = {col};
+    return range;
+}
+
+Case const cases[] = {
+    {"SetModelDataCommand", "C1,1",
+     [](TableModel* m, RangeVector const&) -> TableUndoCommand* {
+         return new SetModelDataCommand(m, {filled("C1,1*", "X")}, {filled("C0,0", "E"), filled("C1,1", "-")}, true,
+                                        true);
+     },
+     "E a1 a2 a3 -|b0 X b2 b3 -|c0 c1 - c3 -|d0 é - - -|- - - - -"},
+    {"SetModelDataCommand", "C0,0",
+     [](TableModel* m, RangeVector const&) -> TableUndoCommand* {
+         return new SetModelDataCommand(m, {filled("C6,6", "far")}, false);
+     },
+     "a0 a1 a2 a3 - - -|b0 b1 b2 b3 - - -|c0 c1 - c3 - - -|d0 é - - - - -|- - - - - - -|- - - - - - -|- - - - - - far"},
+    {"SetModelDataCommand", "R1,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         auto* command = new SetModelDataCommand(m, {excluding(filled("R1,0", "z"), 2)}, true);
+         command->setSelectionCells(s);
+         return command;
+     },
+     "a0 a1 a2 a3 - -|z z z z z z|c0 c1 - c3 - -|d0 é - - - -|- - - - - -"},
+    {"SetModelDataCommand", "K1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         auto* command = new SetModelDataCommand(m, {withLine("K1,1", {"p", "q"})}, true);
+         command->setSelectionCells({filled("C0,0*", "")}, s);
+         return command;
+     },
+     "a0 a1 a2 a3 -|b0 p b2 b3 -|c0 q - c3 -|d0 - - - -|- - - - -"},
+    {"SetModelDataCommand", "T0,0",
+     [](TableModel* m, RangeVector const&) -> TableUndoCommand* {
+         return new SetModelDataCommand(m, {filled("T0,0", "t")}, false);
+     },
+     "t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t"},
+    {"PasteCommand", "C1,1 C2,2",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new PasteCommand(m, {filled("C8,9", "P"), filled("C9,8", "Q")}, s, true);
+     },
+     "a0 a1 a2 a3 -|b0 b1 P b3 -|c0 Q - c3 -|d0 é - - -|- - - - -"},
+    {"PasteCommand", "C2,3 C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new PasteCommand(m, {filled("C0,0", "one")}, s, true);
+     },
+     "a0 a1 a2 a3 -|b0 b1 b2 b3 -|c0 c1 - one -|d0 é - - -|- - - - -"},
+    {"MoveCellContentsCommand", "C1,1 C1,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new MoveCellContentsCommand(m, s, 1, -1, true);
+     },
+     "a0 a1 a2 a3 -|- - b2 b3 -|b1 c1 - c3 -|d0 é - - -|- - - - -"},
+    {"MoveCellContentsCommand", "R2,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new MoveCellContentsCommand(m, s, 0, 2, true);
+     },
+     "a0 a1 a2 a3 - -|b0 b1 b2 b3 - -|c0 - - c1 - c3|d0 é - - - -|- - - - - -"},
+    {"DuplicateCellContentsCommand", "C0,1 C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new DuplicateCellContentsCommand(m, s, Direction::Down, true);
+     },
+     "a0 a1 a2 a3 -|b0 a1 b2 b3 -|c0 b1 - c3 -|d0 é - - -|- - - - -"},
+    {"DuplicateCellContentsCommand", "K3,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new DuplicateCellContentsCommand(m, s, Direction::Left, true);
+     },
+     "a0 a1 a3 a3 -|b0 b1 b3 b3 -|c0 c1 c3 c3 -|d0 é - - -|- - - - -"},
+    {"ReplaceLineBreaksCommand", "C0,0",
+     [](TableModel* m, RangeVector const&) -> TableUndoCommand* {
+         RangeVector cells{Range(2, 1, RangeIndexType::Raw), Range(1, 2, RangeIndexType::Raw)};
+         for (Range& cell : cells) {
+             cell.value = QStringLiteral("one line");
+             cell.oldValue = m->getTableData().getValueRaw(cell.row, cell.col);
+         }
+         return new ReplaceLineBreaksCommand(m, cells);
+     },
+     "a0 a1 a2 a3 -|b0 b1 one line b3 -|c0 one line - c3 -|d0 é - - -|- - - - -"},
+    {"InsertRowsCommand", "R1,1 C3,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new InsertRowsCommand(m, s, 2, true, true);
+     },
+     "a0 a1 a2 a3 -|- - - - -|- - - - -|b0 b1 b2 b3 -|c0 c1 - c3 -|- - - - -|- - - - -|d0 é - - -|- - - - -"},
+    {"InsertRowsCommand", "C4,0 C0,2",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new InsertRowsCommand(m, s, 1, false, true);
+     },
+     "a0 a1 a2 a3 -|- - - - -|b0 b1 b2 b3 -|c0 c1 - c3 -|d0 é - - -|- - - - -|- - - - -"},
+    {"InsertColsCommand", "C0,0 K2,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new InsertColsCommand(m, s, 1, true, true);
+     },
+     "- a0 a1 - a2 a3 -|- b0 b1 - b2 b3 -|- c0 c1 - - c3 -|- d0 é - - - -|- - - - - - -"},
+    {"RemoveRowsCommand", "C2,1 R0,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new RemoveRowsCommand(m, s, 1, true); },
+     "b0 b1 b2 b3 -|d0 é - - -|- - - - -"},
+    {"RemoveRowsCommand", "C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new RemoveRowsCommand(m, s, std::vector<int>{3, 0, 1, 4, 99}, true);
+     },
+     "c0 c1 - c3 -"},
+    {"RemoveRowsCommand", "T0,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new RemoveRowsCommand(m, s, 1, true); }, ""},
+    {"RemoveColsCommand", "K3,0 C1,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new RemoveColsCommand(m, s, 2, true); },
+     "a2|b2|-|-|-"},
+    {"MoveRowsRelativeCommand", "R0,1 C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new MoveRowsRelativeCommand(m, s, 2, true);
+     },
+     "c0 c1 - c3 -|d0 é - - -|a0 a1 a2 a3 -|b0 b1 b2 b3 -|- - - - -"},
+    {"MoveRowsRelativeCommand", "C3,1 C1,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new MoveRowsRelativeCommand(m, s, -7, true);
+     },
+     "b0 b1 b2 b3 -|a0 a1 a2 a3 -|d0 é - - -|c0 c1 - c3 -|- - - - -"},
+    {"MoveColsRelativeCommand", "C0,1 C0,3",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new MoveColsRelativeCommand(m, s, 3, true);
+     },
+     "a0 a2 - - a1 - a3|b0 b2 - - b1 - b3|c0 - - - c1 - c3|d0 - - - é - -|- - - - - - -"},
+    {"MoveRowsAbsoluteCommand", "R0,0 C3,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new MoveRowsAbsoluteCommand(m, s, 2, true);
+     },
+     "b0 b1 b2 b3 -|a0 a1 a2 a3 -|d0 é - - -|c0 c1 - c3 -|- - - - -"},
+    {"MoveColsAbsoluteCommand", "K2,0 K3,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new MoveColsAbsoluteCommand(m, s, 0, true);
+     },
+     "a2 a3 a0 a1 -|b2 b3 b0 b1 -|- c3 c0 c1 -|- - d0 é -|- - - - -"},
+    {"DuplicateRowsCommand", "R0,1 R1,0 C3,2",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new DuplicateRowsCommand(m, s, 1, true); },
+     "a0 a1 a2 a3 -|b0 b1 b2 b3 -|a0 a1 a2 a3 -|b0 b1 b2 b3 -|c0 c1 - c3 -|d0 é - - -|d0 é - - -|- - - - -"},
+    {"DuplicateColsCommand", "C2,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new DuplicateColsCommand(m, s, 2, true); },
+     "a0 a1 a1 a1 a2 a3 -|b0 b1 b1 b1 b2 b3 -|c0 c1 c1 c1 - c3 -|d0 é é é - - -|- - - - - - -"},
+    {"RemoveEmptyRowsColsAtEndCommand", "C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new RemoveEmptyRowsColsAtEndCommand(m, s, true);
+     },
+     "a0 a1 a2 a3|b0 b1 b2 b3|c0 c1 - c3|d0 é - -"},
+    {"SetLineEndingCommand", "C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new SetLineEndingCommand(m, s, LineEndingType::Windows, true);
+     },
+     nullptr},
+    {"SetEncodingCommand", "C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new SetEncodingCommand(m, s, EncodingType::Utf16LE, true);
+     },
+     nullptr},
+    {"SetParsingStandardCommand", "C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new SetParsingStandardCommand(m, s, ParsingStandard::AllQuotes, true);
+     },
+     nullptr},
+    {"SetDelimiterCommand", "C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new SetDelimiterCommand(m, s, QStringLiteral(";"), true);
+     },
+     nullptr},
+    {"TransposeTableCommand", "R2,1 C0,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new TransposeTableCommand(m, s, true); },
+     "a0 b0 c0 d0 -|a1 b1 c1 é -|a2 b2 - - -|a3 b3 c3 - -|- - - - -"},
+    {"ChangeSelectionCommand", "R1,1 C0,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new ChangeSelectionCommand(m, s, rangesFrom("C2,2*"));
+     },
+     nullptr},
+};
+
+enum Standing { AsLoaded, Concealed, Transposed, ConcealedAndTransposed };
+
+class UndoCommands : public TableModelFixture {
+protected:
+    void prepare(int standing) {
+        load(content);
+        model.setNumBufferRows(2);
+        model.setNumBufferCols(1);
+        if (standing == Transposed || standing == ConcealedAndTransposed)
+            model.toggleTranspose();
+        if (standing == Concealed || standing == ConcealedAndTransposed) {
+            model.concealRawRows({1});
+            model.concealRawCols({2, 3});
+        }
+        model.enforceTableSize();
+        model.setRowSortData({SortType::Ascending, Axis::Rows, 1});
+        model.setColSortData({SortType::Descending, Axis::Columns, 0});
+    }
+
+    /// Selects what a case asks for and makes its command.
+    TableUndoCommand* make(Case const& test) {
+        RangeVector const ranges = rangesFrom(test.selection);
+        Range const& first = ranges.front();
+        bool const nextToStart = first.type == RangeType::Row;
+        model.setSelection(modelCell(first.row, first.col + nextToStart), ranges);
+        return test.make(&model, model.getSelection());
+    }
+
+    /// All that undo has to bring back.
+    std::string state() {
+        EXPECT_TRUE(model.saveCSV(false, false));
+        Range const& main = model.getMainCell();
+        std::string text = read(model.getFilepath()).toHex(' ').toStdString();
+        auto const add = [&](std::string const& name, auto... numbers) {
+            text += "\n" + name;
+            ((text += " " + std::to_string(static_cast<int>(numbers))), ...);
+        };
+        add("raw", model.rowCountRaw(), model.columnCountRaw());
+        add("model", model.rowCountModel(), model.columnCountModel());
+        add("grid", model.rowCount(), model.columnCount());
+        add("selection " + textOf(model.getSelection()), main.row, main.col);
+        add("rows sorted by", model.getRowSortData().sortType, model.getRowSortData().axis,
+            model.getRowSortData().index);
+        add("columns sorted by", model.getColSortData().sortType, model.getColSortData().axis,
+            model.getColSortData().index);
+        for (int const raw : model.getTableData().getConcealedRowsRaw())
+            add("concealed row", raw);
+        for (int const raw : model.getTableData().getConcealedColsRaw())
+            add("concealed column", raw);
+        TableModel::DialectOrigin const& origin = model.dialectOrigin();
+        add("dialect " + model.getSaveDelimiter().toStdString(), model.getLineEnding(), model.getEncoding(),
+            model.getParsingStandard(), origin.delimiterSetByCommand, origin.lineEndingSetByCommand,
+            origin.encodingSetByCommand, origin.parsingStandardSetByCommand);
+        return text;
+    }
+
+    std::string table() const {
+        std::string result;
+        for (int row = 0; row < model.rowCountModel(); ++row) {
+            result += row ? "|" : "";
+            for (int col = 0; col < model.columnCountModel(); ++col) {
+                std::string const cell = text(row, col).toStdString();
+                result += (col ? " " : "") + (cell.empty() ? "-" : cell);
+            }
+        }
+        return result;
+    }
+
+    QUndoStack stack;
+};
+
+class EveryUndoCommand : public UndoCommands, public testing::WithParamInterface<std::tuple<std::size_t, int>> {};
+
+TEST_P(EveryUndoCommand, UndoBringsBackWhatWasAndRedoWhatBecame) {
+    auto const [index, standing] = GetParam();
+    Case const& test = cases[index];
+    prepare(standing);
+    std::unique_ptr<TableUndoCommand> const command(make(test));
+    std::string const before = state();
+    EXPECT_EQ(command->text(), QLatin1String(test.text));
+
+    command->redo();
+    if (standing == AsLoaded && test.expected) {
+        EXPECT_EQ(table(), test.expected);
+    }
+    std::string const after = state();
+    EXPECT_NE(after, before);
+    command->undo();
+    EXPECT_EQ(state(), before);
+    command->redo();
+    EXPECT_EQ(state(), after);
+    command->undo();
+    EXPECT_EQ(state(), before);
+}
+
+std::string nameOf(testing::TestParamInfo<std::tuple<std::size_t, int>> const& info) {
+    static char const* const standings[] = {"AsLoaded", "Concealed", "Transposed", "Both"};
+    std::size_t const index = std::get<0>(info.param);
+    return cases[index].text + std::to_string(index) + standings[std::get<1>(info.param)];
+}
+
+INSTANTIATE_TEST_SUITE_P(Undo, EveryUndoCommand,
+                         testing::Combine(testing::Range(std::size_t(0), std::size(cases)), testing::Range(0, 4)),
+                         nameOf);
+
+TEST_F(UndoCommands, AnySequenceCanBeUndoneAndRedoneStepByStep) {
+    for (unsigned seed = 0; seed < 40; ++seed) {
+        std::mt19937 random(seed);
+        prepare(static_cast<int>(seed % 4));
+        std::vector<std::string> states;
+        std::vector<std::string> names;
+        for (int step = 0; step < 6; ++step) {
+            Case const& test = cases[random() % std::size(cases)];
+            TableUndoCommand* const command = make(test);
+            states.push_back(state());
+            names.emplace_back(test.text);
+            stack.push(command);
+        }
+        std::string const end = state();
+        for (std::size_t step = states.size(); step-- > 0;) {
+            // What another command selected in between is not part of this command's undo.
+            stack.undo();
+            std::string const now = state();
+            ASSERT_EQ(now.substr(0, now.find("\ngrid")), states[step].substr(0, states[step].find("\ngrid")))
+                << "seed " << seed << ", undo of step " << step << ' ' << testing::PrintToString(names);
+        }
+        while (stack.canRedo())
+            stack.redo();
+        ASSERT_EQ(state(), end) << "seed " << seed << ' ' << testing::PrintToString(names);
+        stack.clear();
+    }
+}
+
+TEST_F(UndoCommands, ManyPlacesAreInsertedAndRemovedInOnePass) {
+    for (Axis const axis : {Axis::Rows, Axis::Columns}) {
+        QByteArray lines;
+        for (int line = 0; line < 300; ++line)
+            lines += axis == Axis::Rows ? "x" + QByteArray::number(line) + ",y\n" : QByteArray::number(line) + ",";
+        load(lines);
+        bool const rows = axis == Axis::Rows;
+        rows ? model.concealRawRows({7, 8, 250}) : model.concealRawCols({7, 8, 250});
+        model.enforceTableSize();
+        model.setSelection(modelCell(3, 0));
+        std::string const before = state();
+        int const sizeBefore = rows ? model.rowCountRaw() : model.columnCountRaw();
+        RangeVector everyOther;
+        for (int line = 0; line < 290; line += 2)
+            everyOther.emplace_back(rows ? line : 0, rows ? 0 : line, RangeIndexType::Model);
+        std::vector<TableUndoCommand*> const commands =
+            rows ? std::vector<TableUndoCommand*>{new InsertRowsCommand(&model, everyOther, 2, true, false),
+                                                  new RemoveRowsCommand(&model, everyOther, 1, false)}
+                 : std::vector<TableUndoCommand*>{new InsertColsCommand(&model, everyOther, 2, true, false),
+                                                  new RemoveColsCommand(&model, everyOther, 1, false)};
+        for (TableUndoCommand* const command : commands) {
+            int const change = command == commands.front() ? 290 : -145;
+            stack.push(command);
+            EXPECT_EQ((rows ? model.rowCountRaw() : model.columnCountRaw()) - sizeBefore, change);
+            EXPECT_EQ(text(rows ? 3 : 0, rows ? 0 : 3).isEmpty(), false);
+            stack.undo();
+            EXPECT_EQ(state(), before);
+        }
+    }
+}
+
+TEST_F(UndoCommands, TheSortArrowLeavesWithAnEditAndComesBackWithItsUndo) {
+    prepare(AsLoaded);
+    QSignalSpy const headers(&model, &TableModel::refreshHeadersSignal);
+    QString const arrow = model.headerData(1, Qt::Horizontal).toString();
+    EXPECT_EQ(arrow, QStringLiteral("1 ") + QChar(0x2191));
+    stack.push(make(cases[0]));
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), "1");
+    stack.undo();
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), arrow);
+    EXPECT_EQ(headers.count(), 4);
+}
+
+TEST_F(UndoCommands, MovedCellsKeepLongTextsWhole) {
+    QByteArray const text(5000, 'x');
+    load("a," + text + "\n");
+    stack.push(new MoveCellContentsCommand(&model, rangesFrom("C0,1*"), 0, -1, true));
+    EXPECT_EQ(this->text(0, 0, Qt::EditRole), QString::fromLatin1(text));
+}
+
+TEST_F(UndoCommands, AnEditCostsOneRefreshHoweverManyCells) {
+    prepare(AsLoaded);
+    QSignalSpy const changes(&model, &TableModel::dataChanged);
+    RangeVector cells;
+    for (int i = 0; i < 16; ++i)
+        cells.push_back(filled(("C" + std::to_string(i / 4) + "," + std::to_string(i % 4)).c_str(), "same"));
+    stack.push(new SetModelDataCommand(&model, cells, true));
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(UndoCommands, ACommandStaysUndoableWhenItsAutomaticSaveFails) {
+    prepare(AsLoaded);
+    std::string const before = state();
+    QString const path = model.getFilepath();
+    model.setSaveAfterEachEdit(true);
+    QSignalSpy const failures(&model, &TableModel::autoSaveFailedSignal);
+    QSignalSpy const clean(&model, &TableModel::undoStackCleanChangedSignal);
+
+    QDir().rename(directory.path(), directory.path() + ".away");
+    stack.push(make(cases[0]));
+    ASSERT_EQ(failures.count(), 1);
+    EXPECT_EQ(failures.front().at(0), path);
+    EXPECT_NE(failures.front().at(1), QString());
+    EXPECT_EQ(clean.count(), 0);
+    EXPECT_TRUE(stack.canUndo());
+    QDir().rename(directory.path() + ".away", directory.path());
+
+    stack.undo();
+    EXPECT_EQ(clean.count(), 1);
+    EXPECT_EQ(read(path), content);
+    stack.redo();
+    EXPECT_TRUE(read(path).startsWith("E,a1,"));
+    stack.undo();
+    EXPECT_EQ(state(), before);
+}
+
+TEST_F(UndoCommands, DialectCommandsTellTheViewAndMarkTheirPart) {
+    prepare(AsLoaded);
+    QSignalSpy const delimiters(&model, &TableModel::setDelimiterSignal);
+    stack.push(new SetDelimiterCommand(&model, model.getSelection(), QStringLiteral("|"), true));
+    EXPECT_TRUE(model.dialectOrigin().delimiterSetByCommand);
+    EXPECT_EQ(model.getDelimiter(), ",");
+    stack.undo();
+    EXPECT_FALSE(model.dialectOrigin().delimiterSetByCommand);
+    ASSERT_EQ(delimiters.count(), 2);
+    EXPECT_EQ(delimiters.at(0).at(0), "|");
+    EXPECT_EQ(delimiters.at(1).at(0), ",");
+}
+
+} // namespace
