@@ -27,3 +27,47 @@ enum class Context : unsigned {
 };
 
 Q_DECLARE_METATYPE(Context)
+
+constexpr Context operator|(Context a, Context b) {
+    return static_cast<Context>(static_cast<unsigned>(a) | static_cast<unsigned>(b));
+}
+constexpr Context operator&(Context a, Context b) {
+    return static_cast<Context>(static_cast<unsigned>(a) & static_cast<unsigned>(b));
+}
+constexpr Context operator~(Context a) {
+    return static_cast<Context>(~static_cast<unsigned>(a));
+}
+constexpr Context& operator|=(Context& a, Context b) {
+    return a = a | b;
+}
+constexpr Context& operator&=(Context& a, Context b) {
+    return a = a & b;
+}
+
+/// Whether `value` has at least one bit of `bits`.
+constexpr bool hasAnyContext(Context value, Context bits) {
+    return (value & bits) != Context::None;
+}
+
+/// The bits that each table keeps for itself; they follow the active table.
+constexpr Context tableContextMask = Context::TableActive | Context::CellEditing | Context::MultiCellSelection |
+                                     Context::MultiCellSelectionExtra | Context::FileOnDisk | Context::FiltersPresent |
+                                     Context::HiddenPresent | Context::FiltersOrHiddenPresent | Context::ReadOnly;
+
+/// The bits that belong to the window, whichever table is active.
+constexpr Context globalContextMask = Context::FolderOpen | Context::Navigating | Context::EditorPaneShown |
+                                      Context::LauncherOpen | Context::FindReplaceOpen | Context::FindMode |
+                                      Context::ReplaceMode | Context::FindAllMode | Context::FindResultsMode;
+
+/// Adds bits to `value`, and what follows from them: an open launcher means an active table, an edited cell means that
+/// the table is not navigated, and so on. Adding Context::Any sets all bits.
+void addContextGlobal(Context& value, Context add);
+
+/// Takes bits from `value`, and what cannot stay without them.
+void removeContextGlobal(Context& value, Context remove);
+
+/// `context` with all that follows from it.
+Context modifyContext(Context context);
+
+/// Whether commands that require `a` and `b` can be live together, apart from both needing a table.
+bool doContextsOverlap(Context a, Context b);
