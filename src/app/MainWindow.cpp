@@ -37,6 +37,8 @@ void MainWindow::buildWidgets() {
     setStatusBar(labelBar);
     connect(tabBar, &TabBar::tabBarIndexChangedSignal, this, &MainWindow::setActiveTable);
     connect(tabBar, &TabBar::closeFileSignal, this, &MainWindow::closeFile);
+    connect(paneView, &PaneView::addContextSignal, this, [this](Context flags) { setContext(context | flags); });
+    connect(paneView, &PaneView::removeContextSignal, this, [this](Context flags) { setContext(context & ~flags); });
     connect(paneView, &PaneView::tableLoadedSignal, this, &MainWindow::onTableLoaded);
 }
 
@@ -70,6 +72,11 @@ void MainWindow::setActiveTable(TableView* table) {
     table->setFocus();
     updateWindowTitle();
     updateStatusBar();
+}
+
+void MainWindow::setContext(Context newContext) {
+    context = newContext;
+    paneView->setContext(context);
 }
 
 void MainWindow::updateWindowTitle() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "appearance/Theme.h"
+#include "core/Context.h"
 #include "core/ExtensionData.h"
 
 #include <QMainWindow>
@@ -45,6 +46,8 @@ public:
 
 public slots:
     void setActiveTable(TableView* table);
+    /// What the window and its table are doing now.
+    void setContext(Context newContext);
     void commandNewFile();
     void commandOpenFile();
     void commandSaveFile();
@@ -85,6 +88,7 @@ private:
     Theme theme;
     std::vector<ExtensionData> extensions;
     PaneView* paneView = nullptr;
+    Context context = Context::TableActive; ///< the state by which commands are live
     TabBar* tabBar = nullptr;
     StatusBar* labelBar = nullptr;
     TableView* activeTable = nullptr;

@@ -1,14 +1,22 @@
 #include "app/PaneView.h"
 
 #include "app/LoadProgressOverlay.h"
+#include "view/EditorPaneLoader.h"
 
 #include <QFileInfo>
+#include <QSplitter>
 #include <QStackedLayout>
+#include <QStackedWidget>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
-PaneView::PaneView(QWidget* parent) : QWidget(parent), pages(new QStackedLayout(this)) {
-    pages->setContentsMargins(0, 0, 0, 0);
+PaneView::PaneView(QWidget* parent)
+    : QWidget(parent), splitter(new QSplitter(Qt::Vertical, this)), pages(new QStackedWidget(splitter)) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(splitter);
+    setupEditorPane();
 }
 
 void PaneView::addTable(TableView* table) {
@@ -21,15 +29,21 @@ void PaneView::addTable(TableView* table) {
     Page const page{table, stack, overlay};
     pageList.push_back(page);
     showOverlay(page, table->isLoading());
-    connect(table, &TableView::startProgressUpdateSignal, stack, [this, page] {
+    connectLoad(page);
+    connectEditing(table);
+}
+
+void PaneView::connectLoad(Page const& page) {
+    TableView const* const table = page.table;
+    connect(table, &TableView::startProgressUpdateSignal, page.stack, [this, page] {
         showOverlay(page, true);
         page.table->onStartProgressUpdate();
     });
-    connect(table, &TableView::loadProgressUpdateSignal, stack, [page](int done, int steps, int sizeMiB) {
+    connect(table, &TableView::loadProgressUpdateSignal, page.stack, [page](int done, int steps, int sizeMiB) {
         page.overlay->setProgress(done, steps);
         page.table->onLoadProgressUpdate(done, steps, sizeMiB);
     });
-    connect(table, &TableView::loadFinishedSignal, stack, [this, page] {
+    connect(table, &TableView::loadFinishedSignal, page.stack, [this, page] {
         page.table->onLoadFinished();
         showOverlay(page, false);
         emit tableLoadedSignal(page.table);
@@ -42,15 +56,30 @@ void PaneView::removeTable(TableView* table) {
     if (page == pageList.end()) {
         return;
     }
+    disconnect(table, nullptr, this, nullptr);
+    if (activeTable == table) {
+        activeTable = nullptr;
+        shownCell = Range();
+        loader->request(QString());
+    }
     table->setParent(nullptr);
     delete page->stack;
     pageList.erase(page);
 }
 
 void PaneView::setActiveTable(TableView* table) {
-    if (Page const* page = pageOf(table)) {
-        pages->setCurrentWidget(page->stack);
+    Page const* const page = pageOf(table);
+    if (page == nullptr || table == activeTable) {
+        return;
     }
+    if (activeTable != nullptr && activeTable->isEditing()) {
+        activeTable->stopEditing();
+    }
+    activeTable = table;
+    pages->setCurrentWidget(page->stack);
+    table->setContext(context);
+    shownCell = Range();
+    onMainCellChanged(table->getMainCell(true));
 }
 
 TableView* PaneView::getTableView(QString const& path) const {

@@ -2,14 +2,19 @@
 
 #include "view/TableView.h"
 
+#include <QVariantAnimation>
 #include <QWidget>
 
 #include <vector>
 
+class EditorPane;
+class EditorPaneLoader;
 class LoadProgressOverlay;
-class QStackedLayout;
+class QSplitter;
+class QStackedWidget;
 
-/// Holds every table of a window and shows one of them, or the progress of its load.
+/// Holds every table of a window and shows one of them, or the progress of its load, and below it the editor pane with
+/// the main cell of that table.
 class PaneView : public QWidget {
     Q_OBJECT
 
@@ -24,10 +29,31 @@ public:
     /// The table whose file is `path`, also by another spelling of the same file; null if it is not open.
     TableView* getTableView(QString const& path) const;
     std::vector<TableView*> getTables() const;
+    TableView* getActiveTable() const { return activeTable; }
+
+    /// Passes the state of the window to the active table.
+    void setContext(Context newContext);
+
+    // The editor pane.
+
+    EditorPane* getEditorPane() const { return editorPane; }
+    bool isEditorPaneShown() const { return editorPaneShown; }
+    /// In pixels, also of a pane that is hidden.
+    int getEditorPaneHeight() const { return editorPaneHeight; }
+    void setEditorPaneHeight(int height) { editorPaneHeight = height; }
+    void setLetEditorPaneConsumeNavigationKeystrokes(bool on);
+
+public slots:
+    void showEditorPane(bool show, bool animate);
 
 signals:
+    void addContextSignal(Context flags);
+    void removeContextSignal(Context flags);
     /// A background load of `table` has ended and the table shows again.
     void tableLoadedSignal(TableView* table);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// What stands for one table: the table itself, and in front of it the progress of its load.
@@ -40,6 +66,31 @@ private:
     Page const* pageOf(TableView const* table) const;
     void showOverlay(Page const& page, bool on);
 
-    QStackedLayout* pages;
+    void setupEditorPane();
+    void connectLoad(Page const& page);
+    void connectEditing(TableView* table);
+    void onStartOffCellEdit(bool overwrite, bool atEnd);
+    void onStartOffCellEdit(bool overwrite, QKeyEvent* event);
+    void onEditingFinished();
+    void onEditorPaneFocusIn();
+    void onEditorPaneTextChanged();
+    void onMainCellChanged(Range const& mainCell);
+    void prepareEditorPane(bool overwrite);
+    void animateEditorPane(int from, int to);
+    void setEditorPaneHeightSlot(QVariant const& height);
+    void noteEditorPaneShown(bool shown);
+
+    QSplitter* splitter;
+    QStackedWidget* pages;
     std::vector<Page> pageList;
+    TableView* activeTable = nullptr;
+    Context context = Context::TableActive;
+    EditorPane* editorPane;
+    EditorPaneLoader* loader;
+    QVariantAnimation heightAnimation;
+    bool editorPaneShown = false;
+    int editorPaneHeight = 150; ///< pixels
+    Range shownCell;            ///< whose text the pane shows
+    bool typedDuringLoad = false;
+    bool keepPaneText = false; ///< the edit that begins comes from the text in the pane
 };

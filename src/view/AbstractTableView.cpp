@@ -1,11 +1,11 @@
 #include "view/AbstractTableView.h"
 
 #include "model/TableModel.h"
-#include "view/CellDelegate.h"
 #include "view/CellHit.h"
 #include "view/HeaderView.h"
 #include "view/PressRules.h"
 #include "view/SelectionMoves.h"
+#include "view/TableDelegate.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -31,7 +31,8 @@ std::unique_ptr<QMouseEvent> copyOf(QMouseEvent const& event) {
 } // namespace
 
 AbstractTableView::AbstractTableView(TableType type, QWidget* parent)
-    : QTableView(parent), tableType(type), horizontalHeaderView(new HeaderView(Qt::Horizontal, this)),
+    : QTableView(parent), delegate(new TableDelegate(this)), tableType(type),
+      horizontalHeaderView(new HeaderView(Qt::Horizontal, this)),
       verticalHeaderView(new HeaderView(Qt::Vertical, this)) {
     setTextElideMode(Qt::ElideRight);
     setWordWrap(false);
@@ -46,7 +47,9 @@ AbstractTableView::AbstractTableView(TableType type, QWidget* parent)
     // Selecting and scrolling are this class's alone, also where it calls Qt's handlers.
     setSelectionMode(QAbstractItemView::NoSelection);
     setAutoScroll(false);
-    setItemDelegate(new CellDelegate(this));
+    setItemDelegate(delegate);
+    // Edits begin by startEditingSignal and never by themselves.
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
 }
 
 AbstractTableView::~AbstractTableView() = default;
@@ -281,6 +284,45 @@ void AbstractTableView::focusInEvent(QFocusEvent* event) {
         return;
     acceptNextOtherFocus = false;
     QAbstractItemView::focusInEvent(event);
+    // Qt's handler goes by its own current cell, which is not used.
+    setAttribute(Qt::WA_InputMethodEnabled);
+}
+
+// Editing.
+
+void AbstractTableView::setEditState(bool open, QuickEdit* editor) {
+    editing = open;
+    cellEditor = editor;
+}
+
+void AbstractTableView::openEditor(QModelIndex const& index) {
+    QTableView::edit(index, AllEditTriggers, nullptr);
+}
+
+void AbstractTableView::editOnAnyKeyPressed(QModelIndex const& index, QKeyEvent* event) {
+    setEditTriggers(AnyKeyPressed);
+    QTableView::edit(index, AnyKeyPressed, event);
+    setEditTriggers(NoEditTriggers);
+}
+
+void AbstractTableView::closeEditorPublic(QWidget* editor) {
+    if (editor != nullptr && editor->parentWidget() == viewport())
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+/// Where an edit goes on is not for Qt to say.
+void AbstractTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint) {
+    QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+void AbstractTableView::dataChanged(QModelIndex const& topLeft, QModelIndex const& bottomRight,
+                                    QList<int> const& roles) {
+    if (!holdChanges)
+        QTableView::dataChanged(topLeft, bottomRight, roles);
+}
+
+bool AbstractTableView::isReadOnlyTable() const {
+    return hasContext(Context::ReadOnly) || table->isReadOnly();
 }
 
 // The context menu.

@@ -6,13 +6,16 @@
 #include "view/ContextMenuEntries.h"
 #include "view/HeaderAxis.h"
 #include "view/KeyRules.h"
+#include "view/QuickEdit.h"
 #include "view/TableType.h"
 
+#include <QPointer>
 #include <QTableView>
 
 #include <memory>
 
 class HeaderView;
+class TableDelegate;
 class TableModel;
 
 /// What the four views of one table have in common: they turn keys and the mouse into operations on the one TableModel
@@ -40,7 +43,7 @@ public:
     virtual void setupContextMenus(CommandActions const& actions);
     /// While a file is loaded in the background the keys are dead.
     bool isLoading() const { return loading; }
-    /// Whether an edit is open in this view.
+    /// Whether an edit is open, over a cell or in the editor pane.
     bool isEditing() const { return editing; }
     /// The next focus that comes for no stated reason is taken, as when the window is activated.
     void setAcceptNextOtherFocus(bool on) { acceptNextOtherFocus = on; }
@@ -62,6 +65,19 @@ public:
     Range cellAtPos(QPoint point) const { return cellAtPos(point.x(), point.y()); }
     /// Shows the cells anew. Costs what is on screen and nothing more.
     virtual void refreshView();
+
+    // Editing. The main view leads an edit, also one in a band.
+
+    TableDelegate* tableDelegate() const { return delegate; }
+    /// Tells this view of the table's edit; the editor is null while the editor pane edits.
+    void setEditState(bool open, QuickEdit* editor);
+    /// Opens the editor over a cell. With an event it opens as by typing, and the event reaches it.
+    void openEditor(QModelIndex const& index);
+    void editOnAnyKeyPressed(QModelIndex const& index, QKeyEvent* event);
+    /// Closes the editor if it is one of this view's.
+    void closeEditorPublic(QWidget* editor);
+    /// While on, changes of cells are not shown one by one; the caller shows the view anew.
+    void setHoldChanges(bool on) { holdChanges = on; }
 
 public slots:
     /// To the next row, in the column where nextColumnWithColumnReset was first called.
@@ -92,6 +108,11 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    void dataChanged(QModelIndex const& topLeft, QModelIndex const& bottomRight, QList<int> const& roles) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
     bool hasContext(Context flag) const;
     /// Whether a drag is drawing a selection, in whichever of the views.
@@ -101,15 +122,17 @@ protected:
     /// The axis without a frozen band.
     HeaderAxis plainAxis(Axis axis, HeaderAxis::Frozen frozen = {}) const;
     /// Drops an edit whose editor was never opened.
-    void dropPendingEdit();
+    virtual void dropPendingEdit();
+    /// Whether no edit may begin.
+    bool isReadOnlyTable() const;
 
     Context context = Context::TableActive;
     CommandActions commands;
     bool loading = false;
     bool editing = false;
     bool letEditorPaneConsumeNavigationKeystrokes = true;
-    QWidget* cellEditor = nullptr; ///< the open editor over a cell, null otherwise
-    int columnResetTarget = -1;    ///< the column that the next Enter returns to, -1 for none
+    QPointer<QuickEdit> cellEditor; ///< the open editor over a cell, null otherwise
+    int columnResetTarget = -1;     ///< the column that the next Enter returns to, -1 for none
 
 private:
     KeyState keyState() const;
@@ -119,12 +142,21 @@ private:
     void finishDrag();
     RangeVector pendingCells() const;
     void onCustomContextMenu(QPoint const& point);
+    void forwardToEditor(QInputMethodEvent* event);
+    void composeInCells(QInputMethodEvent* event);
+    void beginEditWith(QString const& text);
+    void paintComposition();
+    void paintCompositionIn(QPainter& painter, QModelIndex const& index);
 
     TableModel* table = nullptr;
+    TableDelegate* delegate;
     TableType tableType;
     HeaderView* horizontalHeaderView;
     HeaderView* verticalHeaderView;
     std::unique_ptr<QMouseEvent> pressEventCopy; ///< the press of the running drag
     bool ctrlSelecting = false;                  ///< the running drag adds to the selection
     bool acceptNextOtherFocus = false;
+    bool holdChanges = false;
+    QString preeditText; ///< what an input method composes while no edit is open
+    bool startingEditFromInputMethod = false;
 };

@@ -8,9 +8,6 @@
 
 namespace {
 
-/// The native key by which an input method announces that it handles the press itself.
-constexpr quint32 inputMethodKey = 229;
-
 std::optional<Direction> arrowDirection(int key) {
     switch (key) {
     case Qt::Key_Up: return Direction::Up;
@@ -37,7 +34,7 @@ bool startsEdit(QKeyEvent const& event) {
     Qt::KeyboardModifiers const modifiers = event.modifiers();
     bool const typing =
         modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier || modifiers == Qt::KeypadModifier;
-    return typing && isTextKey(event.key()) && event.nativeVirtualKey() != inputMethodKey;
+    return typing && isTextKey(event.key()) && !isInputMethodKey(event);
 }
 
 /// A character entered by its number, with Alt held.

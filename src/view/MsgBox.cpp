@@ -2,6 +2,26 @@
 
 #include <QPushButton>
 
+#include <utility>
+
+namespace {
+
+MsgBox::Answer answer;
+
+} // namespace
+
+void MsgBox::setAnswer(Answer newAnswer) {
+    answer = std::move(newAnswer);
+}
+
+int MsgBox::exec() {
+    if (!answer)
+        return QMessageBox::exec();
+    if (QAbstractButton* const button = answer(*this))
+        button->click();
+    return result();
+}
+
 MsgBox::MsgBox(QWidget* parent) : QMessageBox(parent) {
     setWindowTitle(QStringLiteral("Gridwright"));
     setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -4,6 +4,8 @@
 
 #include <QMessageBox>
 
+#include <functional>
+
 /// The message box of every dialog message of the program.
 class MsgBox : public QMessageBox {
     Q_OBJECT
@@ -14,6 +16,12 @@ public:
     void setTheme(Theme const& theme);
     /// Gives all buttons the look of the program: no icons, equal height, and the first as default if none is.
     void conditionButtons();
+
+    /// Gives the button to press in place of showing the box.
+    using Answer = std::function<QAbstractButton*(MsgBox const& box)>;
+    /// Answers all boxes from now on, so that tests need no user. An empty function lets boxes be shown again.
+    static void setAnswer(Answer newAnswer);
+    int exec() override;
 
     /// Shows `text` with an OK button and waits for it.
     static void inform(QWidget* parent, Theme const& theme, QString const& text);

@@ -4,6 +4,7 @@
 #include "view/HeaderView.h"
 #include "view/ScrollAreaBottomRightCornerWidget.h"
 #include "view/TLCornerButton.h"
+#include "view/TableDelegate.h"
 
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -43,7 +44,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connect(this, &AbstractTableView::scrollSignal, this,
             [this](Direction direction, bool page) { scroll(direction, page); });
     connect(this, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
-    connect(&stack, &QUndoStack::cleanChanged, this, &TableView::undoStackCleanChangedSignal);
+    connectEditing();
     TableView::setModel(new TableModel(this));
     setTheme(tableModel()->getTheme());
 }
@@ -118,6 +119,7 @@ void TableView::setModel(QAbstractItemModel* model) {
     AbstractTableView::setModel(model);
     connectSignalsWithModel();
     connectSizesWithModel();
+    connectEditingWithModel();
     tableModel()->setSelection(Range(0, 0, RangeIndexType::Model));
     refreshView();
     selectionModel()->clear();
@@ -198,6 +200,11 @@ void TableView::setupContextMenus(CommandActions const& actions) {
 void TableView::setTheme(Theme const& theme) {
     tableModel()->setTheme(theme);
     bottomRightCorner->setColor(theme.getBackground1Color());
+    for (AbstractTableView const* const view :
+         std::initializer_list<AbstractTableView*>{this, horizontalFrozenView, verticalFrozenView, cornerFrozenView}) {
+        view->tableDelegate()->setEditorBackgroundColor(theme.getCellColor());
+        view->tableDelegate()->setTextColor(theme.getTextColor());
+    }
 }
 
 void TableView::refreshView() {
@@ -282,19 +289,4 @@ void TableView::removeLines(Axis axis, std::vector<int> lines) {
 void TableView::placeCornerButton() {
     int const frame = frameWidth();
     topLeftCornerButton->setGeometry(frame, frame, verticalHeader()->width(), horizontalHeader()->height());
-}
-
-// Editing.
-
-void TableView::stopEditing(bool) {
-    editing = false;
-    if (hasContext(Context::CellEditing)) {
-        setFocus(Qt::OtherFocusReason);
-        emit removeContextSignal(Context::CellEditing);
-    }
-}
-
-/// Edits begin by startEditingSignal and not by Qt's own triggers.
-bool TableView::edit(QModelIndex const&, EditTrigger, QEvent*) {
-    return false;
 }

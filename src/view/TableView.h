@@ -4,12 +4,15 @@
 #include "core/RangeSize.h"
 #include "model/TableModel.h"
 #include "view/AbstractTableView.h"
+#include "view/CellEdit.h"
 #include "view/SelectionMoves.h"
 
 #include <QTimer>
 #include <QUndoStack>
 
 #include <array>
+#include <optional>
+#include <utility>
 
 class FrozenTableView;
 class ScrollAreaBottomRightCornerWidget;
@@ -55,6 +58,18 @@ public:
     void pushUndoCommand(QUndoCommand* command) { stack.push(command); }
     void undo() { stack.undo(); }
     void redo() { stack.redo(); }
+
+    // Editing. An edit takes place in an editor over the main cell, or in the editor pane while that is shown.
+
+    /// The edit that is open, none otherwise.
+    std::optional<CellEdit> const& getPendingEdit() const { return pendingEdit; }
+    /// The view that holds the main cell of the edit, or the main cell while there is none.
+    AbstractTableView* getCurrentlyEditedView();
+    TableDelegate* getCurrentlyEditedDelegate() { return getCurrentlyEditedView()->tableDelegate(); }
+    /// Whether the edit that begins in the pane is one of a long cell; true once for each such edit.
+    bool takeLargeCellCursorAtFront() { return std::exchange(largeCellCursorAtFront, false); }
+    /// The last save after an edit has failed, and the table has not been clean, saved or loaded since.
+    bool hasAutoSaveFailed() const { return autoSaveFailed; }
 
     // Moving.
 
@@ -120,8 +135,19 @@ public slots:
     void scrollToMainCell(bool ifNeeded, bool minimal);
     /// Keeps the grid as large as its contents and buffers ask and the scroll bars in step with it.
     void enforceTableSize();
-    /// Ends the edit; with `commit` its text stays.
+    /// Begins an edit of the main cell alone. `overwrite` replaces its text. Does nothing in a read-only table.
+    void startEditing(bool overwrite, bool cursorAtEnd = true);
+    /// Begins an edit of all selected cells with a key.
+    void startEditing(bool overwrite, QKeyEvent* event);
+    /// Ends the edit; without `commit` the cells get their texts back.
     void stopEditing(bool commit = true);
+    /// The text of the edit is now `text`.
+    void onCellTextEdited(QString const& text);
+    void onCellEditingFinished();
+    void onEditorClosed();
+    void onCellEditorCreated(QWidget* editor);
+    /// Reports a failed save after an edit, which stays.
+    void onAutoSaveFailed(QString const& fileName, QString const& reason);
     void onNewPendingSelectionCorner(Range const& corner);
     void removeRowsSlot(std::vector<int> rows);
     void removeColsSlot(std::vector<int> cols);
@@ -141,11 +167,17 @@ signals:
     /// The view has scrolled while the find and replace widget is open.
     void updateFindReplaceMatchesSignal();
     void undoStackCleanChangedSignal(bool clean);
+    /// An edit begins that the editor pane is to take; the second form delivers the first key.
+    void startOffCellEditSignal(bool overwrite, bool cursorAtEnd);
+    void startOffCellEditSignal(bool overwrite, QKeyEvent* event);
+    void showEditorPaneSignal(bool show, bool animate);
+    void mainCellLengthChangedSignal(int length);
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool edit(QModelIndex const& index, EditTrigger trigger, QEvent* event) override;
+    void dropPendingEdit() override;
 
 private:
     // Construction.
@@ -155,6 +187,21 @@ private:
     void setupScrollBars();
     void connectSignalsWithModel();
     void connectSizesWithModel();
+
+    // Editing.
+    void connectEditing();
+    void connectEditingWithModel();
+    void onTableSavedOrLoaded();
+    void connectSignalsWithDelegate(TableDelegate* delegate);
+    QModelIndex mainIndex() const;
+    QString mainText() const;
+    bool resolveEditPathForLargeMainCell(bool& usePane);
+    bool askForEditorPane();
+    void beginEdit(bool overwrite);
+    void openCellEditor(bool overwrite, bool startEmpty, QKeyEvent* event);
+    void cancelEditingIfEditorWasNotCreated();
+    void setEditStateOfAllViews(bool open, QuickEdit* editor);
+    bool isEditorPaneShown() const { return hasContext(Context::EditorPaneShown); }
 
     // Both axes.
     HeaderAxis scrollAxis(Axis axis) const;
@@ -182,6 +229,10 @@ private:
     TLCornerButton* topLeftCornerButton = nullptr;
     ScrollAreaBottomRightCornerWidget* bottomRightCorner = nullptr;
     QTimer wheelSnapTimer;
+    std::optional<CellEdit> pendingEdit;
+    bool largeCellCursorAtFront = false;
+    bool inLargeCellPrompt = false;
+    bool autoSaveFailed = false;
     bool readOnly = false;
     bool snapToRowAfterScrolling = true;
     bool snapToColumnAfterScrolling = true;

@@ -1,5 +1,7 @@
 #include "view/TextKeys.h"
 
+#include <QKeyEvent>
+
 #include <algorithm>
 #include <iterator>
 
@@ -47,4 +49,9 @@ bool isTextKey(int key) {
 
 bool isFunctionKey(int key) {
     return key >= 0x01000030 && key <= 0x01000052;
+}
+
+bool isInputMethodKey(QKeyEvent const& event) {
+    constexpr quint32 nativeCode = 229;
+    return event.nativeVirtualKey() == nativeCode;
 }

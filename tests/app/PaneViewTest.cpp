@@ -1,0 +1,235 @@
+#include "app/PaneView.h"
+
+#include "tests/support/MsgBoxAnswers.h"
+#include "view/EditorPane.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A window's middle with one table of 20 by 5 cells.
+class PaneViewTest : public testing::Test {
+protected:
+    void SetUp() override {
+        QObject::connect(&panes, &PaneView::addContextSignal, [this](Context flags) { setContext(context | flags); });
+        QObject::connect(&panes, &PaneView::removeContextSignal,
+                         [this](Context flags) { setContext(context & ~flags); });
+        view = addTable();
+        panes.setActiveTable(view);
+        panes.resize(600, 500);
+        panes.show();
+        panes.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&panes));
+        view->setFocus();
+    }
+
+    TableView* addTable() {
+        auto* const table = new TableView;
+        table->tableModel()->setMinNumTableRows(20);
+        table->tableModel()->setMinNumTableCols(5);
+        panes.addTable(table);
+        return table;
+    }
+    void setContext(Context newContext) {
+        context = newContext;
+        panes.setContext(context);
+    }
+    TableModel& model() { return *view->tableModel(); }
+    EditorPane& pane() { return *panes.getEditorPane(); }
+    QString text(int row, int col) { return model().index(row, col).data(Qt::EditRole).toString(); }
+    void setText(int row, int col, QString const& text) { model().setData(model().index(row, col), text); }
+    void go(int row, int col) {
+        view->moveSelectionAbsolute(row, col);
+        QCoreApplication::processEvents();
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    void clickPane(QPoint at) { QTest::mouseClick(pane().viewport(), Qt::LeftButton, {}, at); }
+
+    Context context = Context::TableActive;
+    PaneView panes;
+    TableView* view = nullptr;
+    MsgBoxAnswers answers;
+};
+
+QString lines(int length) {
+    return QStringLiteral("0123456789\n").repeated(length / 11 + 1).left(length);
+}
+
+} // namespace
+
+TEST_F(PaneViewTest, ThePaneShowsTheMainCellOfTheActiveTable) {
+    setText(1, 1, QStringLiteral("one\ntwo"));
+    panes.showEditorPane(true, false);
+    go(1, 1);
+    EXPECT_EQ(pane().toPlainText(), QStringLiteral("one\ntwo"));
+    TableView* const second = addTable();
+    panes.setActiveTable(second);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane().toPlainText(), QString());
+    panes.setActiveTable(view);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane().toPlainText(), QStringLiteral("one\ntwo"));
+    panes.removeTable(view);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane().toPlainText(), QString());
+    delete view;
+}
+
+TEST_F(PaneViewTest, ThePaneOpensAndClosesAndRemembersItsHeight) {
+    auto const* const splitter = panes.findChild<QSplitter*>();
+    auto const height = [&] { return pane().isHidden() ? 0 : splitter->sizes().at(1); };
+    EXPECT_EQ(splitter->handleWidth(), 5);
+    EXPECT_EQ(height(), 0);
+    panes.setEditorPaneHeight(180);
+    for (bool const animate : {false, true}) {
+        panes.showEditorPane(true, animate);
+        EXPECT_TRUE(hasAnyContext(context, Context::EditorPaneShown));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return height() == 180; }));
+        panes.showEditorPane(false, animate);
+        EXPECT_FALSE(hasAnyContext(context, Context::EditorPaneShown));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return height() == 0; }));
+        EXPECT_EQ(panes.getEditorPaneHeight(), 180);
+    }
+}
+
+TEST_F(PaneViewTest, TypingGoesToThePaneAndToAllSelectedCells) {
+    setText(1, 1, QStringLiteral("old"));
+    setText(2, 1, QStringLiteral("other"));
+    panes.showEditorPane(true, false);
+    view->moveSelectionAbsolute(1, 1); // not shown in the pane yet when the first key comes
+    model().addCellToSelection(Range(2, 1, RangeIndexType::Model));
+    key(Qt::Key_A);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(pane().hasFocus());
+    EXPECT_EQ(pane().toPlainText(), QStringLiteral("a"));
+    key(Qt::Key_Return);
+    key(Qt::Key_B);
+    EXPECT_EQ(text(1, 1), QStringLiteral("a\nb"));
+    EXPECT_EQ(text(2, 1), QStringLiteral("a\nb"));
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(view->hasFocus());
+    EXPECT_FALSE(view->isEditing());
+    EXPECT_EQ(view->undoStack()->count(), 1);
+    view->undo();
+    EXPECT_EQ(text(1, 1), QStringLiteral("old"));
+    EXPECT_EQ(text(2, 1), QStringLiteral("other"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane().toPlainText(), QStringLiteral("old"));
+}
+
+TEST_F(PaneViewTest, NavigationKeysLeaveThePaneIfTheyAreNotItsOwn) {
+    panes.setLetEditorPaneConsumeNavigationKeystrokes(false);
+    panes.showEditorPane(true, false);
+    go(1, 1);
+    key(Qt::Key_A);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(text(1, 1), QStringLiteral("a"));
+    EXPECT_EQ(model().getMainCell().col, 2);
+    EXPECT_TRUE(view->hasFocus());
+    key(Qt::Key_B);
+    key(Qt::Key_Return);
+    EXPECT_EQ(text(1, 2), QStringLiteral("b"));
+    EXPECT_EQ(model().getMainCell(), Range(2, 1, RangeIndexType::Model));
+}
+
+TEST_F(PaneViewTest, AClickBeginsAnEditAtItsPlaceAndAClickElsewhereEndsIt) {
+    setText(1, 1, QStringLiteral("abcdef"));
+    panes.showEditorPane(true, false);
+    go(1, 1);
+    QTextCursor third(pane().document());
+    third.setPosition(3);
+    clickPane(pane().cursorRect(third).center());
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(view->isEditing());
+    EXPECT_EQ(pane().textCursor().position(), 3);
+    key(Qt::Key_X);
+    EXPECT_EQ(text(1, 1), QStringLiteral("abcxdef"));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(model().index(3, 3)).center());
+    EXPECT_FALSE(view->isEditing());
+    EXPECT_EQ(model().getMainCell(), Range(3, 3, RangeIndexType::Model));
+    EXPECT_EQ(view->undoStack()->count(), 1);
+
+    // An edit is also one that no click has begun.
+    pane().setFocus(Qt::TabFocusReason);
+    key(Qt::Key_Y);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(text(3, 3), QStringLiteral("y"));
+    EXPECT_EQ(pane().toPlainText(), QStringLiteral("y"));
+    QPushButton other(&panes);
+    other.setFocusPolicy(Qt::StrongFocus);
+    other.setGeometry(0, 0, 50, 20);
+    other.show();
+    QTest::mouseClick(&other, Qt::LeftButton);
+    EXPECT_FALSE(view->isEditing());
+}
+
+TEST_F(PaneViewTest, AMoveStopsTheLoadOfALongCell) {
+    panes.showEditorPane(true, false);
+    setText(1, 1, lines(300000));
+    setText(2, 1, QStringLiteral("short"));
+    go(1, 1);
+    go(2, 1);
+    EXPECT_EQ(pane().toPlainText(), QStringLiteral("short"));
+    EXPECT_TRUE(pane().document()->isUndoRedoEnabled());
+    // What is typed into a cell whose load still runs replaces it.
+    go(1, 1);
+    key(Qt::Key_A);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane().document()->isUndoRedoEnabled(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane().toPlainText(), QStringLiteral("a"));
+    EXPECT_EQ(text(1, 1), QStringLiteral("a"));
+}
+
+TEST_F(PaneViewTest, ALongCellOpensThePaneWithTheCursorAtItsFrontAndAShortOneAtItsEnd) {
+    setText(1, 1, lines(40000));
+    setText(2, 1, QStringLiteral("short"));
+    go(1, 1);
+    answers.next(QStringLiteral("Open"));
+    view->editMainCellAppend();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(panes.isEditorPaneShown());
+    EXPECT_TRUE(pane().hasFocus());
+    EXPECT_EQ(pane().textCursor().position(), 0);
+    EXPECT_EQ(pane().toPlainText().size(), 40000);
+    key(Qt::Key_Escape);
+    go(2, 1);
+    view->editMainCellAppend();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane().textCursor().position(), 5);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(view->undoStack()->count(), 0);
+}
+
+TEST_F(PaneViewTest, ACommittedTextOfAnInputMethodGoesToThePane) {
+    panes.showEditorPane(true, false);
+    setText(1, 1, QStringLiteral("old"));
+    go(1, 1);
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("\u304b"));
+    QCoreApplication::sendEvent(view, &event);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane().toPlainText(), QStringLiteral("\u304b"));
+    EXPECT_EQ(text(1, 1), QStringLiteral("\u304b"));
+    panes.showEditorPane(false, false);
+    EXPECT_FALSE(view->isEditing());
+    EXPECT_EQ(text(1, 1), QStringLiteral("\u304b"));
+}
+
+TEST_F(PaneViewTest, ThePaneOfAReadOnlyTableTakesNothing) {
+    panes.showEditorPane(true, false);
+    model().setReadOnly(true);
+    go(0, 0);
+    model().onMainCellChanged();
+    clickPane(QPoint(5, 5));
+    key(Qt::Key_A);
+    EXPECT_FALSE(view->isEditing());
+    EXPECT_EQ(pane().toPlainText(), QString());
+}

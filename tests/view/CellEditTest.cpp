@@ -1,0 +1,115 @@
+#include "view/CellEdit.h"
+
+#include "model/TableModel.h"
+
+#include <QTemporaryFile>
+#include <QUndoStack>
+#include <gtest/gtest.h>
+
+namespace {
+
+Range cellAt(int row, int col) {
+    return {row, col, RangeIndexType::Model};
+}
+
+/// A table of 3 by 3 cells with the letters a to i, and five empty rows and columns more to type into.
+class CellEditTest : public testing::Test {
+protected:
+    CellEditTest() {
+        file.open();
+        file.write("a,b,c\nd,e,f\ng,h,i\n");
+        file.flush();
+        model.setNumBufferRows(5);
+        model.setNumBufferCols(5);
+        model.loadCSV(file.fileName(), false, false, QStringLiteral(","), QStringLiteral(","), EncodingType::Utf8,
+                      ParsingStandard::Rfc4180);
+    }
+
+    QString texts() const {
+        QStringList rows;
+        for (int row = 0; row < model.rowCountModel(); ++row) {
+            QStringList cells;
+            for (int col = 0; col < model.columnCountModel(); ++col)
+                cells << text(row, col);
+            rows << cells.join(',');
+        }
+        return rows.join(' ');
+    }
+    QString text(int row, int col) const { return model.index(row, col).data(Qt::EditRole).toString(); }
+
+    QTemporaryFile file;
+    TableModel model;
+    QUndoStack stack;
+};
+
+struct EditCase {
+    char const* name;
+    RangeVector selection;
+    char const* after;
+};
+
+RangeVector rowWithout(int row, int col) {
+    Range range(row, RangeType::Row, RangeIndexType::Model);
+    range.col = 0;
+    range.hasMainCell = true;
+    range.mainIndex = 0;
+    range.excludedCols = {col};
+    return {range};
+}
+
+RangeVector mainAndOther(int row, int col) {
+    Range main = cellAt(0, 0);
+    main.hasMainCell = true;
+    return {main, cellAt(row, col)};
+}
+
+} // namespace
+
+TEST_F(CellEditTest, WritesEveryShapeOfSelectionWithOneCommandThatUndoTakesBackWhole) {
+    QString const before = texts();
+    std::vector<EditCase> const cases = {
+        {"cells", mainAndOther(2, 2), "x,b,c d,e,f g,h,x"},
+        {"beyond the data", mainAndOther(4, 4), "x,b,c,, d,e,f,, g,h,i,, ,,,, ,,,,x"},
+        {"row", rowWithout(1, 1), "a,b,c,,,,, x,x,x,x,x,x,x,x g,h,i,,,,,"},
+    };
+    for (EditCase const& each : cases) {
+        SCOPED_TRACE(each.name);
+        model.setSelection(each.selection, true);
+        model.enforceTableSize();
+        CellEdit edit(model, true);
+        edit.setText(QStringLiteral("w"), false);
+        edit.setText(QStringLiteral("x"), false);
+        EXPECT_EQ(texts().toStdString(), each.after);
+        auto command = edit.finish();
+        ASSERT_NE(command, nullptr);
+        EXPECT_EQ(texts().toStdString(), before.toStdString());
+        stack.push(command.release());
+        EXPECT_EQ(texts().toStdString(), each.after);
+        stack.undo();
+        EXPECT_EQ(texts().toStdString(), before.toStdString());
+    }
+}
+
+TEST_F(CellEditTest, LeavesTheCellUnderAnEditorToTheEnd) {
+    model.setSelection(mainAndOther(1, 1), true);
+    CellEdit edit(model, true);
+    edit.setText(QStringLiteral("x"), true);
+    EXPECT_EQ(texts(), QStringLiteral("a,b,c d,x,f g,h,i"));
+    stack.push(edit.finish().release());
+    EXPECT_EQ(texts(), QStringLiteral("x,b,c d,x,f g,h,i"));
+}
+
+TEST_F(CellEditTest, MakesNoCommandForTheTextsThatWereThere) {
+    model.setSelection(cellAt(1, 1));
+    CellEdit untouched(model, false);
+    EXPECT_EQ(untouched.finish(), nullptr);
+    CellEdit edit(model, false);
+    edit.setText(QStringLiteral("ex"), true);
+    edit.setText(QStringLiteral("e"), true);
+    EXPECT_EQ(edit.finish(), nullptr);
+    // One of two cells changes.
+    model.setSelection(mainAndOther(1, 1), true);
+    CellEdit half(model, false);
+    half.setText(QStringLiteral("a"), true);
+    EXPECT_NE(half.finish(), nullptr);
+}
