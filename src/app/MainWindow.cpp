@@ -7,7 +7,6 @@
 #include "core/DialectUtilities.h"
 #include "core/EncodingUtilities.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QMimeData>
 #include <QVBoxLayout>
@@ -17,7 +16,8 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), extensions(Extens
     setMinimumWidth(narrowest);
     setAcceptDrops(true);
     buildWidgets();
-    buildActions();
+    commands.populate(this);
+    setupMenus();
     commandNewFile();
 }
 
@@ -37,45 +37,51 @@ void MainWindow::buildWidgets() {
     setStatusBar(labelBar);
     connect(tabBar, &TabBar::tabBarIndexChangedSignal, this, &MainWindow::setActiveTable);
     connect(tabBar, &TabBar::closeFileSignal, this, &MainWindow::closeFile);
-    connect(paneView, &PaneView::addContextSignal, this, [this](Context flags) { setContext(context | flags); });
-    connect(paneView, &PaneView::removeContextSignal, this, [this](Context flags) { setContext(context & ~flags); });
+    connect(paneView, &PaneView::addContextSignal, this, [this](Context flags) {
+        Context changed = context;
+        addContextGlobal(changed, flags);
+        setContext(changed);
+    });
+    connect(paneView, &PaneView::removeContextSignal, this, [this](Context flags) {
+        Context changed = context;
+        removeContextGlobal(changed, flags);
+        setContext(changed);
+    });
     connect(paneView, &PaneView::tableLoadedSignal, this, &MainWindow::onTableLoaded);
-}
-
-void MainWindow::buildActions() {
-    struct ActionInfo {
-        char const* text;
-        QKeySequence shortcut;
-        void (MainWindow::*handler)();
-    };
-    ActionInfo const actions[] = {
-        {"New File", QKeySequence::New, &MainWindow::commandNewFile},
-        {"Open File", QKeySequence::Open, &MainWindow::commandOpenFile},
-        {"Save File", QKeySequence::Save, &MainWindow::commandSaveFile},
-        {"Close File", QKeySequence::Close, &MainWindow::commandCloseFile},
-    };
-    for (ActionInfo const& info : actions) {
-        auto* action = new QAction(tr(info.text), this);
-        action->setShortcut(info.shortcut);
-        connect(action, &QAction::triggered, this, info.handler);
-        addAction(action);
-    }
 }
 
 void MainWindow::setActiveTable(TableView* table) {
     if (table == nullptr) {
         return;
     }
+    if (activeTable != nullptr && activeTable != table && hasAnyContext(context, Context::CellEditing)) {
+        activeTable->stopEditing();
+    }
     activeTable = table;
     paneView->setActiveTable(table);
     tabBar->selectTabOnly(table);
+    Context changed = context & globalContextMask;
+    addContextGlobal(changed, contextOfTable(table));
+    setContext(changed);
     table->setFocus();
     updateWindowTitle();
     updateStatusBar();
 }
 
+Context MainWindow::contextOfTable(TableView const* table) const {
+    Context bits = Context::None;
+    if (!table->isLoading()) {
+        bits |= Context::TableActive;
+        bits |= table->getFilepath().isEmpty() ? Context::None : Context::FileOnDisk;
+    }
+    bits |= table->isReadOnly() ? Context::ReadOnly : Context::None;
+    bits |= table->tableModel()->isSelectionMultiCell() ? Context::MultiCellSelection : Context::None;
+    return bits;
+}
+
 void MainWindow::setContext(Context newContext) {
     context = newContext;
+    commands.enableMatching(context);
     paneView->setContext(context);
 }
 
@@ -104,12 +110,23 @@ void MainWindow::onTableSizeChanged(int rows, int cols, int visibleRows, int vis
 
 void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    if (event->type() != QEvent::ActivationChange) {
+        return;
+    }
+    if (isActiveWindow()) {
         emit mainWindowFocusChangedSignal();
+    } else if (activeTable != nullptr) {
+        activeTable->endCutOffDrag();
     }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    for (int left = tabBar->count(); left > 0; --left) {
+        if (!closeFile(activeTable)) {
+            event->ignore();
+            return;
+        }
+    }
     emit mainWindowClosedSignal();
     event->accept();
 }

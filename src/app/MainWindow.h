@@ -1,6 +1,7 @@
 #pragma once
 
 #include "appearance/Theme.h"
+#include "commands/Commands.h"
 #include "core/Context.h"
 #include "core/ExtensionData.h"
 
@@ -13,6 +14,8 @@ class PaneView;
 class StatusBar;
 class TabBar;
 class TableView;
+class QMenu;
+struct MenuItem;
 
 /// One window of the program with all its open tables. A face: it owns the widgets and passes what a person asks on to
 /// the unit that knows how.
@@ -46,12 +49,92 @@ public:
 
 public slots:
     void setActiveTable(TableView* table);
-    /// What the window and its table are doing now.
+    /// What the window and its table are doing now; commands are live or not by it.
     void setContext(Context newContext);
+
+    // The commands, by their derived names. Those without a handler here are in no menu yet.
+
+    // Files (MainWindow_Files.cpp, MainWindow_Save.cpp).
     void commandNewFile();
+    void commandNewWindow();
     void commandOpenFile();
     void commandSaveFile();
+    void commandSaveFileAs();
+    void commandSaveAllFiles();
     void commandCloseFile();
+    void commandCloseAllFiles();
+    void commandExit();
+    void commandReloadFileWithDelimiter();
+    void commandReloadFileWithEncoding();
+    void commandReloadFileWithParsingStandard();
+
+    // The active table (MainWindow_Table.cpp).
+    void commandUndo();
+    void commandRedo();
+    void commandEditSelectedCell();
+    void commandStopEditing();
+    void commandClearCellContentsNavigate();
+    void commandInsertRowsBefore();
+    void commandInsertColumnsBefore();
+    void commandInsertRowsAfter();
+    void commandInsertColumnsAfter();
+    void commandRemoveRows();
+    void commandRemoveColumns();
+    void commandDuplicateRows();
+    void commandDuplicateColumns();
+    void commandMoveRowsUp();
+    void commandMoveRowsDown();
+    void commandMoveColumnsLeft();
+    void commandMoveColumnsRight();
+    void commandMoveCellContentsUp();
+    void commandMoveCellContentsDown();
+    void commandMoveCellContentsLeft();
+    void commandMoveCellContentsRight();
+    void commandTransposeTable();
+    void commandToggleShowEditorPane();
+
+    // Selecting and moving in the active table (MainWindow_Selection.cpp).
+    void commandSelectUp();
+    void commandSelectDown();
+    void commandSelectLeft();
+    void commandSelectRight();
+    void commandSelectUpByABlock();
+    void commandSelectDownByABlock();
+    void commandSelectLeftByABlock();
+    void commandSelectRightByABlock();
+    void commandSelectUpToTopOfColumnHeaderExcluded();
+    void commandSelectDownToBottomOfColumn();
+    void commandSelectLeftToStartOfRowHeaderExcluded();
+    void commandSelectRightToEndOfRow();
+    void commandSelectEntireColumns();
+    void commandSelectEntireColumnsHeaderExcluded();
+    void commandSelectEntireRows();
+    void commandSelectEntireRowsHeaderExcluded();
+    void commandSelectEntireTable();
+    void commandMoveSelectionUp();
+    void commandMoveSelectionDown();
+    void commandMoveSelectionLeft();
+    void commandMoveSelectionRight();
+    void commandMoveSelectionUpByABlock();
+    void commandMoveSelectionDownByABlock();
+    void commandMoveSelectionLeftByABlock();
+    void commandMoveSelectionRightByABlock();
+    void commandInvertSelectionByRowsHeaderExcluded();
+    void commandInvertSelectionByColumnsHeaderExcluded();
+    void commandGoUpOneScreen();
+    void commandGoDownOneScreen();
+    void commandGoLeftOneScreen();
+    void commandGoRightOneScreen();
+    void commandGoToTop();
+    void commandGoToBottom();
+    void commandGoToFarLeft();
+    void commandGoToFarRight();
+    void commandScrollUpOneScreen();
+    void commandScrollDownOneScreen();
+    void commandScrollLeftOneScreen();
+    void commandScrollRightOneScreen();
+    void commandSwitchToTabOnTheRight();
+    void commandSwitchToTabOnTheLeft();
 
 signals:
     void mainWindowClosedSignal();
@@ -67,7 +150,8 @@ protected:
 
 private:
     void buildWidgets();
-    void buildActions();
+    void setupMenus();
+    void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
     TableView* makeEmptyTableObject();
     TableView* addEmptyTableEditor();
@@ -76,6 +160,20 @@ private:
     /// Opens one file of openFiles; null if it cannot be opened.
     TableView* takeTable(QString const& path);
     void removeTable(TableView* table);
+    bool closeFileNoSave(TableView* table);
+    void onSavedStatusChanged(TableView* table, bool clean);
+    /// The bits that the table brings to the window's context.
+    Context contextOfTable(TableView const* table) const;
+    /// Asks for one of `options` and gives its index; -1 if the user wants none.
+    int askForOption(QString const& title, QStringList const& options, QString const& current);
+    void reloadActiveFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
+    bool confirmDiscardUnsavedEditsForReload(TableView* table);
+    /// Carries a command out on the active table's model and keeps it for undo.
+    template <class Command, class... Arguments>
+    void push(Arguments... arguments);
+    void selectAlong(Direction direction, bool toBlockEdge);
+    void switchToTab(int index);
+    bool saveTo(TableView* table, QString const& path);
     bool isUntouchedEmptyTable(TableView const* table) const;
     void onTableLoaded(TableView* table);
     /// Warns of a table that may lack the end of its file.
@@ -88,7 +186,8 @@ private:
     Theme theme;
     std::vector<ExtensionData> extensions;
     PaneView* paneView = nullptr;
-    Context context = Context::TableActive; ///< the state by which commands are live
+    Commands commands;
+    Context context = Context::TableActive | Context::Navigating; ///< the state by which commands are live
     TabBar* tabBar = nullptr;
     StatusBar* labelBar = nullptr;
     TableView* activeTable = nullptr;

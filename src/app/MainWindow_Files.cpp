@@ -9,8 +9,10 @@
 #include "core/EncodingUtilities.h"
 #include "view/MsgBox.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPushButton>
 
 #include <algorithm>
 
@@ -88,6 +90,8 @@ TableView* MainWindow::makeEmptyTableObject() {
                     onTableSizeChanged(rows, cols, visibleRows, visibleCols);
                 }
             });
+    connect(table, &TableView::undoStackCleanChangedSignal, this,
+            [this, table](bool clean) { onSavedStatusChanged(table, clean); });
     return table;
 }
 
@@ -138,6 +142,30 @@ bool MainWindow::closeFile(TableView* table) {
     if (table == nullptr) {
         return false;
     }
+    if (table->isEditing()) {
+        table->stopEditing();
+    }
+    if (table->undoStack()->isClean() || isUntouchedEmptyTable(table)) {
+        return closeFileNoSave(table);
+    }
+    setActiveTable(table);
+    MsgBox box(this);
+    box.setTheme(theme);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(tr("Do you want to save changes to %1?").arg(table->tableModel()->getTableName()));
+    QPushButton const* const save = box.addButton(tr("&Save"), QMessageBox::AcceptRole);
+    QPushButton const* const discard = box.addButton(tr("Do&n't Save"), QMessageBox::DestructiveRole);
+    box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(const_cast<QPushButton*>(save));
+    box.conditionButtons();
+    box.exec();
+    if (box.clickedButton() == save) {
+        return saveFile(table) && closeFileNoSave(table);
+    }
+    return box.clickedButton() == discard && closeFileNoSave(table);
+}
+
+bool MainWindow::closeFileNoSave(TableView* table) {
     if (table != activeTable) {
         removeTable(table);
         return true;
@@ -150,6 +178,10 @@ bool MainWindow::closeFile(TableView* table) {
         setActiveTable(tabBar->tableAt(std::max(index - 1, 0)));
     }
     return true;
+}
+
+void MainWindow::onSavedStatusChanged(TableView* table, bool clean) {
+    tabBar->setSaved(table, clean);
 }
 
 void MainWindow::removeTable(TableView* table) {
@@ -169,6 +201,22 @@ void MainWindow::commandOpenFile() {
     openFiles(QFileDialog::getOpenFileNames(this, tr("Open File")));
 }
 
+void MainWindow::commandNewWindow() {
+    emit createNewInstanceSignal(false, {});
+}
+
 void MainWindow::commandCloseFile() {
     closeFile(activeTable);
+}
+
+void MainWindow::commandCloseAllFiles() {
+    for (TableView* table : paneView->getTables()) {
+        if (!closeFile(table)) {
+            return;
+        }
+    }
+}
+
+void MainWindow::commandExit() {
+    QApplication::closeAllWindows();
 }

@@ -1,6 +1,8 @@
 // Saving.
 
 #include "app/MainWindow.h"
+#include "app/PaneView.h"
+#include "app/TabBar.h"
 #include "view/MsgBox.h"
 #include "view/TableView.h"
 
@@ -25,12 +27,14 @@ bool MainWindow::saveFile(TableView* table) {
     if (table == nullptr || table->isLoading() || table->isReadOnly()) {
         return false;
     }
-    QString path = table->getFilepath();
+    table->stopEditing();
+    QString const path = table->getFilepath();
+    return saveTo(table, path.isEmpty() ? QFileDialog::getSaveFileName(this, tr("Save File As")) : path);
+}
+
+bool MainWindow::saveTo(TableView* table, QString const& path) {
     if (path.isEmpty()) {
-        path = QFileDialog::getSaveFileName(this, tr("Save File"));
-        if (path.isEmpty()) {
-            return false;
-        }
+        return false;
     }
     TableModel& model = *table->tableModel();
     if (!model.saveCSV(path, false, false)) {
@@ -38,10 +42,26 @@ bool MainWindow::saveFile(TableView* table) {
         return false;
     }
     table->undoStack()->setClean();
-    updateWindowTitle();
+    tabBar->renameTable(table);
+    if (table == activeTable) {
+        setActiveTable(table);
+    }
     return true;
 }
 
 void MainWindow::commandSaveFile() {
     saveFile(activeTable);
+}
+
+void MainWindow::commandSaveFileAs() {
+    activeTable->stopEditing();
+    saveTo(activeTable, QFileDialog::getSaveFileName(this, tr("Save File As"), activeTable->getFilepath()));
+}
+
+void MainWindow::commandSaveAllFiles() {
+    for (TableView* table : paneView->getTables()) {
+        if (!table->undoStack()->isClean()) {
+            saveFile(table);
+        }
+    }
 }

@@ -49,6 +49,18 @@ void TabBar::selectTabOnly(TableView* table) {
     bar->setCurrentIndex(getIndexFromTable(table));
 }
 
+void TabBar::setSaved(TableView const* table, bool saved) {
+    int const index = getIndexFromTable(table);
+    QString const name = table->tableModel()->getTableName();
+    bar->setTabText(index, saved ? name : QStringLiteral("\u25CF ") + name);
+}
+
+void TabBar::renameTable(TableView const* table) {
+    int const index = getIndexFromTable(table);
+    bar->setTabText(index, table->tableModel()->getTableName());
+    bar->setTabToolTip(index, table->getFilepath());
+}
+
 int TabBar::getIndexFromTable(TableView const* table) const {
     auto const position = std::find(tables.begin(), tables.end(), table);
     return position == tables.end() ? -1 : static_cast<int>(position - tables.begin());

@@ -20,6 +20,10 @@ public:
     void removeTable(TableView* table);
     /// Moves to a table's tab; unlike a press on it this sends no signal.
     void selectTabOnly(TableView* table);
+    /// Marks a table whose changes are not all in its file.
+    void setSaved(TableView const* table, bool saved);
+    /// The table's name or path has changed.
+    void renameTable(TableView const* table);
     int getIndexFromTable(TableView const* table) const;
     TableView* tableAt(int index) const;
     int count() const { return static_cast<int>(tables.size()); }

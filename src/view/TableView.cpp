@@ -222,6 +222,19 @@ void TableView::setResizeContentsPrecision(int precision) {
 
 // The file.
 
+bool TableView::reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard) {
+    TableModel& model = *tableModel();
+    bool const same =
+        delimiter == model.getDelimiter() && encoding == model.getEncoding() && standard == model.getParsingStandard();
+    if (same || getFilepath().isEmpty())
+        return false;
+    stack.clear();
+    hide();
+    loading = true;
+    setUpdatesEnabled(false);
+    return model.reloadFile(delimiter, encoding, standard);
+}
+
 void TableView::setReadOnly(bool on) {
     readOnly = on;
     tableModel()->setReadOnly(on);

@@ -44,6 +44,9 @@ public:
     /// Reads the file into the table by the options set before. In the background form the view is hidden until
     /// onLoadFinished, and keys are dead.
     void loadCSV(QString const& path, bool background);
+    /// Reads the table's file again in another dialect, on a thread; the undo stack is cleared. False if that is the
+    /// present dialect or there is no file.
+    bool reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
     void setReadOnly(bool on);
     bool isReadOnly() const { return readOnly; }
     /// The options by which the table is loaded and saved; the delimiters must be settled.

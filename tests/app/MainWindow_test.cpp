@@ -3,9 +3,12 @@
 #include "app/PaneView.h"
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
-#include "tests/support/MsgBoxAnswer.h"
+#include "commands/HandlerName.h"
+#include "model/undo/SetModelDataCommand.h"
+#include "tests/support/MsgBoxAnswers.h"
 
 #include <QFile>
+#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -75,9 +78,11 @@ TEST_F(MainWindowTest, WhatIsNoTableIsToldAndTheRestStillOpens) {
     QString const fifo = directory.filePath("fifo.csv");
     ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
     QString const good = write("good.csv", "a,b\n");
-    MsgBoxAnswer const box;
+    MsgBoxAnswers box;
+    box.next("OK");
     EXPECT_TRUE(window.openFiles({fifo, good}));
-    EXPECT_EQ(box.text, QString("This can't be opened as a table:\n%1\n\nIt is not a regular file.").arg(fifo));
+    EXPECT_EQ(box.texts().value(0),
+              QString("This can't be opened as a table:\n%1\n\nIt is not a regular file.").arg(fifo));
     EXPECT_EQ(window.windowTitle(), "good.csv - Gridwright");
 }
 
@@ -89,13 +94,61 @@ TEST_F(MainWindowTest, SavingWritesTheDialectBackAndAFailureIsToldAndLosesNothin
 
     QFile::remove(path);
     ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    MsgBoxAnswer const box;
+    MsgBoxAnswers box;
+    box.next("OK");
     EXPECT_FALSE(window.saveFile(window.getActiveTable()));
-    EXPECT_EQ(box.text, QString("File failed to save.\n\nFile: %1\nReason: The path names something that is not a "
-                                "regular file.")
-                            .arg(path));
+    EXPECT_EQ(box.texts().value(0),
+              QString("File failed to save.\n\nFile: %1\nReason: The path names something that is not a "
+                      "regular file.")
+                  .arg(path));
     EXPECT_EQ(cell(0, 1), "b\"c");
     EXPECT_EQ(window.getActiveTable()->getFilepath(), path);
+}
+
+TEST_F(MainWindowTest, ClosingAChangedTableAsksAndEachAnswerKeepsItsWord) {
+    QString const path = write("a.csv", "1,2\n");
+    auto const change = [&] {
+        window.openFile(path);
+        TableModel& model = *window.getActiveTable()->tableModel();
+        RangeVector cells{Range(0, 0, RangeIndexType::Model)};
+        cells[0].value = "changed";
+        window.getActiveTable()->pushUndoCommand(new SetModelDataCommand(&model, cells, true));
+    };
+    MsgBoxAnswers box;
+    change();
+    box.next("Cancel");
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(box.texts().value(0), "Do you want to save changes to a.csv?");
+    EXPECT_EQ(window.windowTitle(), "a.csv - Gridwright");
+    box.next("Don't Save");
+    EXPECT_TRUE(window.closeFile(window.getActiveTable()));
+    EXPECT_EQ(read(path), "1,2\n");
+    change();
+    box.next("Save");
+    EXPECT_TRUE(window.closeFile(window.getActiveTable()));
+    EXPECT_EQ(read(path), "changed,2\n");
+}
+
+TEST_F(MainWindowTest, EveryHandlerBelongsToACommandAndCommandsFollowTheContext) {
+    QSet<QByteArray> names;
+    Commands commands;
+    commands.populate(nullptr);
+    for (Command const& command : commands.sorted()) {
+        names.insert(commandHandlerName(command.name).toLatin1());
+    }
+    QMetaObject const& meta = MainWindow::staticMetaObject;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        if (meta.method(i).name().startsWith("command")) {
+            EXPECT_TRUE(names.contains(meta.method(i).name())) << meta.method(i).name().constData();
+        }
+    }
+    window.openFile(write("a.csv", "1,2\n3,4\n"));
+    QTest::keyClick(&window, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(window.getActiveTable()->tableModel()->numSelectedCells(), 2);
+    window.commandRemoveRows();
+    EXPECT_EQ(label(StatusBar::Label::TableSize), "0 rows x 2 columns");
+    window.commandUndo();
+    EXPECT_EQ(cell(1, 1), "4");
 }
 
 TEST_F(MainWindowTest, ALargeFileLoadsBehindItsProgressAndCanBeClosedMeanwhile) {

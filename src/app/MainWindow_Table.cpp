@@ -1,0 +1,118 @@
+// Commands that change the active table.
+
+#include "app/MainWindow.h"
+#include "app/PaneView.h"
+#include "model/undo/DuplicateLinesCommand.h"
+#include "model/undo/InsertLinesCommand.h"
+#include "model/undo/MoveCellContentsCommand.h"
+#include "model/undo/MoveLinesCommand.h"
+#include "model/undo/RemoveLinesCommand.h"
+#include "model/undo/SetModelDataCommand.h"
+#include "model/undo/TransposeTableCommand.h"
+#include "view/TableView.h"
+
+template <class Command, class... Arguments>
+void MainWindow::push(Arguments... arguments) {
+    TableModel* const model = activeTable->tableModel();
+    activeTable->stopEditing();
+    activeTable->pushUndoCommand(new Command(model, model->getSelection(), arguments..., true));
+}
+
+void MainWindow::commandUndo() {
+    activeTable->stopEditing();
+    activeTable->undo();
+}
+
+void MainWindow::commandRedo() {
+    activeTable->stopEditing();
+    activeTable->redo();
+}
+
+void MainWindow::commandEditSelectedCell() {
+    activeTable->editMainCellAppend();
+}
+
+void MainWindow::commandStopEditing() {
+    activeTable->stopEditing();
+}
+
+void MainWindow::commandClearCellContentsNavigate() {
+    TableModel* const model = activeTable->tableModel();
+    RangeVector emptied = model->getSelection();
+    for (Range& range : emptied) {
+        range.value = QString();
+    }
+    activeTable->pushUndoCommand(new SetModelDataCommand(model, emptied, true));
+}
+
+void MainWindow::commandInsertRowsBefore() {
+    push<InsertRowsCommand>(1, true);
+}
+
+void MainWindow::commandInsertColumnsBefore() {
+    push<InsertColsCommand>(1, true);
+}
+
+void MainWindow::commandInsertRowsAfter() {
+    push<InsertRowsCommand>(1, false);
+}
+
+void MainWindow::commandInsertColumnsAfter() {
+    push<InsertColsCommand>(1, false);
+}
+
+void MainWindow::commandRemoveRows() {
+    push<RemoveRowsCommand>(1);
+}
+
+void MainWindow::commandRemoveColumns() {
+    push<RemoveColsCommand>(1);
+}
+
+void MainWindow::commandDuplicateRows() {
+    push<DuplicateRowsCommand>(1);
+}
+
+void MainWindow::commandDuplicateColumns() {
+    push<DuplicateColsCommand>(1);
+}
+
+void MainWindow::commandMoveRowsUp() {
+    push<MoveRowsRelativeCommand>(-1);
+}
+
+void MainWindow::commandMoveRowsDown() {
+    push<MoveRowsRelativeCommand>(1);
+}
+
+void MainWindow::commandMoveColumnsLeft() {
+    push<MoveColsRelativeCommand>(-1);
+}
+
+void MainWindow::commandMoveColumnsRight() {
+    push<MoveColsRelativeCommand>(1);
+}
+
+void MainWindow::commandMoveCellContentsUp() {
+    push<MoveCellContentsCommand>(-1, 0);
+}
+
+void MainWindow::commandMoveCellContentsDown() {
+    push<MoveCellContentsCommand>(1, 0);
+}
+
+void MainWindow::commandMoveCellContentsLeft() {
+    push<MoveCellContentsCommand>(0, -1);
+}
+
+void MainWindow::commandMoveCellContentsRight() {
+    push<MoveCellContentsCommand>(0, 1);
+}
+
+void MainWindow::commandTransposeTable() {
+    push<TransposeTableCommand>();
+}
+
+void MainWindow::commandToggleShowEditorPane() {
+    paneView->showEditorPane(!paneView->isEditorPaneShown(), true);
+}
