@@ -12,7 +12,9 @@ find_program(GRIDWRIGHT_CCACHE ccache)
 if(GRIDWRIGHT_CCACHE AND PROJECT_IS_TOP_LEVEL)
   # Precompiled headers defeat ccache unless it is told that their time stamps and macros do not matter.
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
-      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${GRIDWRIGHT_CCACHE})
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      # Two checkouts of the same sources share what has been compiled.
+      CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${GRIDWRIGHT_CCACHE})
 endif()
 
 add_library(gridwright_options INTERFACE)

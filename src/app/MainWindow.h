@@ -78,6 +78,8 @@ private:
     void removeTable(TableView* table);
     bool isUntouchedEmptyTable(TableView const* table) const;
     void onTableLoaded(TableView* table);
+    /// Warns of a table that may lack the end of its file.
+    void tellIfNotReadWhole(TableView const* table);
 
     void updateWindowTitle();
     void updateStatusBar();

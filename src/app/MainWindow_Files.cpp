@@ -104,6 +104,7 @@ TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly
     table->setExtensionData(settledOptions(row, path));
     table->loadCSV(path, QFileInfo(path).size() > backgroundLoadSize);
     addTableEditorFromView(table);
+    tellIfNotReadWhole(table);
     return table;
 }
 
@@ -118,8 +119,18 @@ bool MainWindow::isUntouchedEmptyTable(TableView const* table) const {
 }
 
 void MainWindow::onTableLoaded(TableView* table) {
+    tellIfNotReadWhole(table);
     if (table == activeTable) {
         setActiveTable(table);
+    }
+}
+
+void MainWindow::tellIfNotReadWhole(TableView const* table) {
+    if (!table->isLoading() && !table->tableModel()->wasFileReadWhole()) {
+        MsgBox::inform(this, theme,
+                       tr("This file became shorter, or could not be read on, while it was being opened:\n%1\n\nThe "
+                          "table holds what could be read.")
+                           .arg(table->getFilepath()));
     }
 }
 

@@ -68,15 +68,19 @@ QString SingleApplicationPrivate::genBlockServerName() const {
     return QString::fromLatin1(hash.result().toBase64().replace('/', '_'));
 }
 
+void SingleApplicationPrivate::attachAndRelease() {
+    if (memory.attach()) {
+        memory.detach();
+    }
+}
+
 void SingleApplicationPrivate::openBlock() {
     randomSleep();
     memory.setKey(blockServerName);
     // The memory is of the System V kind, which outlives a process that crashed. Whoever lets it go last removes it,
     // so one attachment and release clears what a crash has left. The same object goes on: a second one would remove
     // the semaphore of the lock in its destructor while another start may hold it.
-    if (memory.attach()) {
-        memory.detach();
-    }
+    attachAndRelease();
     // A block may go away between the two calls, when the one process that was attached lets it go.
     constexpr int attempts = 5;
     for (int attempt = 1;; ++attempt) {
@@ -91,6 +95,12 @@ void SingleApplicationPrivate::openBlock() {
         if (memory.error() != QSharedMemory::AlreadyExists) {
             qCritical("SingleApplication: Unable to create block.");
             abortSafely();
+        }
+        if (attempt == 1) {
+            // The attachment above finds nothing while the key has no file, as after a clean-up of the temporary
+            // folder; the attempt to create has made one, which may lead to an abandoned block after all.
+            attachAndRelease();
+            continue;
         }
         if (memory.attach()) {
             break;

@@ -33,6 +33,7 @@ public:
     // Deciding
 
     /// Opens the block, makes it if there is none, and locks it. Ends the process if the system refuses.
+    void attachAndRelease();
     void openBlock();
     /// Returns, with the block locked, when its checksum is right; after five seconds makes it right.
     void waitForConsistentBlock();

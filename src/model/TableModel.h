@@ -290,6 +290,7 @@ public:
     bool isLoading() const { return tableData.isLoading(); }
     QString getFilepath() const { return tableData.getFilepath(); }
     QString getLastSaveError() const { return tableData.getLastSaveError(); }
+    bool wasFileReadWhole() const { return tableData.wasFileReadWhole(); }
     /// The name of the file, "untitled" without one.
     QString getTableName() const;
     /// Lets a scanner that waits at a progress report go on.

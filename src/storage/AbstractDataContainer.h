@@ -97,6 +97,8 @@ public:
     Bytes const& getBom() const { return bom; }
     /// One sentence for the user about the last failed save, empty after a good one.
     QString getLastSaveError() const { return lastSaveError; }
+    /// False if the last load got fewer bytes than the file had when it was opened.
+    bool wasFileReadWhole() const { return fileReadWhole; }
     /// The pair that paces progress signals to the GUI. Not owned; may be null.
     void setProgressUpdateMutex(QMutex* mutex, QWaitCondition* condition);
 
@@ -162,6 +164,7 @@ protected:
     bool hasBom = false;
     Bytes bom; ///< the mark found at the load; a save writes it back if it still fits the encoding
     QString lastSaveError;
+    bool fileReadWhole = true;
     std::atomic<bool> quit = false;
 
 private:

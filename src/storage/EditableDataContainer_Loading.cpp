@@ -102,6 +102,7 @@ bool EditableDataContainer::loadWith(Scan scan, ScannerDialect const& dialect) {
     ScannerResult const result = scan(rows, job, dialect);
     numRowsStored = storedRows();
     numColsStored = std::max(numColsStored, static_cast<int>(result.columns));
+    fileReadWhole = !result.finished || file.wasReadWhole();
     file.close();
     if (result.finished)
         emit loadFinishedSignal();

@@ -27,8 +27,10 @@ ScannerFile::~ScannerFile() {
 std::size_t ScannerFile::read(char* to, std::size_t bytes) {
     for (;;) {
         auto const came = ::read(descriptor, to, bytes);
-        if (came >= 0)
+        if (came >= 0) {
+            bytesRead += static_cast<std::uint64_t>(came);
             return static_cast<std::size_t>(came);
+        }
         if (errno != EINTR)
             return 0;
     }

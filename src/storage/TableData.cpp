@@ -25,6 +25,10 @@ QString TableData::getFilepath() const {
     return dataContainer->getFilepath();
 }
 
+bool TableData::wasFileReadWhole() const {
+    return dataContainer->wasFileReadWhole();
+}
+
 QString TableData::getLastSaveError() const {
     return dataContainer->getLastSaveError();
 }

@@ -55,6 +55,8 @@ public:
     AbstractDataContainer* getDataContainer() const { return dataContainer.get(); }
     QString getFilepath() const;
     QString getLastSaveError() const;
+    /// False if the file became shorter, or could not be read on, while it was loaded.
+    bool wasFileReadWhole() const;
 
     // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file.
 

@@ -6,6 +6,8 @@
 #include <utility>
 
 QString TableData::textAt(int row, int col) const {
+    if (loading)
+        return {}; // The load thread has the cells; a view that paints meanwhile shows none.
     if (editableContainer)
         return codec.decode(editableContainer->cellView(row, col));
     auto const bytes = dataContainer->getValue(row, col);

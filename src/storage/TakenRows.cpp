@@ -21,7 +21,7 @@ void TakenRows::putBack(CellRows& to, Blocks const& blocks) {
     std::size_t total = to.rows.size();
     for (auto const& [first, last] : blocks)
         total += static_cast<std::size_t>(last - first + 1);
-    CellRows::Rows merged;
+    decltype(to.rows) merged;
     merged.reserve(total);
     auto present = to.rows.begin();
     auto returning = rows.begin();

@@ -3,7 +3,8 @@
 #include "view/AbstractTableView.h"
 
 /// A band of header rows or columns that stays in sight over the main view. What is done in it is done to the main
-/// view, which listens to its signals.
+/// view, which listens to its signals. To be given the model when it is first shown and not before: the headers of each
+/// view cost time and memory by the rows of the table.
 class FrozenTableView : public AbstractTableView {
     Q_OBJECT
 

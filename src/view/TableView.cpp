@@ -120,8 +120,6 @@ void TableView::setModel(QAbstractItemModel* model) {
     connectSignalsWithModel();
     connectSizesWithModel();
     connectEditingWithModel();
-    for (FrozenTableView* const view : frozenViews())
-        view->setModel(model);
     tableModel()->setSelection(Range(0, 0, RangeIndexType::Model));
     refreshView();
     selectionModel()->clear();

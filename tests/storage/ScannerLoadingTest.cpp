@@ -214,6 +214,26 @@ TEST_F(ScannerLoading, LargeFilesTellTheirProgressAndStopOnQuit) {
     }
 }
 
+TEST_F(ScannerLoading, AFileThatShrinksOrGrowsMeanwhileIsReadAsFarAsItGoes) {
+    struct Change {
+        qint64 newSize;
+        int rows;
+        bool whole;
+    };
+    // The size is that of 24,577 rows; a file that grows is read to the end of the blocks counted at its start.
+    for (Change const& change : {Change{10 << 20, 10240, false}, Change{30 << 20, 24577, true}}) {
+        EditableDataContainer container;
+        container.setFilepath(write(largeFile("\n")));
+        QObject::connect(&container, &AbstractDataContainer::loadProgressUpdateSignal, [&](int done) {
+            if (done == 0)
+                QFile::resize(container.getFilepath(), change.newSize);
+        });
+        EXPECT_TRUE(container.loadCSV());
+        EXPECT_EQ(container.numRows(), change.rows);
+        EXPECT_EQ(container.wasFileReadWhole(), change.whole);
+    }
+}
+
 TEST_F(ScannerLoading, ALargeFileGivesTheProgressDialogTimeWhenThereIsOne) {
     QMutex mutex;
     QWaitCondition condition;

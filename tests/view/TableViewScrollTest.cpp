@@ -1,5 +1,6 @@
 #include "tests/view/TableFixture.h"
 #include "view/HeaderView.h"
+#include "view/TLCornerButton.h"
 
 #include <QHeaderView>
 #include <QPointingDevice>
@@ -106,11 +107,13 @@ TEST_F(TableViewScroll, ReturnsOnceToWhereItWas) {
 }
 
 TEST_F(TableViewScroll, RowLabelsAreAsWideAsTheLastOne) {
+    view.setStyleSheet(Theme().getStyleSheet());
     load(12000, 2);
     QCoreApplication::processEvents();
     QHeaderView const& labels = *view.verticalHeader();
     QFont const font = qvariant_cast<QFont>(model().headerData(0, Qt::Vertical, Qt::FontRole));
     EXPECT_GT(labels.width(), QFontMetrics(font).horizontalAdvance(QStringLiteral("11999")));
+    EXPECT_EQ(view.findChild<TLCornerButton*>()->width(), labels.width());
     EXPECT_FALSE(view.horizontalHeader()->accessibleName().isEmpty());
 }
 

@@ -1,6 +1,6 @@
 #include "model/undo/CellContentsCommand.h"
 
-#include "model/TableModel.h"
+#include "model/undo/ModelAxis.h"
 
 #include <algorithm>
 #include <utility>
@@ -44,6 +44,17 @@ void CellContentsCommand::carry(RangeVector const& sources, int rows, int cols, 
 }
 
 void CellContentsCommand::apply() {
+    // A whole row, column or table is filled as far as the grid goes, which follows the selection and the settings. A
+    // later redo has to fill the same cells.
+    ModelAxis rows(*model, Axis::Rows);
+    ModelAxis cols(*model, Axis::Columns);
+    if (firstRedo) {
+        gridRows = rows.gridCount();
+        gridCols = cols.gridCount();
+    } else {
+        rows.setGridCount(gridRows);
+        cols.setGridCount(gridCols);
+    }
     model->populateModel(cells, false, Range(RangeType::None), false);
     model->enforceAutoFitOnModel(cells);
     selectNewCells();

@@ -19,4 +19,8 @@ protected:
 
     void apply() override;
     void revert() override;
+
+private:
+    int gridRows = 0; ///< when the contents were written first
+    int gridCols = 0;
 };

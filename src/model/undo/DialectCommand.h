@@ -55,26 +55,35 @@ public:
         setText(QLatin1String(Dialect::name));
     }
 
-    void undo() override { exchange(); }
-    void redo() override { exchange(); }
+    void undo() override {
+        exchange();
+        finish();
+    }
+    void redo() override {
+        exchange();
+        finish();
+    }
 
-private:
+protected:
     void exchange() {
         Value const present = Dialect::get(*model);
         std::swap(model->dialectOrigin().*Dialect::flag, setByCommand);
         Dialect::set(*model, value);
         (model->*Dialect::announce)(value);
         value = present;
+    }
+    void finish() {
         selectNewCells();
         refreshView();
         model->saveAfterEdit();
     }
 
     Value value; ///< what the next exchange sets
+
+private:
     bool setByCommand = true;
 };
 
 using SetLineEndingCommand = DialectCommand<LineEndingDialect>;
-using SetEncodingCommand = DialectCommand<EncodingDialect>;
 using SetParsingStandardCommand = DialectCommand<ParsingStandardDialect>;
 using SetDelimiterCommand = DialectCommand<DelimiterDialect>;

@@ -21,6 +21,7 @@ public:
     }
 
     int rawCount() const { return rows ? model.rowCountRaw() : model.columnCountRaw(); }
+    int gridCount() const { return rows ? model.rowCount() : model.columnCount(); }
     int modelCount() const { return rows ? model.rowCountModel() : model.columnCountModel(); }
 
     /// The lines that ranges touch, ascending.
@@ -46,6 +47,16 @@ public:
 
     void insert(int line, int count) { rows ? model.insertRows(line, count) : model.insertColumns(line, count); }
     void remove(int line, int count) { rows ? model.removeRows(line, count) : model.removeColumns(line, count); }
+    /// Makes the grid that long at its end and leaves the data alone.
+    void setGridCount(int count) {
+        int const present = gridCount();
+        model.setDataAlreadyChanged(true);
+        if (count > present)
+            insert(present, count - present);
+        else
+            remove(count, present - count);
+        model.setDataAlreadyChanged(false);
+    }
     // Changes of the data alone.
     void move(int line, int offset) {
         TableData& data = model.getTableData();

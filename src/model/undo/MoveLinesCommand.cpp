@@ -5,8 +5,12 @@
 #include <algorithm>
 #include <utility>
 
+/// Those in the data; the grid goes on behind it, but there is nothing to move there.
 std::vector<int> MoveLinesCommand::startLines() const {
-    return ModelAxis(*model, axis).startLines(cells);
+    ModelAxis const lines(*model, axis);
+    std::vector<int> starts = lines.startLines(cells);
+    std::erase_if(starts, [&](int line) { return line >= lines.modelCount(); });
+    return starts;
 }
 
 void MoveLinesCommand::setSteps(std::vector<Step> moves) {

@@ -41,7 +41,7 @@ protected:
     TableModel* model = nullptr;
     RangeVector cells; ///< Model
     bool changeSelection = true;
-    bool firstRedo = true; ///< until a change of content has been made once
+    bool firstRedo = true; ///< until the change has been made once
     SortData rowSortData;  ///< of the model when the command was made
     SortData colSortData;
     int rowsAdded = 0; ///< Raw, by the last redo; negative for rows that it took away

@@ -1,0 +1,8 @@
+#pragma once
+
+/// What a setting acts on. The values are stored in records: never renumber.
+enum class ScopeType {
+    Command = 0, ///< no setting: a plain command
+    Global = 1,  ///< the whole program, at once
+    Table = 2,   ///< one table; the default for tables opened later
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "model/undo/DialectCommand.h"
+#include "storage/AbstractDataContainer.h"
+
+#include <vector>
+
+/// Sets the encoding of a table, which rewrites its cells. What the new encoding cannot hold is kept as bytes, so that
+/// undo brings back every character.
+class SetEncodingCommand : public DialectCommand<EncodingDialect> {
+public:
+    using DialectCommand::DialectCommand;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    struct KeptCell {
+        int row; ///< as stored, also in a transposed table
+        int col;
+        AbstractDataContainer::Bytes bytes;
+    };
+
+    void keepLossyCells();
+
+    std::vector<KeptCell> kept;
+};
