@@ -6,39 +6,45 @@
 
 #include <utility>
 
-/// How a part of a file's dialect is read from a model, set, and announced to the view.
+/// How a part of a file's dialect is read from a model, and set and announced to the view.
 struct LineEndingDialect {
     static constexpr auto name = "SetLineEndingCommand";
     static constexpr auto flag = &TableModel::DialectOrigin::lineEndingSetByCommand;
-    static constexpr auto announce = &TableModel::setLineEndingForFileSaveCommand;
     static LineEndingType get(TableModel const& model) { return model.getLineEnding(); }
-    static void set(TableModel& model, LineEndingType type) { model.setLineEnding(type); }
+    static void set(TableModel& model, LineEndingType type) {
+        model.setLineEnding(type);
+        model.setLineEndingForFileSaveCommand(type);
+    }
 };
 
 struct EncodingDialect {
     static constexpr auto name = "SetEncodingCommand";
     static constexpr auto flag = &TableModel::DialectOrigin::encodingSetByCommand;
-    static constexpr auto announce = &TableModel::setEncodingForFileSaveCommand;
     static EncodingType get(TableModel const& model) { return model.getEncoding(); }
-    static void set(TableModel& model, EncodingType type) { model.setEncoding(type); }
+    static void set(TableModel& model, EncodingType type) {
+        model.setEncoding(type);
+        model.setEncodingForFileSaveCommand(type);
+    }
 };
 
 struct ParsingStandardDialect {
     static constexpr auto name = "SetParsingStandardCommand";
     static constexpr auto flag = &TableModel::DialectOrigin::parsingStandardSetByCommand;
-    static constexpr auto announce = &TableModel::setParsingStandardForFileSaveCommand;
     static ParsingStandard get(TableModel const& model) { return model.getParsingStandard(); }
-    static void set(TableModel& model, ParsingStandard standard) { model.setParsingStandard(standard); }
+    static void set(TableModel& model, ParsingStandard standard) {
+        model.setParsingStandard(standard);
+        model.setParsingStandardForFileSaveCommand(standard);
+    }
 };
 
 /// The delimiter of a save; what the file was read with stays.
 struct DelimiterDialect {
     static constexpr auto name = "SetDelimiterCommand";
     static constexpr auto flag = &TableModel::DialectOrigin::delimiterSetByCommand;
-    static constexpr auto announce = &TableModel::setDelimiterForFileSaveCommand;
     static QString get(TableModel const& model) { return model.getSaveDelimiter(); }
     static void set(TableModel& model, QString const& delimiter) {
         model.setDelimiter(model.getDelimiter(), delimiter);
+        model.setDelimiterForFileSaveCommand(delimiter);
     }
 };
 
@@ -69,7 +75,6 @@ protected:
         Value const present = Dialect::get(*model);
         std::swap(model->dialectOrigin().*Dialect::flag, setByCommand);
         Dialect::set(*model, value);
-        (model->*Dialect::announce)(value);
         value = present;
     }
     void finish() {

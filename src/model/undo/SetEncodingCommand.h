@@ -9,7 +9,9 @@
 /// undo brings back every character.
 class SetEncodingCommand : public DialectCommand<EncodingDialect> {
 public:
-    using DialectCommand::DialectCommand;
+    SetEncodingCommand(TableModel* model, RangeVector const& cells, EncodingType encoding, bool changeSelection,
+                       QUndoCommand* parent = nullptr)
+        : DialectCommand(model, cells, encoding, changeSelection, parent) {}
 
     void undo() override;
     void redo() override;
