@@ -42,6 +42,22 @@ ExtensionData settledOptions(ExtensionData options, QString const& path) {
     return options;
 }
 
+/// Gives a new table what a user finds who has changed no setting: a grid with room to type beyond the data, and a
+/// plain font.
+void applyDefaults(TableView& table) {
+    constexpr int smallestGrid = 50;
+    constexpr int bufferLines = 2;
+    constexpr int textPixels = 13;
+    TableModel& model = *table.tableModel();
+    model.setMinNumTableRows(smallestGrid);
+    model.setMinNumTableCols(smallestGrid);
+    model.setNumBufferRows(bufferLines);
+    model.setNumBufferCols(bufferLines);
+    model.setFont(QFont(QStringLiteral("Liberation Sans")));
+    model.setTextSize(textPixels);
+    table.setSnapToColumnAfterScrolling(false);
+}
+
 } // namespace
 
 bool MainWindow::openFiles(QStringList const& paths) {
@@ -83,6 +99,7 @@ TableView* MainWindow::takeTable(QString const& path) {
 
 TableView* MainWindow::makeEmptyTableObject() {
     auto* table = new TableView(this);
+    applyDefaults(*table);
     table->setExtensionData(settledOptions(ExtensionTable::find(extensions, QStringLiteral("csv")), QString()));
     connect(table, &TableView::tableSizeChangedSignal, this,
             [this, table](int rows, int cols, int visibleRows, int visibleCols) {

@@ -143,7 +143,7 @@ TEST_F(MainWindowTest, EveryHandlerBelongsToACommandAndCommandsFollowTheContext)
         }
     }
     window.openFile(write("a.csv", "1,2\n3,4\n"));
-    QTest::keyClick(&window, Qt::Key_Down, Qt::ShiftModifier);
+    window.commandSelectDown();
     EXPECT_EQ(window.getActiveTable()->tableModel()->numSelectedCells(), 2);
     window.commandRemoveRows();
     EXPECT_EQ(label(StatusBar::Label::TableSize), "0 rows x 2 columns");

@@ -1,0 +1,68 @@
+"""Typing, Tab and Enter, undo and redo, the editor pane and a save, as a person does them."""
+
+from harness import DesktopTest
+
+
+class Edit(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        self.write("a.csv", b"name,price\nhinge,4\nlatch,5\n")
+        self.start("a.csv", "-w", "900", "-h", "500")
+        self.expect_window("a.csv - Gridwright")
+
+    def save_and_expect(self, content):
+        self.press("ctrl+s")
+        self.expect_file("a.csv", content)
+
+    def test_a_record_is_typed_with_tab_and_enter(self):
+        self.press("Down")
+        self.type("bolt")
+        self.press("Tab")
+        self.type("7, or 8")
+        self.press("Return")
+        self.type("nut")
+        self.press("Return")
+        self.screenshot("edit-record")
+        self.save_and_expect(b'name,price\nbolt,"7, or 8"\nnut,5\n')
+        self.press("ctrl+z", "ctrl+z", "ctrl+z")
+        self.save_and_expect(b"name,price\nhinge,4\nlatch,5\n")
+        self.press("ctrl+y")
+        self.save_and_expect(b"name,price\nbolt,4\nlatch,5\n")
+
+    def test_several_cells_take_one_text_and_one_undo_takes_it_back(self):
+        self.press("Down", "shift+Right", "shift+Down")
+        self.type("x")
+        self.press("Return")
+        self.save_and_expect(b"name,price\nx,x\nx,x\n")
+        self.press("ctrl+z")
+        self.save_and_expect(b"name,price\nhinge,4\nlatch,5\n")
+
+    def test_the_pane_edits_the_main_cell_and_takes_line_breaks(self):
+        self.press("ctrl+k", "ctrl+e")
+        self.type("first")
+        self.press("Return")
+        self.type("second")
+        self.press("Escape")
+        self.screenshot("edit-pane")
+        self.save_and_expect(b'"first\nsecond",price\nhinge,4\nlatch,5\n')
+
+    def test_typing_behind_the_table_makes_it_grow_and_rows_come_and_go(self):
+        self.press("ctrl+End", "Down")
+        self.type("below")
+        self.press("Return")
+        self.save_and_expect(b"name,price\nhinge,4\nlatch,5\nbelow,\n")
+        self.press("ctrl+Home", "ctrl+shift+k")
+        self.save_and_expect(b"hinge,4\nlatch,5\nbelow,\n")
+
+    def test_closing_with_changes_asks(self):
+        self.type("x")
+        self.press("Return", "ctrl+w")
+        self.expect_window("Gridwright")
+        self.screenshot("close-question")
+        self.press("alt+c")
+        self.expect_window("a.csv - Gridwright")
+        self.press("ctrl+w")
+        self.expect_window("Gridwright")
+        self.press("alt+s")
+        self.expect_window("untitled - Gridwright")
+        self.expect_file("a.csv", b"x,price\nhinge,4\nlatch,5\n")
