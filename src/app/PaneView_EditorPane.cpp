@@ -43,18 +43,18 @@ void PaneView::setupEditorPane() {
         if (std::exchange(typedDuringLoad, false))
             onEditorPaneTextChanged();
     });
-    auto const forward = [this](void (AbstractTableView::*move)()) {
-        return [this, move] {
-            if (activeTable != nullptr)
-                (activeTable->*move)();
-        };
-    };
-    connect(editorPane, &EditorPane::nextRowWithColumnResetSignal, this,
-            forward(&AbstractTableView::nextRowWithColumnReset));
-    connect(editorPane, &EditorPane::nextColumnWithColumnResetSignal, this,
-            forward(&AbstractTableView::nextColumnWithColumnReset));
-    connect(editorPane, &EditorPane::previousColumnWithColumnResetSignal, this,
-            forward(&AbstractTableView::previousColumnWithColumnReset));
+    connect(editorPane, &EditorPane::nextRowWithColumnResetSignal, this, [this] {
+        if (activeTable != nullptr)
+            activeTable->nextRowWithColumnReset();
+    });
+    connect(editorPane, &EditorPane::nextColumnWithColumnResetSignal, this, [this] {
+        if (activeTable != nullptr)
+            activeTable->nextColumnWithColumnReset();
+    });
+    connect(editorPane, &EditorPane::previousColumnWithColumnResetSignal, this, [this] {
+        if (activeTable != nullptr)
+            activeTable->previousColumnWithColumnReset();
+    });
 }
 
 void PaneView::connectEditing(TableView* table) {
