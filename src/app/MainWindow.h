@@ -4,6 +4,7 @@
 #include "commands/Commands.h"
 #include "core/Context.h"
 #include "core/ExtensionData.h"
+#include "view/ContextMenuEntries.h"
 
 #include <QMainWindow>
 #include <QStringList>
@@ -151,6 +152,8 @@ protected:
 private:
     void buildWidgets();
     void setupMenus();
+    /// The actions that context menus may offer, by the names of their commands.
+    CommandActions actionsWithHandler() const;
     void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
     TableView* makeEmptyTableObject();

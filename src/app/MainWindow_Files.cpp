@@ -100,6 +100,7 @@ TableView* MainWindow::takeTable(QString const& path) {
 TableView* MainWindow::makeEmptyTableObject() {
     auto* table = new TableView(this);
     applyDefaults(*table);
+    table->setupContextMenus(actionsWithHandler());
     table->setExtensionData(settledOptions(ExtensionTable::find(extensions, QStringLiteral("csv")), QString()));
     connect(table, &TableView::tableSizeChangedSignal, this,
             [this, table](int rows, int cols, int visibleRows, int visibleCols) {

@@ -16,6 +16,16 @@ bool hasHandler(QString const& command) {
 
 } // namespace
 
+CommandActions MainWindow::actionsWithHandler() const {
+    CommandActions actions;
+    for (Command const& command : commands.sorted()) {
+        if (hasHandler(command.name)) {
+            actions.insert(command.name, command.action);
+        }
+    }
+    return actions;
+}
+
 void MainWindow::setupMenus() {
     for (MenuItem const& item : Menus::menuBar()) {
         auto* const menu = new QMenu(item.title, this);

@@ -80,6 +80,15 @@ class DesktopTest(unittest.TestCase):
         self._xdotool("getactivewindow", "mousemove", "--window", "%1", str(x), str(y),
                       "click", "--repeat", str(count), str(button), check=True)
 
+    def drag(self, start, *points):
+        """Presses the left button at a point of the window that has the focus, moves over points and lets it go."""
+        window = self._xdotool("getactivewindow")
+        move = lambda point: ["mousemove", "--window", window, str(point[0]), str(point[1])]
+        self._xdotool(*move(start), "mousedown", "1", check=True)
+        for point in points:
+            self._xdotool(*move(point), check=True)
+        self._xdotool("mouseup", "1", check=True)
+
     # Files in the working folder.
 
     def write(self, name, content):
