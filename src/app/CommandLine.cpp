@@ -10,7 +10,7 @@ namespace {
 
 bool namesAFile(QString const& path) {
     QFileInfo const info(path);
-    return info.exists() || info.isSymLink();
+    return info.exists() || info.isSymLink() || path.contains(QChar::ReplacementCharacter);
 }
 
 } // namespace

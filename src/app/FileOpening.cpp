@@ -4,11 +4,16 @@
 #include <QFileInfo>
 #include <QObject>
 
+#include <cerrno>
 #include <sys/stat.h>
+#include <unistd.h>
 
 QString reasonAgainstOpening(QString const& path) {
     QFileInfo const info(path);
     if (!info.exists()) {
+        if (path.contains(QChar::ReplacementCharacter)) {
+            return QObject::tr("Its name is not valid text. Rename the file to open it.");
+        }
         return info.isSymLink() ? QObject::tr("It is a link to a file that does not exist.")
                                 : QObject::tr("The file does not exist.");
     }
@@ -20,7 +25,11 @@ QString reasonAgainstOpening(QString const& path) {
         return QObject::tr("It is not a regular file.");
     }
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
+    if (file.open(QIODevice::ReadOnly)) {
+        return QString();
+    }
+    bool const forbidden = ::access(QFile::encodeName(path).constData(), R_OK) != 0 && errno == EACCES;
+    return forbidden ? QObject::tr("You have no permission to read it.") : file.errorString();
 }
 
 bool isWritableFile(QString const& path) {

@@ -81,6 +81,9 @@ TEST(FileOpening, EverythingButAReadableRegularFileIsRefusedWithAReason) {
     EXPECT_EQ(reasonAgainstOpening("/dev/zero"), "It is not a regular file.");
     EXPECT_EQ(reasonAgainstOpening(directory.filePath("dangling")), "It is a link to a file that does not exist.");
     EXPECT_EQ(reasonAgainstOpening(directory.filePath("none")), "The file does not exist.");
+    QString const unnamed = QFile::decodeName(QFile::encodeName(directory.filePath("a")) + "\xFF.csv");
+    EXPECT_EQ(reasonAgainstOpening(unnamed), "Its name is not valid text. Rename the file to open it.");
+    EXPECT_EQ(CommandLine::parse({"gridwright", unnamed}, "/").files, QStringList(unnamed));
     EXPECT_TRUE(isWritableFile(directory.filePath("a.csv")));
     EXPECT_EQ(QFile(directory.filePath("a.csv")).size(), 4);
 }
