@@ -99,7 +99,19 @@ void MainWindow::updateStatusBar() {
     labelBar->setText(Label::Delimiter, StatusBar::delimiterText(model.getDelimiter(), model.getSaveDelimiter()));
     labelBar->setText(Label::Encoding, Utilities::convertEncodingTypeToString(model.getEncoding()));
     labelBar->setText(Label::LineEnding, Utilities::convertLineEndingTypeToShortString(model.getLineEnding(), false));
+    onSelectionSizeChanged(activeTable->tableModel()->getSelectionSize());
     onTableSizeChanged(model.rowCountRaw(), model.columnCountRaw(), model.rowCountModel(), model.columnCountModel());
+}
+
+// Sum and mean are worked out at once, so only for selections that take no time.
+void MainWindow::onSelectionSizeChanged(RangeSize const& size) {
+    constexpr qint64 fewCells = 5000;
+    TableModel& model = *activeTable->tableModel();
+    labelBar->setText(StatusBar::Label::Selection, StatusBar::selectionText(size));
+    labelBar->setText(StatusBar::Label::Stats, QStringLiteral("Sum: -      Mean: -"));
+    if (model.numSelectedCells() < fewCells) {
+        model.updateStatusBarStats();
+    }
 }
 
 void MainWindow::onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols) {

@@ -4,6 +4,7 @@
 #include "commands/Commands.h"
 #include "core/Context.h"
 #include "core/ExtensionData.h"
+#include "core/RangeSize.h"
 #include "view/ContextMenuEntries.h"
 
 #include <QMainWindow>
@@ -184,6 +185,7 @@ private:
 
     void updateWindowTitle();
     void updateStatusBar();
+    void onSelectionSizeChanged(RangeSize const& size);
     void onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols);
 
     Theme theme;

@@ -3,6 +3,7 @@
 #include "app/FileOpening.h"
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
+#include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "commands/ExtensionTable.h"
 #include "core/DelimiterUtilities.h"
@@ -108,6 +109,16 @@ TableView* MainWindow::makeEmptyTableObject() {
                     onTableSizeChanged(rows, cols, visibleRows, visibleCols);
                 }
             });
+    connect(table, &TableView::selectionSizeChangedSignal, this, [this, table](RangeSize const& size) {
+        if (table == activeTable) {
+            onSelectionSizeChanged(size);
+        }
+    });
+    connect(table->tableModel(), &TableModel::updateStatsLabelSignal, this, [this, table](QString const& text) {
+        if (table == activeTable) {
+            labelBar->setText(StatusBar::Label::Stats, text);
+        }
+    });
     connect(table, &TableView::undoStackCleanChangedSignal, this,
             [this, table](bool clean) { onSavedStatusChanged(table, clean); });
     return table;

@@ -14,7 +14,8 @@ struct LabelInfo {
 
 // In the order of their places, from left to right.
 constexpr LabelInfo labelInfos[] = {
-    {StatusBar::Label::TableSize, "Table size", false}, {StatusBar::Label::Delimiter, "Delimiter", true},
+    {StatusBar::Label::TableSize, "Table size", false}, {StatusBar::Label::Selection, "Selection", false},
+    {StatusBar::Label::Stats, "Sum and mean", false},   {StatusBar::Label::Delimiter, "Delimiter", true},
     {StatusBar::Label::Encoding, "Encoding", true},     {StatusBar::Label::LineEnding, "Line ending", true},
     {StatusBar::Label::Mode, "Editing mode", true},
 };
@@ -62,6 +63,22 @@ QString StatusBar::tableSizeText(int rows, int cols, int visibleRows, int visibl
         text += QStringLiteral(" (%1)").arg(sizeText(visibleRows, visibleCols));
     }
     return text;
+}
+
+QString StatusBar::selectionText(RangeSize const& size) {
+    auto const counted = [](int count, char const* what) {
+        return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(what), plural(count));
+    };
+    QString const selected = QStringLiteral("Selected: ");
+    if (size.rows > 0 && size.cols > 0)
+        return selected + counted(size.rows, "row") + QStringLiteral(", ") + counted(size.cols, "column");
+    if (size.rows > 0)
+        return selected + counted(size.rows, "row");
+    if (size.cols > 0)
+        return selected + counted(size.cols, "column");
+    if (size.height >= 1 && size.width >= 1 && size.cells != 1)
+        return selected + QStringLiteral("%1 x %2").arg(size.width).arg(size.height);
+    return selected + counted(size.cells, "cell");
 }
 
 QString StatusBar::delimiterText(QString const& delimiter, QString const& saveDelimiter) {

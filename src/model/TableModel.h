@@ -251,6 +251,10 @@ public:
     bool selectLeftOrRight(Direction direction, bool toBlockEdge, bool onlyTakeBack, bool* changed);
     void selectUpOrDown(RangeVector const& base, std::vector<SelectionType> const& steps);
     void selectLeftOrRight(RangeVector const& base, std::vector<SelectionType> const& steps);
+    /// "Sum: %1      Mean: %2" of the numbers among the selected cells, with "-" if there are none.
+    QString getSelectionSumMeanStr() const;
+    /// Announces those numbers; read-only tables have none.
+    void updateStatusBarStats();
     void resetShiftSelectInfo() { selection.resetShiftSelectInfo(); }
     void invertSelectionByRowsHeaderExcluded();
     void invertSelectionByColumnsHeaderExcluded();

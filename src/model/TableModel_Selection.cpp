@@ -1,5 +1,6 @@
 // The selection as the rest of the program sees it: the algebra is Selection's, the announcements are made here.
 
+#include "core/NumberUtilities.h"
 #include "model/TableModel.h"
 
 #include <algorithm>
@@ -140,4 +141,28 @@ bool TableModel::getNextBlockLocation(Range const& from, Range& to, Direction di
     to.row = std::max(to.row, 0);
     to.col = std::max(to.col, 0);
     return true;
+}
+
+QString TableModel::getSelectionSumMeanStr() const {
+    std::vector<RangeVector> rows;
+    getCellArrayByRows(rows, true, false);
+    std::vector<double> numbers;
+    for (RangeVector const& row : rows) {
+        for (Range const& cell : row) {
+            double const number = Utilities::convertStringToDouble(cell.value.toString().toUtf8(), true);
+            if (number == number)
+                numbers.push_back(number);
+        }
+    }
+    if (numbers.empty())
+        return QStringLiteral("Sum: -      Mean: -");
+    double const sum = Utilities::computeSum(numbers);
+    return QStringLiteral("Sum: %1      Mean: %2")
+        .arg(Utilities::convertNumberToString(sum, true),
+             Utilities::convertNumberToString(sum / static_cast<double>(numbers.size()), true));
+}
+
+void TableModel::updateStatusBarStats() {
+    if (!readOnly)
+        emit updateStatsLabelSignal(getSelectionSumMeanStr());
 }

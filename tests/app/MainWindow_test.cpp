@@ -145,8 +145,15 @@ TEST_F(MainWindowTest, EveryHandlerBelongsToACommandAndCommandsFollowTheContext)
     window.openFile(write("a.csv", "1,2\n3,4\n"));
     window.commandSelectDown();
     EXPECT_EQ(window.getActiveTable()->tableModel()->numSelectedCells(), 2);
+    EXPECT_EQ(label(StatusBar::Label::Selection), "Selected: 1 x 2");
+    EXPECT_EQ(label(StatusBar::Label::Stats), "Sum: 4      Mean: 2");
+    window.commandSelectEntireRows();
+    EXPECT_EQ(label(StatusBar::Label::Selection), "Selected: 2 rows");
+    EXPECT_EQ(label(StatusBar::Label::Stats), "Sum: 10      Mean: 2.5");
+    window.commandGoToTop();
+    EXPECT_EQ(label(StatusBar::Label::Selection), "Selected: 1 cell");
     window.commandRemoveRows();
-    EXPECT_EQ(label(StatusBar::Label::TableSize), "0 rows x 2 columns");
+    EXPECT_EQ(label(StatusBar::Label::TableSize), "1 row x 2 columns");
     window.commandUndo();
     EXPECT_EQ(cell(1, 1), "4");
 }
