@@ -43,6 +43,10 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
         labels[static_cast<std::size_t>(info.label)] = label;
         if (info.atRight) {
             addPermanentWidget(label);
+        } else if (info.label == Label::Stats) {
+            // In a narrow window this gives way to what tells the file's dialect.
+            label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+            addWidget(label, 1);
         } else {
             addWidget(label);
         }

@@ -23,7 +23,7 @@ constexpr StyleRule styleRules[] = {
     {"QMenu::item:disabled", "color: {DisabledTextColor};"},
     {"QStatusBar", "background-color: {Background2Color};"},
     {"QStatusBar::item", "border: none;"},
-    {"QStatusBar QLabel", "color: {StaticTextColor}; background-color: transparent; padding: 2px 8px;"},
+    {"QStatusBar QLabel", "color: {StaticTextColor}; background-color: transparent; padding: 2px 5px;"},
     {"QTabBar::tab", "color: {InactiveTabTextColor}; background-color: {Background2Color}; padding: 5px 12px;"},
     {"QTabBar::tab:selected", "color: {TextColor}; background-color: {Background3Color};"},
     {"QSplitter::handle", "background-color: {Background2Color};"},

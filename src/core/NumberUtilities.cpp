@@ -65,6 +65,23 @@ double parse(std::string const& number) {
     return value;
 }
 
+/// How many decimals bring a number to the 15 digits that a double holds for sure; more would show its rounding.
+int decimalsOf(double value) {
+    constexpr int sureDigits = 15;
+    int const digitsBeforePoint = static_cast<int>(std::floor(std::log10(std::abs(value)))) + 1;
+    return std::max(sureDigits - digitsBeforePoint, 0);
+}
+
+QString withoutTrailingZeros(QString text, QString const& decimalPoint) {
+    if (!text.contains(decimalPoint))
+        return text;
+    while (text.endsWith(QLatin1Char('0')))
+        text.chop(1);
+    if (text.endsWith(decimalPoint))
+        text.chop(decimalPoint.size());
+    return text;
+}
+
 } // namespace
 
 double Utilities::convertStringToDouble(QByteArray const& utf8, bool allowCurrency) {
@@ -109,15 +126,12 @@ QString Utilities::convertNumberToString(double value, bool useThousandsSeparato
     if (!useThousandsSeparators)
         locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
     if (std::abs(value) < scientificFrom)
-        return locale.toString(value, 'f', QLocale::FloatingPointShortest);
-    QString text = locale.toString(value, 'e', scientificDigits);
+        return withoutTrailingZeros(locale.toString(value, 'f', decimalsOf(value)), locale.decimalPoint());
+    QString const text = locale.toString(value, 'e', scientificDigits);
     qsizetype const exponent = text.indexOf(QLatin1Char('e'));
-    qsizetype end = exponent;
-    while (end > 0 && text[end - 1] == QLatin1Char('0'))
-        --end;
-    if (end > 0 && text.left(end).endsWith(locale.decimalPoint()))
-        end -= locale.decimalPoint().size();
-    return exponent < 0 ? text : text.left(end) + text.mid(exponent);
+    if (exponent < 0)
+        return text;
+    return withoutTrailingZeros(text.left(exponent), locale.decimalPoint()) + text.mid(exponent);
 }
 
 double Utilities::computeSum(std::vector<double> const& values) {

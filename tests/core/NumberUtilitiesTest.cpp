@@ -49,6 +49,10 @@ TEST(NumberUtilities, WritesNumbersWithoutExcessDigits) {
     EXPECT_EQ(Utilities::convertNumberToString(-0.0, true), "0");
     EXPECT_EQ(Utilities::convertNumberToString(0.5, true), "0.5");
     EXPECT_EQ(Utilities::convertNumberToString(0.000001, true), "0.000001");
+    EXPECT_EQ(Utilities::convertNumberToString(33.71 + 73.68 + 115.64 + 16.91, true), "239.94");
+    EXPECT_EQ(Utilities::convertNumberToString(0.1 + 0.2, true), "0.3");
+    EXPECT_EQ(Utilities::convertNumberToString(1200, true), "1,200");
+    EXPECT_EQ(Utilities::convertNumberToString(999999999999999, false), "999999999999999");
     EXPECT_EQ(Utilities::convertNumberToString(1234.5, false), "1234.5");
     EXPECT_EQ(Utilities::convertNumberToString(1.5e15, true), "1.5e+15");
     EXPECT_EQ(Utilities::convertNumberToString(-2e20, true), "-2e+20");
