@@ -98,7 +98,9 @@ void SingleApplicationPrivate::openBlock() {
         }
         if (attempt == 1) {
             // The attachment above finds nothing while the key has no file, as after a clean-up of the temporary
-            // folder; the attempt to create has made one, which may lead to an abandoned block after all.
+            // folder; the attempt to create has made one, which may lead to an abandoned block after all. And two
+            // starts that attach at the same moment keep the block from each other's release: the sleep lets them part.
+            randomSleep();
             attachAndRelease();
             continue;
         }

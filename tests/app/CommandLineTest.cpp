@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+
 #include "app/FileOpening.h"
 #include "app/HandOverMessage.h"
 #include "app/WindowGeometry.h"

@@ -1,5 +1,6 @@
-#include "app/LoadProgressOverlay.h"
 #include "app/MainWindow.h"
+
+#include "app/LoadProgressOverlay.h"
 #include "app/PaneView.h"
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
