@@ -153,8 +153,6 @@ protected:
 private:
     void buildWidgets();
     void setupMenus();
-    /// The actions that context menus may offer, by the names of their commands.
-    CommandActions actionsWithHandler() const;
     void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
     TableView* makeEmptyTableObject();
@@ -172,6 +170,8 @@ private:
     int askForOption(QString const& title, QStringList const& options, QString const& current);
     void reloadActiveFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
     bool confirmDiscardUnsavedEditsForReload(TableView* table);
+    /// Asks whether to save, to discard or to cancel; true if the changes are saved or the user lets them go.
+    bool mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel);
     /// Carries a command out on the active table's model and keeps it for undo.
     template <class Command, class... Arguments>
     void push(Arguments... arguments);
@@ -192,6 +192,7 @@ private:
     std::vector<ExtensionData> extensions;
     PaneView* paneView = nullptr;
     Commands commands;
+    CommandActions handledActions; ///< the actions that menus may offer, by the names of their commands
     Context context = Context::TableActive | Context::Navigating; ///< the state by which commands are live
     TabBar* tabBar = nullptr;
     StatusBar* labelBar = nullptr;

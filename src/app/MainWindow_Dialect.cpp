@@ -4,11 +4,9 @@
 #include "core/DelimiterUtilities.h"
 #include "core/DialectUtilities.h"
 #include "core/EncodingUtilities.h"
-#include "view/MsgBox.h"
 #include "view/TableView.h"
 
 #include <QInputDialog>
-#include <QPushButton>
 
 int MainWindow::askForOption(QString const& title, QStringList const& options, QString const& current) {
     bool accepted = false;
@@ -66,14 +64,8 @@ bool MainWindow::confirmDiscardUnsavedEditsForReload(TableView* table) {
     if (table->undoStack()->isClean()) {
         return true;
     }
-    MsgBox box(this);
-    box.setTheme(theme);
-    box.setText(tr("This file has unsaved changes.\n\n"
-                   "Would you like to save the file first, discard the changes, or cancel?"));
-    QPushButton const* const save = box.addButton(tr("&Save"), QMessageBox::AcceptRole);
-    QPushButton const* const discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
-    box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
-    box.conditionButtons();
-    box.exec();
-    return box.clickedButton() == save ? saveFile(table) : box.clickedButton() == discard;
+    return mayLoseChanges(table,
+                          tr("This file has unsaved changes.\n\n"
+                             "Would you like to save the file first, discard the changes, or cancel?"),
+                          tr("&Discard"));
 }

@@ -13,7 +13,6 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QPushButton>
 
 #include <algorithm>
 
@@ -101,7 +100,7 @@ TableView* MainWindow::takeTable(QString const& path) {
 TableView* MainWindow::makeEmptyTableObject() {
     auto* table = new TableView(this);
     applyDefaults(*table);
-    table->setupContextMenus(actionsWithHandler());
+    table->setupContextMenus(handledActions);
     table->setExtensionData(settledOptions(ExtensionTable::find(extensions, QStringLiteral("csv")), QString()));
     connect(table, &TableView::tableSizeChangedSignal, this,
             [this, table](int rows, int cols, int visibleRows, int visibleCols) {
@@ -178,20 +177,8 @@ bool MainWindow::closeFile(TableView* table) {
         return closeFileNoSave(table);
     }
     setActiveTable(table);
-    MsgBox box(this);
-    box.setTheme(theme);
-    box.setTextFormat(Qt::PlainText);
-    box.setText(tr("Do you want to save changes to %1?").arg(table->tableModel()->getTableName()));
-    QPushButton const* const save = box.addButton(tr("&Save"), QMessageBox::AcceptRole);
-    QPushButton const* const discard = box.addButton(tr("Do&n't Save"), QMessageBox::DestructiveRole);
-    box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
-    box.setDefaultButton(const_cast<QPushButton*>(save));
-    box.conditionButtons();
-    box.exec();
-    if (box.clickedButton() == save) {
-        return saveFile(table) && closeFileNoSave(table);
-    }
-    return box.clickedButton() == discard && closeFileNoSave(table);
+    QString const question = tr("Do you want to save changes to %1?").arg(table->tableModel()->getTableName());
+    return mayLoseChanges(table, question, tr("Do&n't Save")) && closeFileNoSave(table);
 }
 
 bool MainWindow::closeFileNoSave(TableView* table) {

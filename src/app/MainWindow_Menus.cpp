@@ -16,17 +16,12 @@ bool hasHandler(QString const& command) {
 
 } // namespace
 
-CommandActions MainWindow::actionsWithHandler() const {
-    CommandActions actions;
+void MainWindow::setupMenus() {
     for (Command const& command : commands.sorted()) {
         if (hasHandler(command.name)) {
-            actions.insert(command.name, command.action);
+            handledActions.insert(command.name, command.action);
         }
     }
-    return actions;
-}
-
-void MainWindow::setupMenus() {
     for (MenuItem const& item : Menus::menuBar()) {
         auto* const menu = new QMenu(item.title, this);
         addToMenu(*menu, item.items);
@@ -37,8 +32,8 @@ void MainWindow::setupMenus() {
         }
     }
     for (QString const& name : Menus::commandsWithoutMenu()) {
-        if (hasHandler(name)) {
-            addAction(commands.find(name)->action);
+        if (QAction* const action = handledActions.value(name)) {
+            addAction(action);
         }
     }
     menuBar()->setAccessibleName(tr("Menu bar"));
@@ -50,8 +45,8 @@ void MainWindow::addToMenu(QMenu& menu, std::vector<MenuItem> const& items) {
         switch (item.kind) {
         case MenuItem::Kind::Separator: menu.addSeparator(); break;
         case MenuItem::Kind::Command:
-            if (hasHandler(item.name)) {
-                menu.addAction(commands.find(item.name)->action);
+            if (QAction* const action = handledActions.value(item.name)) {
+                menu.addAction(action);
             }
             break;
         case MenuItem::Kind::Menu: {

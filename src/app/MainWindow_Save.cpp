@@ -4,24 +4,11 @@
 #include "app/PaneView.h"
 #include "app/TabBar.h"
 #include "view/MsgBox.h"
+#include "view/SaveFailureMessage.h"
 #include "view/TableView.h"
 
 #include <QFileDialog>
-
-namespace {
-
-QString buildSaveFailureMessage(QString const& path, QString const& reason) {
-    QString message = QStringLiteral("File failed to save.");
-    if (!path.isEmpty()) {
-        message += QStringLiteral("\n\nFile: %1").arg(path);
-    }
-    if (!reason.isEmpty()) {
-        message += QStringLiteral("\nReason: %1").arg(reason);
-    }
-    return message;
-}
-
-} // namespace
+#include <QPushButton>
 
 bool MainWindow::saveFile(TableView* table) {
     if (table == nullptr || table->isLoading() || table->isReadOnly()) {
@@ -47,6 +34,20 @@ bool MainWindow::saveTo(TableView* table, QString const& path) {
         setActiveTable(table);
     }
     return true;
+}
+
+bool MainWindow::mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel) {
+    MsgBox box(this);
+    box.setTheme(theme);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(question);
+    QPushButton* const save = box.addButton(tr("&Save"), QMessageBox::AcceptRole);
+    QPushButton const* const discard = box.addButton(discardLabel, QMessageBox::DestructiveRole);
+    box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(save);
+    box.conditionButtons();
+    box.exec();
+    return box.clickedButton() == save ? saveFile(table) : box.clickedButton() == discard;
 }
 
 void MainWindow::commandSaveFile() {

@@ -3,6 +3,7 @@
 #include "view/CellLengths.h"
 #include "view/FrozenTableView.h"
 #include "view/MsgBox.h"
+#include "view/SaveFailureMessage.h"
 #include "view/TableDelegate.h"
 #include "view/TableView.h"
 #include "view/TextKeys.h"
@@ -260,12 +261,7 @@ void TableView::onEditorClosed() {
 void TableView::onAutoSaveFailed(QString const& fileName, QString const& reason) {
     autoSaveFailed = true;
     emit undoStackCleanChangedSignal(false);
-    QString text = tr("File failed to save.");
-    if (!fileName.isEmpty())
-        text += tr("\n\nFile: %1").arg(fileName);
-    if (!reason.isEmpty())
-        text += tr("\nReason: %1").arg(reason);
-    MsgBox::inform(this, tableModel()->getTheme(), text);
+    MsgBox::inform(this, tableModel()->getTheme(), buildSaveFailureMessage(fileName, reason));
 }
 
 void TableView::onTableSavedOrLoaded() {
