@@ -1,0 +1,63 @@
+#pragma once
+
+#include "appearance/Theme.h"
+#include "commands/RefreshBehavior.h"
+#include "commands/Setting.h"
+#include "core/Enumerations.h"
+
+#include <QFont>
+#include <QString>
+
+#include <vector>
+
+/// All that the user can set, with the values in force. A value: each window has a copy, and each table one of its own
+/// for the values of table scope. A new object holds the defaults.
+class Settings {
+public:
+    Settings();
+
+    /// All settings, sorted by name.
+    std::vector<Setting> const& sorted() const { return settings; }
+    bool contains(QString const& name) const { return find(name) != nullptr; }
+    /// The first setting of that exact name, or null.
+    Setting const* find(QString const& name) const;
+    Setting const& get(SettingType type) const;
+
+    // The value, converted as QVariant does where the setting is of another type.
+    bool getValueBool(SettingType type) const;
+    int getValueInt(SettingType type) const;
+    float getValueFloat(SettingType type) const;
+    QString getValueString(SettingType type) const;
+    RefreshBehavior getValueRefreshBehavior(SettingType type) const;
+    LineEndingType getValueLineEnding(SettingType type) const;
+    EncodingType getValueEncoding(SettingType type) const;
+    ParsingStandard getValueParsingStandard(SettingType type) const;
+    /// The text size is not part of it.
+    QFont getFont() const;
+    Theme getTheme() const;
+
+    void setValue(SettingType type, bool value);
+    void setValue(SettingType type, int value);
+    void setValue(SettingType type, QString const& value);
+    void setValue(SettingType type, RefreshBehavior value);
+    void setValue(SettingType type, LineEndingType value);
+    void setValue(SettingType type, EncodingType value);
+    void setValue(SettingType type, ParsingStandard value);
+    void toggleBoolValue(SettingType type);
+    /// Takes the value of a text as the settings file has it; an invalid one changes nothing. False for a name that is
+    /// no setting's.
+    bool setFromString(QString const& name, QString const& text);
+
+    /// The value as the settings file writes it.
+    QString convertValueToStringForFile(SettingType type) const;
+    QString convertDefaultValueToStringForFile(SettingType type) const;
+    /// The word for the value that the launcher shows.
+    QString displayText(SettingType type) const;
+
+    static QString convertSettingDataTypeToString(SettingDataType type);
+
+private:
+    Setting& record(SettingType type);
+
+    std::vector<Setting> settings;
+};
