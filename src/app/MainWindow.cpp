@@ -4,14 +4,12 @@
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "commands/ExtensionTable.h"
-#include "core/DialectUtilities.h"
-#include "core/EncodingUtilities.h"
 
 #include <QCloseEvent>
 #include <QMimeData>
 #include <QVBoxLayout>
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), extensions(ExtensionTable::defaultRows()) {
+MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(ExtensionTable::defaultRows()) {
     constexpr int narrowest = 200;
     setMinimumWidth(narrowest);
     setAcceptDrops(true);
@@ -47,6 +45,12 @@ void MainWindow::buildWidgets() {
         removeContextGlobal(changed, flags);
         setContext(changed);
     });
+    connect(labelBar, &StatusBar::sideBarButtonPressedSignal, this,
+            [this] { runCommand(QStringLiteral("Toggle Show Side Bar")); });
+    connect(labelBar, &StatusBar::metadataButtonPressedSignal, this,
+            [this] { runCommand(QStringLiteral("Toggle Show File Metadata")); });
+    connect(&statistics, &SelectionStatistics::finishedSignal, this,
+            [this](QString const& text) { labelBar->setText(StatusBar::Label::Stats, text); });
     connect(paneView, &PaneView::tableLoadedSignal, this, &MainWindow::onTableLoaded);
 }
 
@@ -79,49 +83,20 @@ Context MainWindow::contextOfTable(TableView const* table) const {
     return bits;
 }
 
+void MainWindow::runCommand(QString const& name) {
+    if (Command const* const command = commands.find(name)) {
+        command->action->trigger();
+    }
+}
+
 void MainWindow::setContext(Context newContext) {
     context = newContext;
     commands.enableMatching(context);
     paneView->setContext(context);
 }
 
-void MainWindow::updateWindowTitle() {
-    QString const program = QStringLiteral("Gridwright");
-    setWindowTitle(activeTable == nullptr
-                       ? program
-                       : QStringLiteral("%1 - %2").arg(activeTable->tableModel()->getTableName(), program));
-}
-
-void MainWindow::updateStatusBar() {
-    TableModel const& model = *activeTable->tableModel();
-    using Label = StatusBar::Label;
-    labelBar->setText(Label::Mode, activeTable->isReadOnly() ? tr("Read-Only") : tr("Editable"));
-    labelBar->setText(Label::Delimiter, StatusBar::delimiterText(model.getDelimiter(), model.getSaveDelimiter()));
-    labelBar->setText(Label::Encoding, Utilities::convertEncodingTypeToString(model.getEncoding()));
-    labelBar->setText(Label::LineEnding, Utilities::convertLineEndingTypeToShortString(model.getLineEnding(), false));
-    onSelectionSizeChanged(activeTable->tableModel()->getSelectionSize());
-    onTableSizeChanged(model.rowCountRaw(), model.columnCountRaw(), model.rowCountModel(), model.columnCountModel());
-}
-
-// Sum and mean are worked out at once, so only for selections that take no time.
-void MainWindow::onSelectionSizeChanged(RangeSize const& size) {
-    constexpr qint64 fewCells = 5000;
-    TableModel& model = *activeTable->tableModel();
-    labelBar->setText(StatusBar::Label::Selection, StatusBar::selectionText(size));
-    labelBar->setText(StatusBar::Label::Stats, QStringLiteral("Sum: -      Mean: -"));
-    if (model.numSelectedCells() < fewCells) {
-        model.updateStatusBarStats();
-    }
-}
-
-void MainWindow::onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols) {
-    labelBar->setText(StatusBar::Label::TableSize,
-                      activeTable->isLoading() ? tr("Loading ...")
-                                               : StatusBar::tableSizeText(rows, cols, visibleRows, visibleCols));
-}
-
 void MainWindow::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
+    UnbuiltCommands::changeEvent(event);
     if (event->type() != QEvent::ActivationChange) {
         return;
     }

@@ -1,19 +1,20 @@
 #pragma once
 
+#include "app/StatusBar.h"
+#include "app/UnbuiltCommands.h"
 #include "appearance/Theme.h"
 #include "commands/Commands.h"
 #include "core/Context.h"
 #include "core/ExtensionData.h"
 #include "core/RangeSize.h"
+#include "model/SelectionStatistics.h"
 #include "view/ContextMenuEntries.h"
 
-#include <QMainWindow>
 #include <QStringList>
 
 #include <vector>
 
 class PaneView;
-class StatusBar;
 class TabBar;
 class TableView;
 class QMenu;
@@ -21,7 +22,7 @@ struct MenuItem;
 
 /// One window of the program with all its open tables. A face: it owns the widgets and passes what a person asks on to
 /// the unit that knows how.
-class MainWindow : public QMainWindow {
+class MainWindow : public UnbuiltCommands {
     Q_OBJECT
 
 public:
@@ -47,14 +48,16 @@ public:
     TableView* getActiveTable() const { return activeTable; }
     PaneView* getPaneView() const { return paneView; }
     StatusBar* getStatusBar() const { return labelBar; }
-    Theme const& getTheme() const { return theme; }
+    Theme const& getTheme() const override { return theme; }
+    /// Carries the command of that name out, if it is live.
+    void runCommand(QString const& name);
 
 public slots:
     void setActiveTable(TableView* table);
     /// What the window and its table are doing now; commands are live or not by it.
     void setContext(Context newContext);
 
-    // The commands, by their derived names. Those without a handler here are in no menu yet.
+    // The commands, by their derived names. Those that are not built yet are in UnbuiltCommands.
 
     // Files (MainWindow_Files.cpp, MainWindow_Save.cpp).
     void commandNewFile();
@@ -161,6 +164,8 @@ private:
     void addTableEditorFromView(TableView* table);
     /// Opens one file of openFiles; null if it cannot be opened.
     TableView* takeTable(QString const& path);
+    /// Asks about a file of many megabytes whether it is to be opened read-only; false if not at all.
+    bool askHowToOpenLargeFile(QString const& path, bool& readOnly);
     void removeTable(TableView* table);
     bool closeFileNoSave(TableView* table);
     void onSavedStatusChanged(TableView* table, bool clean);
@@ -186,15 +191,20 @@ private:
     void updateWindowTitle();
     void updateStatusBar();
     void onSelectionSizeChanged(RangeSize const& size);
+    void onMainCellLengthChanged(int length);
+    void updateStatsLabel();
+    void connectStatusBar(TableView* table);
     void onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols);
 
     Theme theme;
     std::vector<ExtensionData> extensions;
     PaneView* paneView = nullptr;
     Commands commands;
-    CommandActions handledActions; ///< the actions that menus may offer, by the names of their commands
+    CommandActions actions;                                       ///< of the commands, by their names
     Context context = Context::TableActive | Context::Navigating; ///< the state by which commands are live
     TabBar* tabBar = nullptr;
     StatusBar* labelBar = nullptr;
+    SelectionStatistics statistics; ///< of a large selection in the active table
     TableView* activeTable = nullptr;
+    int largeFileSize = 100; ///< in MiB; files from this size on are asked about
 };

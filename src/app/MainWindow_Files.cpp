@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPushButton>
 
 #include <algorithm>
 
@@ -94,30 +95,41 @@ TableView* MainWindow::takeTable(QString const& path) {
         MsgBox::inform(this, theme, tr("This can't be opened as a table:\n%1\n\n%2").arg(path, reason));
         return nullptr;
     }
-    return addTableEditorFromFile(path, !isWritableFile(path));
+    bool readOnly = !isWritableFile(path);
+    if (!readOnly && !askHowToOpenLargeFile(path, readOnly)) {
+        return nullptr;
+    }
+    return addTableEditorFromFile(path, readOnly);
+}
+
+bool MainWindow::askHowToOpenLargeFile(QString const& path, bool& readOnly) {
+    constexpr qint64 mebibyte = 1048576;
+    constexpr int buttonWidth = 130;
+    qint64 const size = QFileInfo(path).size() / mebibyte;
+    if (size < largeFileSize) {
+        return true;
+    }
+    MsgBox box(this);
+    box.setTheme(theme);
+    box.setText(tr("This file is large (%1 MB).\n").arg(size) + tr("Would you like to open it in read-only mode?"));
+    QPushButton* const asReadOnly = box.addButton(tr("Open as &Read-Only"), QMessageBox::AcceptRole);
+    QPushButton* const forEditing = box.addButton(tr("Open in &Edit Mode"), QMessageBox::AcceptRole);
+    box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
+    asReadOnly->setFixedWidth(buttonWidth);
+    forEditing->setFixedWidth(buttonWidth);
+    box.setDefaultButton(asReadOnly);
+    box.conditionButtons();
+    box.exec();
+    readOnly = box.clickedButton() == asReadOnly;
+    return readOnly || box.clickedButton() == forEditing;
 }
 
 TableView* MainWindow::makeEmptyTableObject() {
     auto* table = new TableView(this);
     applyDefaults(*table);
-    table->setupContextMenus(handledActions);
+    table->setupContextMenus(actions);
     table->setExtensionData(settledOptions(ExtensionTable::find(extensions, QStringLiteral("csv")), QString()));
-    connect(table, &TableView::tableSizeChangedSignal, this,
-            [this, table](int rows, int cols, int visibleRows, int visibleCols) {
-                if (table == activeTable) {
-                    onTableSizeChanged(rows, cols, visibleRows, visibleCols);
-                }
-            });
-    connect(table, &TableView::selectionSizeChangedSignal, this, [this, table](RangeSize const& size) {
-        if (table == activeTable) {
-            onSelectionSizeChanged(size);
-        }
-    });
-    connect(table->tableModel(), &TableModel::updateStatsLabelSignal, this, [this, table](QString const& text) {
-        if (table == activeTable) {
-            labelBar->setText(StatusBar::Label::Stats, text);
-        }
-    });
+    connectStatusBar(table);
     connect(table, &TableView::undoStackCleanChangedSignal, this,
             [this, table](bool clean) { onSavedStatusChanged(table, clean); });
     return table;

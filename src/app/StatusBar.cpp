@@ -2,7 +2,12 @@
 
 #include "core/DelimiterUtilities.h"
 
+#include <QEvent>
 #include <QLabel>
+#include <QToolButton>
+
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -10,15 +15,23 @@ struct LabelInfo {
     StatusBar::Label label;
     char const* accessibleName;
     bool atRight;
+    bool hasCommands; ///< a press offers what can be done about it
+    bool givesWay;    ///< is cut off first in a narrow window
 };
 
 // In the order of their places, from left to right.
 constexpr LabelInfo labelInfos[] = {
-    {StatusBar::Label::TableSize, "Table size", false}, {StatusBar::Label::Selection, "Selection", false},
-    {StatusBar::Label::Stats, "Sum and mean", false},   {StatusBar::Label::Delimiter, "Delimiter", true},
-    {StatusBar::Label::Encoding, "Encoding", true},     {StatusBar::Label::LineEnding, "Line ending", true},
-    {StatusBar::Label::Mode, "Editing mode", true},
+    {StatusBar::Label::TableSize, "Table size", false, true, false},
+    {StatusBar::Label::Selection, "Selection", false, false, false},
+    {StatusBar::Label::CellLength, "Cell length", false, false, true},
+    {StatusBar::Label::Stats, "Sum and mean", false, false, true},
+    {StatusBar::Label::Filters, "Filters", true, true, false},
+    {StatusBar::Label::Delimiter, "Delimiter", true, true, false},
+    {StatusBar::Label::Encoding, "Encoding", true, true, false},
+    {StatusBar::Label::LineEnding, "Line ending", true, true, false},
+    {StatusBar::Label::Mode, "Editing mode", true, true, false},
 };
+static_assert(std::size(labelInfos) == StatusBar::labelCount);
 
 QString plural(int count) {
     return count == 1 ? QString() : QStringLiteral("s");
@@ -35,22 +48,54 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     setFont(QFont(QStringLiteral("Lucida Sans Unicode"), pointSize));
     setSizeGripEnabled(false);
     setContentsMargins(10, 0, 10, 0);
+    auto* const sideBarButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Left.png"), tr("Side Bar"));
+    connect(sideBarButton, &QToolButton::clicked, this, &StatusBar::sideBarButtonPressedSignal);
+    addWidget(sideBarButton);
     for (LabelInfo const& info : labelInfos) {
         auto* label = new QLabel(this);
         label->setFont(font());
         label->setTextFormat(Qt::PlainText);
         label->setAccessibleName(tr(info.accessibleName));
         labels[static_cast<std::size_t>(info.label)] = label;
+        if (info.hasCommands) {
+            label->installEventFilter(this);
+            label->setCursor(Qt::PointingHandCursor);
+        }
+        if (info.givesWay) {
+            label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        }
         if (info.atRight) {
             addPermanentWidget(label);
-        } else if (info.label == Label::Stats) {
-            // In a narrow window this gives way to what tells the file's dialect.
-            label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-            addWidget(label, 1);
         } else {
-            addWidget(label);
+            addWidget(label, info.givesWay ? 1 : 0);
         }
     }
+    auto* const metadataButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Right.png"), tr("File Metadata"));
+    connect(metadataButton, &QToolButton::clicked, this, &StatusBar::metadataButtonPressedSignal);
+    addPermanentWidget(metadataButton);
+}
+
+QToolButton* StatusBar::makeSideButton(QString const& image, QString const& toolTip) {
+    auto* const button = new QToolButton(this);
+    button->setFixedSize(17, 13);
+    button->setIconSize(button->size());
+    button->setIcon(QIcon(image));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setToolTip(toolTip);
+    button->setAccessibleName(toolTip);
+    return button;
+}
+
+bool StatusBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        auto const place = std::find(labels.begin(), labels.end(), watched);
+        if (place != labels.end()) {
+            emit labelPressedSignal(static_cast<Label>(place - labels.begin()));
+            return true;
+        }
+    }
+    return QStatusBar::eventFilter(watched, event);
 }
 
 void StatusBar::setText(Label label, QString const& text) {
@@ -92,4 +137,17 @@ QString StatusBar::delimiterText(QString const& delimiter, QString const& saveDe
     }
     return QStringLiteral("Delimiters (Load, Save): %1, %2")
         .arg(forLoad, Utilities::convertDelimiterFromActualToLongReadable(saveDelimiter));
+}
+
+QString StatusBar::filtersText(std::vector<int> rows, std::vector<int> cols) {
+    QStringList names;
+    std::sort(rows.begin(), rows.end());
+    std::sort(cols.begin(), cols.end());
+    for (int const row : rows) {
+        names += QStringLiteral("R%1").arg(row);
+    }
+    for (int const col : cols) {
+        names += QStringLiteral("C%1").arg(col);
+    }
+    return QStringLiteral("Filters: ") + (names.isEmpty() ? QStringLiteral("none") : names.join(QStringLiteral(", ")));
 }

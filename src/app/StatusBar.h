@@ -5,15 +5,29 @@
 #include <QStatusBar>
 
 #include <array>
+#include <vector>
 
 class QLabel;
+class QToolButton;
 
-/// The window's status bar: the size and the dialect of the active table, each in a label of its own.
+/// The window's status bar: the size and the dialect of the active table, each in a label of its own, between two small
+/// buttons for the panes at the window's sides. It holds no logic: presses are signals.
 class StatusBar : public QStatusBar {
     Q_OBJECT
 
 public:
-    enum class Label { TableSize, Selection, Stats, Delimiter, Encoding, LineEnding, Mode };
+    enum class Label {
+        TableSize,
+        Selection,
+        CellLength,
+        Stats,
+        Filters,
+        Delimiter,
+        Encoding,
+        LineEnding,
+        Mode,
+    };
+    static constexpr std::size_t labelCount = 9;
 
     explicit StatusBar(QWidget* parent = nullptr);
 
@@ -27,6 +41,20 @@ public:
     /// The one delimiter of a table, or both where it is saved with another one.
     static QString delimiterText(QString const& delimiter, QString const& saveDelimiter);
 
+    /// "Filters: " and the filtered rows and columns in ascending order, in User numbers.
+    static QString filtersText(std::vector<int> rows, std::vector<int> cols);
+
+signals:
+    /// A label that stands for commands was pressed.
+    void labelPressedSignal(StatusBar::Label label);
+    void sideBarButtonPressedSignal();
+    void metadataButtonPressedSignal();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
-    std::array<QLabel*, 7> labels{};
+    QToolButton* makeSideButton(QString const& image, QString const& toolTip);
+
+    std::array<QLabel*, labelCount> labels{};
 };

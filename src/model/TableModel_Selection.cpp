@@ -1,6 +1,7 @@
 // The selection as the rest of the program sees it: the algebra is Selection's, the announcements are made here.
 
 #include "core/NumberUtilities.h"
+#include "model/SelectionStatistics.h"
 #include "model/TableModel.h"
 
 #include <algorithm>
@@ -154,12 +155,7 @@ QString TableModel::getSelectionSumMeanStr() const {
                 numbers.push_back(number);
         }
     }
-    if (numbers.empty())
-        return QStringLiteral("Sum: -      Mean: -");
-    double const sum = Utilities::computeSum(numbers);
-    return QStringLiteral("Sum: %1      Mean: %2")
-        .arg(Utilities::convertNumberToString(sum, true),
-             Utilities::convertNumberToString(sum / static_cast<double>(numbers.size()), true));
+    return SelectionStatistics::text(Utilities::computeSum(numbers), qint64(numbers.size()));
 }
 
 void TableModel::updateStatusBarStats() {
