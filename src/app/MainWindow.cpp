@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(ExtensionTable::defaultRows()) {
+    Q_INIT_RESOURCE(images);
     constexpr int narrowest = 200;
     setMinimumWidth(narrowest);
     setAcceptDrops(true);

@@ -16,20 +16,20 @@ struct LabelInfo {
     char const* accessibleName;
     bool atRight;
     bool hasCommands; ///< a press offers what can be done about it
-    bool givesWay;    ///< is cut off first in a narrow window
+    int rank;         ///< the highest go first where the window is too narrow for all
 };
 
 // In the order of their places, from left to right.
 constexpr LabelInfo labelInfos[] = {
-    {StatusBar::Label::TableSize, "Table size", false, true, false},
-    {StatusBar::Label::Selection, "Selection", false, false, false},
-    {StatusBar::Label::CellLength, "Cell length", false, false, true},
-    {StatusBar::Label::Stats, "Sum and mean", false, false, true},
-    {StatusBar::Label::Filters, "Filters", true, true, false},
-    {StatusBar::Label::Delimiter, "Delimiter", true, true, false},
-    {StatusBar::Label::Encoding, "Encoding", true, true, false},
-    {StatusBar::Label::LineEnding, "Line ending", true, true, false},
-    {StatusBar::Label::Mode, "Editing mode", true, true, false},
+    {StatusBar::Label::TableSize, "Table size", false, true, 2},
+    {StatusBar::Label::Selection, "Selection", false, false, 6},
+    {StatusBar::Label::CellLength, "Cell length", false, false, 8},
+    {StatusBar::Label::Stats, "Sum and mean", false, false, 9},
+    {StatusBar::Label::Filters, "Filters", true, true, 7},
+    {StatusBar::Label::Delimiter, "Delimiter", true, true, 1},
+    {StatusBar::Label::Encoding, "Encoding", true, true, 3},
+    {StatusBar::Label::LineEnding, "Line ending", true, true, 4},
+    {StatusBar::Label::Mode, "Editing mode", true, true, 5},
 };
 static_assert(std::size(labelInfos) == StatusBar::labelCount);
 
@@ -61,13 +61,10 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
             label->installEventFilter(this);
             label->setCursor(Qt::PointingHandCursor);
         }
-        if (info.givesWay) {
-            label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        }
         if (info.atRight) {
             addPermanentWidget(label);
         } else {
-            addWidget(label, info.givesWay ? 1 : 0);
+            addWidget(label);
         }
     }
     auto* const metadataButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Right.png"), tr("File Metadata"));
@@ -80,7 +77,7 @@ QToolButton* StatusBar::makeSideButton(QString const& image, QString const& tool
     button->setFixedSize(17, 13);
     button->setIconSize(button->size());
     button->setIcon(QIcon(image));
-    button->setAutoRaise(true);
+    button->setStyleSheet(QStringLiteral("QToolButton { padding: 0; border: none; background: transparent; }"));
     button->setFocusPolicy(Qt::NoFocus);
     button->setToolTip(toolTip);
     button->setAccessibleName(toolTip);
@@ -99,7 +96,32 @@ bool StatusBar::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void StatusBar::setText(Label label, QString const& text) {
-    labels[static_cast<std::size_t>(label)]->setText(text);
+    QLabel* const widget = labels[static_cast<std::size_t>(label)];
+    if (widget->text() != text) {
+        widget->setText(text);
+        dropWhatDoesNotFit();
+    }
+}
+
+void StatusBar::resizeEvent(QResizeEvent* event) {
+    QStatusBar::resizeEvent(event);
+    dropWhatDoesNotFit();
+}
+
+// A label that is cut off says nothing; it is better not there.
+void StatusBar::dropWhatDoesNotFit() {
+    constexpr int gap = 24; // around a label, with what the bar's layout adds
+    constexpr int buttons = 80;
+    int left = width() - buttons;
+    std::array<LabelInfo const*, labelCount> byRank{};
+    for (LabelInfo const& info : labelInfos) {
+        byRank[static_cast<std::size_t>(info.rank) - 1] = &info;
+    }
+    for (LabelInfo const* const info : byRank) {
+        QLabel* const label = labels[static_cast<std::size_t>(info->label)];
+        left -= label->sizeHint().width() + gap;
+        label->setVisible(left >= 0);
+    }
 }
 
 QString StatusBar::text(Label label) const {

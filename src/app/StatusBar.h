@@ -52,8 +52,10 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void dropWhatDoesNotFit();
     QToolButton* makeSideButton(QString const& image, QString const& toolTip);
 
     std::array<QLabel*, labelCount> labels{};
