@@ -512,6 +512,7 @@ private:
     void keepMainCellInGrid();
     bool moveLineAbsolute(Axis axis, int from, int to);
     void showEverything();
+    bool growTowardsLoadedRows();
     int& numHeaderCols() { return colorOptions.headerCols; }
     Indexes emptyLinesModel(Axis axis, int start, GetRowColMaskType maskType, Indexes const& mask) const;
     void orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, RangeIndexType type) const;
@@ -568,6 +569,8 @@ private:
     bool caseSensitiveSorting = true;
     SortData colSortData;
     SortData rowSortData;
+    int loadNumber = 0;            ///< tells the steps after one load from those of an earlier one
+    bool loadInBackground = false; ///< the last load
     int progressLow = 0;
     int progressHigh = 100;
 };
