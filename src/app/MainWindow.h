@@ -14,10 +14,15 @@
 
 #include <vector>
 
+class FileMetadataWidget;
+class FindReplaceWidget;
+class FindResultsWidget;
 class PaneView;
+class SideBar;
 class TabBar;
 class TableView;
 class QMenu;
+class QScrollArea;
 struct MenuItem;
 
 /// One window of the program with all its open tables. A face: it owns the widgets and passes what a person asks on to
@@ -203,6 +208,11 @@ private:
     CommandActions actions;                                       ///< of the commands, by their names
     Context context = Context::TableActive | Context::Navigating; ///< the state by which commands are live
     TabBar* tabBar = nullptr;
+    SideBar* sideBar = nullptr;
+    FindReplaceWidget* findReplaceWidget = nullptr;
+    FindResultsWidget* findResultsWidget = nullptr;
+    FileMetadataWidget* fileMetadataWidget = nullptr;
+    QScrollArea* metadataArea = nullptr;
     StatusBar* labelBar = nullptr;
     SelectionStatistics statistics; ///< of a large selection in the active table
     TableView* activeTable = nullptr;
