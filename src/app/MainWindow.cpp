@@ -22,6 +22,7 @@ MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(Ex
     setAcceptDrops(true);
     buildWidgets();
     commands.populate(this);
+    loadPreferences();
     setupMenus();
     commandNewFile();
 }

@@ -4,6 +4,7 @@
 #include "app/UnbuiltCommands.h"
 #include "appearance/Theme.h"
 #include "commands/Commands.h"
+#include "commands/Settings.h"
 #include "core/Context.h"
 #include "core/ExtensionData.h"
 #include "core/RangeSize.h"
@@ -18,6 +19,7 @@ class FileMetadataWidget;
 class FindReplaceWidget;
 class FindResultsWidget;
 class PaneView;
+class PreferenceWatcher;
 class SideBar;
 class TabBar;
 class TableView;
@@ -49,6 +51,18 @@ public:
 
     /// Writes the table to its file; a failure is told and leaves both as they were.
     bool saveFile(TableView* table);
+
+    // Preferences (MainWindow_Settings.cpp).
+
+    Settings const& getSettings() const { return settings; }
+    Commands& getCommands() { return commands; }
+    std::vector<ExtensionData> const& getExtensions() const { return extensions; }
+    /// Puts the settings in force in all parts of the window.
+    void propagateSettings();
+    /// While set, changes of the preference files are not looked at. The next propagateSettings only clears it.
+    void setUpdating(bool on) { updating = on; }
+    /// Toggles a setting of the whole program, in its file too.
+    void toggleSetting(SettingType type);
 
     TableView* getActiveTable() const { return activeTable; }
     PaneView* getPaneView() const { return paneView; }
@@ -146,6 +160,29 @@ public slots:
     void commandSwitchToTabOnTheRight();
     void commandSwitchToTabOnTheLeft();
 
+    // Preferences (MainWindow_Settings.cpp).
+    void onPreferenceChanged(QString const& path);
+    void commandToggleSaveAfterEachEdit() { toggleSetting(SettingType::SaveAfterEachEdit); }
+    void commandToggleSaveWithTrailingDelimiters() { toggleSetting(SettingType::SaveWithTrailingDelimiters); }
+    void commandToggleLetEditorPaneConsumeNavigationKeystrokes() {
+        toggleSetting(SettingType::LetEditorPaneConsumeNavigationKeystrokes);
+    }
+    void commandToggleShowTabBar() { toggleSetting(SettingType::ShowTabBar); }
+    void commandToggleRepresentColumnsAsLetters() { toggleSetting(SettingType::RepresentColumnsAsLetters); }
+    void commandToggleShadeEveryOtherRow() { toggleSetting(SettingType::ShadeEveryOtherRow); }
+    void commandToggleShadeEveryOtherColumn() { toggleSetting(SettingType::ShadeEveryOtherColumn); }
+    void commandToggleHighlightMainSelectedCellsRow() { toggleSetting(SettingType::HighlightMainSelectedCellsRow); }
+    void commandToggleHighlightMainSelectedCellsColumn() {
+        toggleSetting(SettingType::HighlightMainSelectedCellsColumn);
+    }
+    void commandToggleSnapToRowAfterScrolling() { toggleSetting(SettingType::SnapToRowAfterScrolling); }
+    void commandToggleSnapToColumnAfterScrolling() { toggleSetting(SettingType::SnapToColumnAfterScrolling); }
+    void commandToggleReadOnly();
+    void commandEditSettings();
+    void commandEditKeyboardShortcuts();
+    void commandEditFileExtensionOptions();
+    void commandOpenPreferenceFileFolder();
+
 signals:
     void mainWindowClosedSignal();
     void mainWindowFocusChangedSignal();
@@ -161,11 +198,17 @@ protected:
 private:
     void buildWidgets();
     void setupMenus();
+    /// Reads the three preference files and watches them from now on.
+    void loadPreferences();
+    void loadCommandsFromFile();
+    void loadSettingsFromFile();
+    void setupExtensions();
+    void openPreferenceFile(QString const& path);
     void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
     TableView* makeEmptyTableObject();
     TableView* addEmptyTableEditor();
-    TableView* addTableEditorFromFile(QString const& path, bool readOnly);
+    TableView* addTableEditorFromFile(QString const& path, bool readOnly, bool isPreferenceFile);
     void addTableEditorFromView(TableView* table);
     /// Opens one file of openFiles; null if it cannot be opened.
     TableView* takeTable(QString const& path);
@@ -202,6 +245,9 @@ private:
     void onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols);
 
     Theme theme;
+    Settings settings;
+    bool updating = false;
+    PreferenceWatcher* preferenceWatcher = nullptr;
     std::vector<ExtensionData> extensions;
     PaneView* paneView = nullptr;
     Commands commands;
@@ -216,5 +262,4 @@ private:
     StatusBar* labelBar = nullptr;
     SelectionStatistics statistics; ///< of a large selection in the active table
     TableView* activeTable = nullptr;
-    int largeFileSize = 100; ///< in MiB; files from this size on are asked about
 };

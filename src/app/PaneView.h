@@ -43,6 +43,9 @@ public:
     void setEditorPaneHeight(int height) { editorPaneHeight = height; }
     void setLetEditorPaneConsumeNavigationKeystrokes(bool on);
 
+    /// Passes the settings to the editor pane and to each table.
+    void propagateSettings(Settings const& settings);
+
 public slots:
     void showEditorPane(bool show, bool animate);
 

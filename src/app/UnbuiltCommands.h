@@ -32,7 +32,6 @@ public slots:
     void commandOpenFileInTextEditor() { tellNotBuilt(); }
     void commandSetBehaviorWhenFileIsChangedExternally() { tellNotBuilt(); }
     void commandSetTextEditor() { tellNotBuilt(); }
-    void commandToggleSaveAfterEachEdit() { tellNotBuilt(); }
     void commandToggleRemoveExtraneousRowsColumnsOnFileSave() { tellNotBuilt(); }
     void commandReloadFile() { tellNotBuilt(); }
     void commandReloadFileWithDifferentParameters() { tellNotBuilt(); }
@@ -41,7 +40,6 @@ public slots:
     void commandSetLineEndingForFileSave() { tellNotBuilt(); }
     void commandSetEncodingForFileSave() { tellNotBuilt(); }
     void commandSetParsingStandardForFileSave() { tellNotBuilt(); }
-    void commandToggleSaveWithTrailingDelimiters() { tellNotBuilt(); }
     void commandCopyFilePathToClipboard() { tellNotBuilt(); }
     void commandCopyFolderPathToClipboard() { tellNotBuilt(); }
     void commandCopyFileNameToClipboard() { tellNotBuilt(); }
@@ -52,10 +50,8 @@ public slots:
     void commandCopyCellsToHtml() { tellNotBuilt(); }
     void commandPasteCells() { tellNotBuilt(); }
     void commandPasteCellsSpecial() { tellNotBuilt(); }
-    void commandToggleReadOnly() { tellNotBuilt(); }
     void commandSetMinimumFileSizeForReadOnlyModeQueryMB() { tellNotBuilt(); }
     void commandToggleRetainSortAndFiltersUponFileRefresh() { tellNotBuilt(); }
-    void commandToggleLetEditorPaneConsumeNavigationKeystrokes() { tellNotBuilt(); }
     void commandMoveCellContentsTo() { tellNotBuilt(); }
     void commandMoveRowsJustAboveRow() { tellNotBuilt(); }
     void commandMoveColumnsToTheLeftOfColumn() { tellNotBuilt(); }
@@ -216,10 +212,6 @@ public slots:
     void commandSetSearchEngine() { tellNotBuilt(); }
     void commandSetOnlineMap() { tellNotBuilt(); }
     void commandPreferences() { tellNotBuilt(); }
-    void commandEditSettings() { tellNotBuilt(); }
-    void commandEditKeyboardShortcuts() { tellNotBuilt(); }
-    void commandEditFileExtensionOptions() { tellNotBuilt(); }
-    void commandOpenPreferenceFileFolder() { tellNotBuilt(); }
     void commandReportABug() { tellNotBuilt(); }
     void commandRequestAFeature() { tellNotBuilt(); }
     void commandTakeASurvey() { tellNotBuilt(); }
@@ -243,7 +235,6 @@ public slots:
     void commandSwitchToTab10() { tellNotBuilt(); }
     void commandToggleEnableCheckForUpdates() { tellNotBuilt(); }
     void commandToggleDetectImportedFileTypeUponOpeningFile() { tellNotBuilt(); }
-    void commandToggleShowTabBar() { tellNotBuilt(); }
     void commandToggleShowSideBar() { tellNotBuilt(); }
     void commandToggleShowFileMetadata() { tellNotBuilt(); }
     void commandToggleShowSideBarOpenFiles() { tellNotBuilt(); }
@@ -252,16 +243,9 @@ public slots:
     void commandToggleShowColumnLabels() { tellNotBuilt(); }
     void commandSetFirstRowIndex() { tellNotBuilt(); }
     void commandSetFirstColumnIndex() { tellNotBuilt(); }
-    void commandToggleRepresentColumnsAsLetters() { tellNotBuilt(); }
     void commandSetFont() { tellNotBuilt(); }
     void commandSetTextSize() { tellNotBuilt(); }
     void commandSetTheme() { tellNotBuilt(); }
-    void commandToggleShadeEveryOtherRow() { tellNotBuilt(); }
-    void commandToggleShadeEveryOtherColumn() { tellNotBuilt(); }
-    void commandToggleHighlightMainSelectedCellsRow() { tellNotBuilt(); }
-    void commandToggleHighlightMainSelectedCellsColumn() { tellNotBuilt(); }
-    void commandToggleSnapToRowAfterScrolling() { tellNotBuilt(); }
-    void commandToggleSnapToColumnAfterScrolling() { tellNotBuilt(); }
     void commandSetMinimumNumberOfTableRows() { tellNotBuilt(); }
     void commandSetMinimumNumberOfTableColumns() { tellNotBuilt(); }
     void commandSetNumberOfBufferRows() { tellNotBuilt(); }

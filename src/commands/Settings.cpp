@@ -178,6 +178,22 @@ bool Settings::setFromString(QString const& name, QString const& text) {
     return true;
 }
 
+void Settings::resetValuesInFile() {
+    for (Setting& setting : settings) {
+        if (setting.inFile) {
+            setting.value = setting.defaultValue;
+        }
+    }
+}
+
+void Settings::takeGlobalValues(Settings const& other) {
+    for (std::size_t i = 0; i < settings.size(); ++i) {
+        if (settings[i].scope == ScopeType::Global) {
+            settings[i].value = other.settings[i].value;
+        }
+    }
+}
+
 QString Settings::convertValueToStringForFile(SettingType type) const {
     Setting const& setting = get(type);
     return SettingValue::toText(setting.dataType, setting.value);

@@ -53,6 +53,11 @@ public:
     /// no setting's.
     bool setFromString(QString const& name, QString const& text);
 
+    /// The values that rows of the settings file write become the defaults.
+    void resetValuesInFile();
+    /// Takes the values of global scope of another object.
+    void takeGlobalValues(Settings const& other);
+
     /// The value as the settings file writes it.
     QString convertValueToStringForFile(SettingType type) const;
     QString convertDefaultValueToStringForFile(SettingType type) const;

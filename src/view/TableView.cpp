@@ -152,10 +152,7 @@ void TableView::connectSizesWithModel() {
     TableModel* const model = tableModel();
     connect(model, &TableModel::enforceTableSizeSignal, this, &TableView::enforceTableSize);
     connect(model, &TableModel::toggleTransposeSignal, this, &TableView::refreshView);
-    connect(model, &TableModel::refreshHeadersSignal, this, [this] {
-        horizontalHeader()->headerDataChanged(Qt::Horizontal, 0, std::max(horizontalHeader()->count() - 1, 0));
-        verticalHeader()->headerDataChanged(Qt::Vertical, 0, std::max(verticalHeader()->count() - 1, 0));
-    });
+    connect(model, &TableModel::refreshHeadersSignal, this, &TableView::refreshHeaders);
     connect(model, &TableModel::resizeRowSignal, this, &QTableView::setRowHeight);
     connect(model, &TableModel::resizeColSignal, this, &QTableView::setColumnWidth);
     connect(model, &TableModel::resizeRowsSignal, this, [this](std::vector<int> const& rows, int height) {
@@ -215,6 +212,11 @@ void TableView::refreshView() {
     }
 }
 
+void TableView::refreshHeaders() {
+    horizontalHeader()->headerDataChanged(Qt::Horizontal, 0, std::max(horizontalHeader()->count() - 1, 0));
+    verticalHeader()->headerDataChanged(Qt::Vertical, 0, std::max(verticalHeader()->count() - 1, 0));
+}
+
 void TableView::setResizeContentsPrecision(int precision) {
     horizontalHeader()->setResizeContentsPrecision(precision);
     verticalHeader()->setResizeContentsPrecision(precision);
@@ -229,10 +231,22 @@ bool TableView::reloadFile(QString const& delimiter, EncodingType encoding, Pars
     if (same || getFilepath().isEmpty())
         return false;
     stack.clear();
+    startBackgroundLoad();
+    return model.reloadFile(delimiter, encoding, standard);
+}
+
+void TableView::reloadFileReadOnly(bool on) {
+    setReadOnly(on);
+    if (!getFilepath().isEmpty()) {
+        stack.clear();
+        loadCSV(getFilepath(), true);
+    }
+}
+
+void TableView::startBackgroundLoad() {
     hide();
     loading = true;
     setUpdatesEnabled(false);
-    return model.reloadFile(delimiter, encoding, standard);
 }
 
 void TableView::setReadOnly(bool on) {
@@ -250,11 +264,8 @@ void TableView::setExtensionData(ExtensionData const& data) {
 }
 
 void TableView::loadCSV(QString const& path, bool background) {
-    if (background) {
-        hide();
-        loading = true;
-        setUpdatesEnabled(false);
-    }
+    if (background)
+        startBackgroundLoad();
     TableModel* const model = tableModel();
     model->loadCSV(path, background, readOnly, model->getDelimiter(), model->getSaveDelimiter(), model->getEncoding(),
                    model->getParsingStandard());
