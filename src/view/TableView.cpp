@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr int defaultRowHeight = 24;
-constexpr int defaultColumnWidth = 80;
 constexpr int wheelSnapDelayMs = 100;
 
 /// How many cells a section's size is judged by, falling with the number of rows.
@@ -46,6 +44,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connect(this, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
     connectEditing();
     TableView::setModel(new TableModel(this));
+    applyFont();
     setTheme(tableModel()->getTheme());
 }
 
@@ -62,6 +61,8 @@ TableView::~TableView() {
 void TableView::setupSections() {
     verticalHeader()->setDefaultSectionSize(defaultRowHeight);
     horizontalHeader()->setDefaultSectionSize(defaultColumnWidth);
+    rowSizes = new LineSizes(*verticalHeader(), this);
+    colSizes = new LineSizes(*horizontalHeader(), this);
 }
 
 void TableView::setupFrozenHeaders() {
@@ -113,6 +114,10 @@ void TableView::setupScrollBars() {
 
 std::array<FrozenTableView*, 3> TableView::frozenViews() const {
     return {horizontalFrozenView, verticalFrozenView, cornerFrozenView};
+}
+
+std::array<AbstractTableView*, 4> TableView::allViews() {
+    return {this, horizontalFrozenView, verticalFrozenView, cornerFrozenView};
 }
 
 void TableView::setModel(QAbstractItemModel* model) {
@@ -200,8 +205,7 @@ void TableView::setupContextMenus(CommandActions const& actions) {
 void TableView::setTheme(Theme const& theme) {
     tableModel()->setTheme(theme);
     bottomRightCorner->setColor(theme.getBackground1Color());
-    for (AbstractTableView const* const view :
-         std::initializer_list<AbstractTableView*>{this, horizontalFrozenView, verticalFrozenView, cornerFrozenView}) {
+    for (AbstractTableView const* const view : allViews()) {
         view->tableDelegate()->setEditorBackgroundColor(theme.getCellColor());
         view->tableDelegate()->setTextColor(theme.getTextColor());
     }
@@ -213,11 +217,6 @@ void TableView::refreshView() {
         if (view->isVisible())
             view->refreshView();
     }
-}
-
-void TableView::setResizeContentsPrecision(int precision) {
-    horizontalHeader()->setResizeContentsPrecision(precision);
-    verticalHeader()->setResizeContentsPrecision(precision);
 }
 
 // The file.
@@ -260,6 +259,9 @@ void TableView::loadCSV(QString const& path, bool background) {
                    model->getParsingStandard());
     if (!background) {
         setResizeContentsPrecision(50);
+        warnAutoFitIfLargeFile();
+        enforceAutoFitColWidth(true);
+        enforceAutoFitRowHeight(true);
         refreshView();
     }
 }
@@ -275,6 +277,9 @@ void TableView::onLoadProgressUpdate(int, int, int) {
 
 void TableView::onLoadFinished() {
     setResizeContentsPrecision(precisionForRows(tableModel()->rowCountModel()));
+    warnAutoFitIfLargeFile();
+    enforceAutoFitColWidth(false);
+    enforceAutoFitRowHeight(false);
     setUpdatesEnabled(true);
     loading = false;
     show();
