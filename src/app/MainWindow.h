@@ -140,6 +140,9 @@ public slots:
     void commandScrollRightOneScreen();
     void commandSwitchToTabOnTheRight();
     void commandSwitchToTabOnTheLeft();
+    // MainWindow_GridSize.cpp
+    void commandToggleAutoFitRowHeight();
+    void commandToggleAutoFitColumnWidth();
 
 signals:
     void mainWindowClosedSignal();

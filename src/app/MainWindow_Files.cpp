@@ -49,13 +49,16 @@ void applyDefaults(TableView& table) {
     constexpr int smallestGrid = 50;
     constexpr int bufferLines = 2;
     constexpr int textPixels = 13;
+    constexpr int tallestFittedRow = 240;
     TableModel& model = *table.tableModel();
     model.setMinNumTableRows(smallestGrid);
     model.setMinNumTableCols(smallestGrid);
     model.setNumBufferRows(bufferLines);
     model.setNumBufferCols(bufferLines);
-    model.setFont(QFont(QStringLiteral("Liberation Sans")));
-    model.setTextSize(textPixels);
+    table.setFont(QFont(QStringLiteral("Liberation Sans")));
+    table.setTextSize(textPixels);
+    table.setMaximumRowHeight(tallestFittedRow, false);
+    table.setAutoFitColWidth(true, false);
     table.setSnapToColumnAfterScrolling(false);
 }
 

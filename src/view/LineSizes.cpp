@@ -1,5 +1,7 @@
 #include "view/LineSizes.h"
 
+#include "model/LineMove.h"
+
 #include <QHeaderView>
 
 #include <algorithm>
@@ -66,4 +68,30 @@ void LineSizes::makeRoom(std::vector<int> const& newLines) {
             header.resizeSection(line, header.sectionSize(line - int(inserted)));
         end = newLine;
     }
+}
+
+void LineSizes::move(LineMove const& move) {
+    bool const givesBack = move.sizes != nullptr && !move.sizes->empty();
+    if (areDefault() && !givesBack)
+        return;
+    int const fallback = header.defaultSectionSize();
+    std::vector<int> sizes(std::size_t(header.count()), fallback);
+    std::vector<std::pair<int, int>> gone;
+    for (int line = 0; line < header.count(); ++line) {
+        int const size = header.sectionSize(line);
+        int const to = move.newLine(line);
+        if (to < 0 && size != fallback)
+            gone.emplace_back(line, size);
+        else if (to >= 0 && to < header.count())
+            sizes[std::size_t(to)] = size;
+    }
+    if (givesBack) {
+        for (auto const& [line, size] : *move.sizes)
+            if (line < header.count())
+                sizes[std::size_t(line)] = size;
+    }
+    if (move.sizes != nullptr)
+        *move.sizes = gone;
+    for (int line = 0; line < header.count(); ++line)
+        header.resizeSection(line, sizes[std::size_t(line)]);
 }

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+struct LineMove;
 class QHeaderView;
 
 /// The heights of the rows or the widths of the columns of a table, as its header keeps them. Knows without looking
@@ -25,6 +26,9 @@ public:
     /// Moves sizes towards the end, so that lines can be inserted. `newLines` says ascending where each single new line
     /// will stand; their own sizes stay as they are.
     void makeRoom(std::vector<int> const& newLines);
+
+    /// Lets sizes go where their lines have gone; lines that come from nowhere get the default.
+    void move(LineMove const& move);
 
 private:
     template <typename Change>

@@ -10,7 +10,6 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace {
@@ -36,6 +35,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     setupFrozenHeaders();
     setupCorners();
     setupScrollBars();
+    setupAnimations();
     for (QObject* const watched : std::initializer_list<QObject*>{horizontalHeader(), verticalHeader(), viewport(),
                                                                   verticalScrollBar(), horizontalScrollBar()})
         watched->installEventFilter(this);
@@ -161,25 +161,25 @@ void TableView::connectSizesWithModel() {
         horizontalHeader()->headerDataChanged(Qt::Horizontal, 0, std::max(horizontalHeader()->count() - 1, 0));
         verticalHeader()->headerDataChanged(Qt::Vertical, 0, std::max(verticalHeader()->count() - 1, 0));
     });
-    connect(model, &TableModel::resizeRowSignal, this, &QTableView::setRowHeight);
-    connect(model, &TableModel::resizeColSignal, this, &QTableView::setColumnWidth);
-    connect(model, &TableModel::resizeRowsSignal, this, [this](std::vector<int> const& rows, int height) {
-        std::for_each(rows.begin(), rows.end(), [&](int row) { setRowHeight(row, height); });
-    });
-    connect(model, &TableModel::resizeColsSignal, this, [this](std::vector<int> const& cols, int width) {
-        std::for_each(cols.begin(), cols.end(), [&](int col) { setColumnWidth(col, width); });
-    });
-    auto const run = [](int first, int count) {
-        std::vector<int> lines(static_cast<std::size_t>(std::max(count, 0)));
-        std::iota(lines.begin(), lines.end(), first);
-        return lines;
-    };
-    connect(model, qOverload<int, int>(&TableModel::removeRowsGuiSignal), this,
-            [this, run](int row, int count) { removeRowsSlot(run(row, count)); });
-    connect(model, qOverload<std::vector<int>>(&TableModel::removeRowsGuiSignal), this, &TableView::removeRowsSlot);
-    connect(model, qOverload<int, int>(&TableModel::removeColsGuiSignal), this,
-            [this, run](int col, int count) { removeColsSlot(run(col, count)); });
-    connect(model, qOverload<std::vector<int>>(&TableModel::removeColsGuiSignal), this, &TableView::removeColsSlot);
+    connectSizesAlong(Axis::Rows);
+    connectSizesAlong(Axis::Columns);
+}
+
+// Undo.
+
+void TableView::pushUndoCommand(QUndoCommand* command) {
+    finishAnimations();
+    stack.push(command);
+}
+
+void TableView::undo() {
+    finishAnimations();
+    stack.undo();
+}
+
+void TableView::redo() {
+    finishAnimations();
+    stack.redo();
 }
 
 // State and options.
@@ -283,25 +283,6 @@ void TableView::onLoadFinished() {
     setUpdatesEnabled(true);
     loading = false;
     show();
-}
-
-// Sizes.
-
-void TableView::removeRowsSlot(std::vector<int> rows) {
-    removeLines(Axis::Rows, std::move(rows));
-}
-
-void TableView::removeColsSlot(std::vector<int> cols) {
-    removeLines(Axis::Columns, std::move(cols));
-}
-
-void TableView::removeLines(Axis axis, std::vector<int> lines) {
-    std::sort(lines.begin(), lines.end());
-    if (axis == Axis::Rows)
-        tableModel()->removeRows(lines);
-    else
-        tableModel()->removeCols(lines);
-    enforceTableSize();
 }
 
 void TableView::placeCornerButton() {

@@ -19,6 +19,7 @@
 #include <utility>
 
 class FrozenTableView;
+class LineAnimation;
 class RowFit;
 class ScrollAreaBottomRightCornerWidget;
 class TLCornerButton;
@@ -63,9 +64,9 @@ public:
 
     QUndoStack* undoStack() { return &stack; }
     /// Carries the command out and keeps it for undo. Takes ownership.
-    void pushUndoCommand(QUndoCommand* command) { stack.push(command); }
-    void undo() { stack.undo(); }
-    void redo() { stack.redo(); }
+    void pushUndoCommand(QUndoCommand* command);
+    void undo();
+    void redo();
 
     // Editing. An edit takes place in an editor over the main cell, or in the editor pane while that is shown.
 
@@ -194,6 +195,17 @@ public:
     static void setSuppressAutoFitWarnings(bool on) { suppressAutoFitWarnings = on; }
     static bool areAutoFitWarningsSuppressed() { return suppressAutoFitWarnings; }
 
+    // Marks. See AbstractTableView; the lines are User here, and all views show them.
+
+    void setRowLineHighlightIndexes(std::vector<int> const& userRows) override;
+    void setColLineHighlightIndexes(std::vector<int> const& userCols) override;
+    void setCellBorderRange(RangeVector const& ranges) override;
+    using AbstractTableView::setCellBorderRange;
+    /// Highlights the cells and draws borders around them.
+    void setHighlightedRange(RangeVector const& ranges);
+    void setHighlightedRange(Range const& range) { setHighlightedRange(RangeVector{range}); }
+    void clearHighlightedRange() { setHighlightedRange(RangeVector()); }
+
     // The look of cells.
 
     /// The size of the font is the text size, whatever that of `font`.
@@ -236,6 +248,10 @@ public slots:
     /// Reports a failed save after an edit, which stays.
     void onAutoSaveFailed(QString const& fileName, QString const& reason);
     void onNewPendingSelectionCorner(Range const& corner);
+    /// Inserts lines in the model, each of which will stand where the list says, and lets them grow.
+    void insertRowsSlot(std::vector<int> const& rows) { insertLines(Axis::Rows, rows); }
+    void insertColsSlot(std::vector<int> const& cols) { insertLines(Axis::Columns, cols); }
+    /// Lets lines collapse and then removes them from the model.
     void removeRowsSlot(std::vector<int> rows);
     void removeColsSlot(std::vector<int> cols);
     void onStartProgressUpdate();
@@ -277,6 +293,7 @@ private:
     void setupScrollBars();
     void connectSignalsWithModel();
     void connectSizesWithModel();
+    void connectSizesAlong(Axis axis);
 
     // Sizes.
     LineSizes& sizesOf(Axis axis) { return axis == Axis::Rows ? *rowSizes : *colSizes; }
@@ -293,6 +310,15 @@ private:
     void fitRow(RowFit const& fit, int row);
     int headerRowsWidth(int col);
     void resizeTogether(std::function<void()> const& resize);
+    void setupAnimations();
+    LineAnimation& animationOf(Axis axis) { return axis == Axis::Rows ? *rowResizeAnimation : *colResizeAnimation; }
+    /// Lines that still collapse are gone when the table is changed next.
+    void finishAnimations();
+    void insertLines(Axis axis, std::vector<int> lines);
+    void hideRows(std::vector<int>& rows);
+    void hideCols(std::vector<int>& cols);
+    void performRemoveRows();
+    void performRemoveCols();
     void applyFont();
     bool askToDisableAutoFit(QString const& text);
 
@@ -324,7 +350,6 @@ private:
     void selectWholeLines(Axis axis, int start);
     void selectToEdge(Direction direction);
     void setMultiCellSelection(Range const& mainCell, RangeVector const& ranges);
-    void removeLines(Axis axis, std::vector<int> lines);
     void placeCornerButton();
     void onScrollBarValueChanged();
     void onWheelSnapTimerStopped();
@@ -341,6 +366,10 @@ private:
     std::optional<CellEdit> pendingEdit;
     LineSizes* rowSizes = nullptr;
     LineSizes* colSizes = nullptr;
+    LineAnimation* rowResizeAnimation = nullptr;
+    LineAnimation* colResizeAnimation = nullptr;
+    std::vector<int> rowsToRemove; ///< those that collapse
+    std::vector<int> colsToRemove;
     MeasuringTable measuringTable{1};
     MeasuringTable columnSampleTable{int(ColumnSample::most)};
     static inline bool suppressAutoFitWarnings = false;

@@ -79,7 +79,8 @@ void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
 
 void TableView::setAutoFitRowHeight(bool on, bool emitChange) {
     autoFitRowHeight = on;
-    setWordWrap(on);
+    for (AbstractTableView* const view : allViews())
+        view->setWordWrap(on);
     enforceAutoFitRowHeight(true);
     if (emitChange)
         emit fileMetadataChangedSignal();

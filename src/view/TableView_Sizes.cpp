@@ -8,6 +8,85 @@
 #include <QHeaderView>
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+/// What a model asks along one axis.
+struct SizeSignals {
+    using OfLines = void (TableModel::*)(std::vector<int>);
+    using OfRun = void (TableModel::*)(int, int);
+
+    OfLines insertLines;
+    OfRun insertRun;
+    OfLines removeLines;
+    OfRun removeRun;
+    OfRun resizeLine;
+    void (TableModel::*resizeLines)(std::vector<int>, int);
+    OfLines beforeInsert;
+    void (TableModel::*fitLine)(int);
+    OfLines fitLines;
+};
+
+SizeSignals const& signalsOf(Axis axis) {
+    static SizeSignals const rows{&TableModel::insertRowsGuiSignal,
+                                  &TableModel::insertRowsGuiSignal,
+                                  &TableModel::removeRowsGuiSignal,
+                                  &TableModel::removeRowsGuiSignal,
+                                  &TableModel::resizeRowSignal,
+                                  &TableModel::resizeRowsSignal,
+                                  &TableModel::resizeRowsBeforeInsertSignal,
+                                  &TableModel::enforceAutoFitRowHeightSignal,
+                                  &TableModel::enforceAutoFitRowHeightsSignal};
+    static SizeSignals const cols{&TableModel::insertColsGuiSignal,
+                                  &TableModel::insertColsGuiSignal,
+                                  &TableModel::removeColsGuiSignal,
+                                  &TableModel::removeColsGuiSignal,
+                                  &TableModel::resizeColSignal,
+                                  &TableModel::resizeColsSignal,
+                                  &TableModel::resizeColsBeforeInsertSignal,
+                                  &TableModel::enforceAutoFitColWidthSignal,
+                                  &TableModel::enforceAutoFitColWidthsSignal};
+    return axis == Axis::Rows ? rows : cols;
+}
+
+std::vector<int> convertRowAndCountToVector(int line, int count) {
+    std::vector<int> lines(std::size_t(std::max(count, 0)));
+    std::iota(lines.begin(), lines.end(), line);
+    return lines;
+}
+
+} // namespace
+
+void TableView::connectSizesAlong(Axis axis) {
+    TableModel const* const model = tableModel();
+    SizeSignals const& asked = signalsOf(axis);
+    bool const rows = axis == Axis::Rows;
+    auto const remove = [this, rows](std::vector<int> const& lines) {
+        rows ? removeRowsSlot(lines) : removeColsSlot(lines);
+    };
+    auto const fit = [this, rows](std::vector<int> const& lines) {
+        rows ? enforceAutoFitRowHeights(lines) : enforceAutoFitColWidths(lines);
+    };
+    connect(model, asked.insertLines, this, [this, axis](std::vector<int> const& lines) { insertLines(axis, lines); });
+    connect(model, asked.insertRun, this,
+            [this, axis](int line, int count) { insertLines(axis, convertRowAndCountToVector(line, count)); });
+    connect(model, asked.removeLines, this, remove);
+    connect(model, asked.removeRun, this,
+            [remove](int line, int count) { remove(convertRowAndCountToVector(line, count)); });
+    connect(model, asked.resizeLine, this, [this, axis](int line, int size) { resizeLines(axis, {line}, {size}); });
+    connect(model, asked.resizeLines, this, [this, axis](std::vector<int> const& lines, int size) {
+        resizeLines(axis, lines, std::vector<int>(lines.size(), size));
+    });
+    connect(model, asked.beforeInsert, this, [this, axis](std::vector<int> const& lines) { makeRoom(axis, lines); });
+    connect(model, &TableModel::linesMovedSignal, this, [this, axis](LineMove const& move) {
+        if (move.axis == axis)
+            resizeTogether([&] { sizesOf(axis).move(move); });
+    });
+    connect(model, asked.fitLine, this, [fit](int line) { fit({line}); });
+    connect(model, asked.fitLines, this, fit);
+}
 
 /// Each line that changes its size would otherwise have the table laid out and painted anew.
 void TableView::resizeTogether(std::function<void()> const& resize) {
