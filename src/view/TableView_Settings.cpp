@@ -21,8 +21,15 @@ void TableView::propagateSettings(Settings const& newSettings) {
 
 void TableView::applyGlobalSettings() {
     TableModel& model = *tableModel();
+    auto const setIfNew = [this](auto&& setter, auto const& present, auto const& wanted) {
+        if (!hasSettings || present != wanted)
+            (this->*setter)(wanted);
+    };
     auto const on = [this](SettingType type) { return settings.getValueBool(type); };
     auto const number = [this](SettingType type) { return settings.getValueInt(type); };
+    // Sizes and fonts fit the whole table anew, so only what has changed is set.
+    setIfNew(&TableView::setDefaultRowHeight, defaultRowHeight, number(SettingType::DefaultRowHeight));
+    setIfNew(&TableView::setDefaultColumnWidth, defaultColumnWidth, number(SettingType::DefaultColumnWidth));
     setLetEditorPaneConsumeNavigationKeystrokes(on(SettingType::LetEditorPaneConsumeNavigationKeystrokes));
     model.setShadeEveryOtherRow(on(SettingType::ShadeEveryOtherRow));
     model.setShadeEveryOtherColumn(on(SettingType::ShadeEveryOtherColumn));
@@ -32,8 +39,9 @@ void TableView::applyGlobalSettings() {
     model.setCaseSensitiveSorting(on(SettingType::CaseSensitiveSorting));
     setSnapToRowAfterScrolling(on(SettingType::SnapToRowAfterScrolling));
     setSnapToColumnAfterScrolling(on(SettingType::SnapToColumnAfterScrolling));
-    model.setFont(settings.getFont());
-    model.setTextSize(number(SettingType::TextSize));
+    suppressAutoFitWarnings = on(SettingType::SuppressAutoFitWarnings);
+    setIfNew(&TableView::setFont, tableFont.family(), settings.getFont().family());
+    setIfNew(&TableView::setTextSize, textSize, number(SettingType::TextSize));
     setTheme(settings.getTheme());
     model.setMinNumTableRows(number(SettingType::MinimumNumberOfTableRows));
     model.setMinNumTableCols(number(SettingType::MinimumNumberOfTableColumns));
@@ -45,6 +53,10 @@ void TableView::applyGlobalSettings() {
 
 void TableView::applyTableSettings() {
     TableModel& model = *tableModel();
+    setMaximumRowHeight(settings.getValueInt(SettingType::MaximumRowHeightForAutoFit), false);
+    setMaximumColumnWidth(settings.getValueInt(SettingType::MaximumColumnWidthForAutoFit), false);
+    setAutoFitRowHeight(settings.getValueBool(SettingType::AutoFitRowHeight), false);
+    setAutoFitColWidth(settings.getValueBool(SettingType::AutoFitColumnWidth), false);
     model.setNumberOfHeaderRows(settings.getValueInt(SettingType::NumberOfHeaderRows));
     model.setNumberOfHeaderCols(settings.getValueInt(SettingType::NumberOfHeaderColumns));
     model.setHighlightHeaderRows(settings.getValueBool(SettingType::HighlightHeaderRows));
