@@ -58,10 +58,10 @@ OptionStyle OptionListWidget::makeOptionWidgetStyleSheetsAndHTMLTags(Theme const
     style.sheet = QStringLiteral("OptionWidget {background-color: #%1%2;}\n")
                       .arg(theme.getLauncherBackgroundAlpha(), 2, 16, QLatin1Char('0'))
                       .arg(withoutHash(theme.getBackground4Color())) +
-                  QStringLiteral("OptionWidget:hover {background-color: #80%1;}\n")
+                  QStringLiteral("OptionWidget:hover {background-color: #48%1;}\n")
                       .arg(withoutHash(theme.getSelectedItemColor())) +
-                  QStringLiteral("OptionWidget[selected=\"true\"] {background-color: %1;}\n")
-                      .arg(theme.getSelectedItemColor().name());
+                  QStringLiteral("OptionWidget[selected=\"true\"] {background-color: #70%1;}\n")
+                      .arg(withoutHash(theme.getSelectedItemColor()));
     style.plainStart = QStringLiteral("<span style=\"color:%1;\">").arg(theme.getTextColor().name());
     style.plainEnd = QStringLiteral("</span>");
     style.matchStart = QStringLiteral("<b style=\"color:%1;\">").arg(theme.getFuzzySearchHighlightedTextColor().name());
