@@ -114,6 +114,7 @@ Context MainWindow::contextOfTable(TableView const* table) const {
         bits |= table->getFilepath().isEmpty() ? Context::None : Context::FileOnDisk;
     }
     bits |= table->isReadOnly() ? Context::ReadOnly : Context::None;
+    bits |= table->tableModel()->hasHiddenLines() ? Context::HiddenPresent : Context::None;
     bits |= table->tableModel()->isSelectionMultiCell() ? Context::MultiCellSelection : Context::None;
     return bits;
 }

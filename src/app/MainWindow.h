@@ -9,6 +9,8 @@
 #include "core/Context.h"
 #include "core/ExtensionData.h"
 #include "core/RangeSize.h"
+#include "model/CellShift.h"
+#include "model/CellTexts.h"
 #include "model/SelectionStatistics.h"
 #include "view/ContextMenuEntries.h"
 
@@ -24,6 +26,7 @@ class PreferenceWatcher;
 class SideBar;
 class PromptChain;
 class TabBar;
+class TableModel;
 class TableView;
 class QMenu;
 class QScrollArea;
@@ -204,6 +207,83 @@ public slots:
     /// Ends the open chain of questions without an answer.
     void closeLauncher();
 
+    // Texts and single cells of the active table (MainWindow_Cells.cpp).
+    void commandUpperCase();
+    void commandLowerCase();
+    void commandTitleCase();
+    void commandUpperCamelCase();
+    void commandLowerCamelCase();
+    void commandUpperSnakeCase();
+    void commandLowerSnakeCase();
+    void commandConvertToAcronym();
+    void commandTrimSelectedCells();
+    void commandRemoveLeadingZeros();
+    void commandFillSelectedCellsWithUuidGuid();
+    void commandCopyMainCellContentsToAllSelectedCells();
+    void commandTransposeSelectedCells();
+    void commandInsertCellsMoveRestOfRowRight();
+    void commandInsertCellsMoveRestOfColumnDown();
+    void commandRemoveSelectedCellsMoveRestOfRowLeft();
+    void commandRemoveSelectedCellsMoveRestOfColumnUp();
+    void commandRemoveSelectedCellsAndTheRestOfTheirRows();
+    void commandRemoveSelectedCellsAndTheRestOfTheirColumns();
+    void commandDuplicateSelectedCellContentsUp();
+    void commandDuplicateSelectedCellContentsDown();
+    void commandDuplicateSelectedCellContentsLeft();
+    void commandDuplicateSelectedCellContentsRight();
+
+    // Whole rows and columns of the active table (MainWindow_Lines.cpp).
+    void commandRemoveDuplicateRows();
+    void commandRemoveDuplicateColumns();
+    void commandRemoveDuplicateRowsBasedOnSelectedColumnsOnly();
+    void commandRemoveDuplicateColumnsBasedOnSelectedRowsOnly();
+    void commandSelectDuplicateRows();
+    void commandSelectDuplicateColumns();
+    void commandSelectDuplicateRowsBasedOnSelectedColumnsOnly();
+    void commandSelectDuplicateColumnsBasedOnSelectedRowsOnly();
+    void commandRemoveEmptyRows();
+    void commandRemoveEmptyColumns();
+    void commandRemoveEmptyRowsBasedOnSelectedColumnsOnly();
+    void commandRemoveEmptyColumnsBasedOnSelectedRowsOnly();
+    void commandRemoveExtraneousRowsAndColumns();
+
+    // Hiding in the active table (MainWindow_Hide.cpp).
+    void commandHideSelectedRows();
+    void commandHideSelectedColumns();
+    void commandHideAllButSelectedRows();
+    void commandHideAllButSelectedColumns();
+    void commandHideEmptyRows();
+    void commandHideEmptyColumns();
+    void commandShowAllHiddenRows();
+    void commandShowAllHiddenColumns();
+    void commandShowHiddenRowsInSelection();
+    void commandShowHiddenColumnsInSelection();
+    void commandShowEmptyRows();
+    void commandShowEmptyColumns();
+    void commandRemoveAllFilteredOutAndHiddenData();
+
+    // Where the file is (MainWindow_Clipboard.cpp).
+    void commandCopyFilePathToClipboard();
+    void commandCopyFolderPathToClipboard();
+    void commandCopyFileNameToClipboard();
+
+    // Tabs and scrolling (MainWindow_Tabs.cpp).
+    void commandCloseAllFilesExceptCurrent();
+    void commandSwitchToTab1();
+    void commandSwitchToTab2();
+    void commandSwitchToTab3();
+    void commandSwitchToTab4();
+    void commandSwitchToTab5();
+    void commandSwitchToTab6();
+    void commandSwitchToTab7();
+    void commandSwitchToTab8();
+    void commandSwitchToTab9();
+    void commandSwitchToTab10();
+    void commandScrollToTop();
+    void commandScrollToBottom();
+    void commandScrollToFarLeft();
+    void commandScrollToFarRight();
+
 signals:
     void mainWindowClosedSignal();
     void mainWindowFocusChangedSignal();
@@ -252,6 +332,24 @@ private:
     template <class Command, class... Arguments>
     void push(Arguments... arguments);
     void selectAlong(Direction direction, bool toBlockEdge);
+
+    // What commands on cells and lines share.
+
+    /// The active table's model, after an open edit has ended.
+    TableModel* settledModel();
+    /// Writes the cells by a command; none if there are no changes.
+    void writeCells(CellPatch patch);
+    void changeSelectedTexts(TextChange const& change);
+    void shiftSelectedCells(Axis axis, CellShift shift);
+    void duplicateSelectedContents(Direction direction);
+    enum class Basis { WholeLines, SelectedCellsOnly };
+    std::vector<int> duplicateLines(Axis axis, Basis basis);
+    void removeLines(Axis axis, std::vector<int> const& modelLines);
+    void selectLines(Axis axis, std::vector<int> const& modelLines);
+    void removeEmptyLines(Axis axis, Basis basis);
+    void applyHidden(Axis axis, std::vector<int> const& hidden);
+    void switchToExistingTab(int index);
+
     void switchToTab(int index);
     bool saveTo(TableView* table, QString const& path);
     bool isUntouchedEmptyTable(TableView const* table) const;
