@@ -9,6 +9,7 @@ void TableView::propagateSettings(Settings const& newSettings) {
         settings.takeGlobalValues(newSettings);
     } else {
         settings = newSettings;
+        settings.setValue(SettingType::ReadOnly, readOnly);
     }
     applyGlobalSettings();
     if (!hasSettings) {
