@@ -159,6 +159,9 @@ public slots:
     void commandScrollRightOneScreen();
     void commandSwitchToTabOnTheRight();
     void commandSwitchToTabOnTheLeft();
+    // MainWindow_GridSize.cpp
+    void commandToggleAutoFitRowHeight();
+    void commandToggleAutoFitColumnWidth();
 
     // Preferences (MainWindow_Settings.cpp).
     void onPreferenceChanged(QString const& path);

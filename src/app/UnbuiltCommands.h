@@ -173,8 +173,6 @@ public slots:
     void commandSetDefaultColumnWidth() { tellNotBuilt(); }
     void commandSetMaximumRowHeightForAutoFit() { tellNotBuilt(); }
     void commandSetMaximumColumnWidthForAutoFit() { tellNotBuilt(); }
-    void commandToggleAutoFitRowHeight() { tellNotBuilt(); }
-    void commandToggleAutoFitColumnWidth() { tellNotBuilt(); }
     void commandSetHeaderRowsToSelectedRow() { tellNotBuilt(); }
     void commandSetHeaderColumnsToSelectedColumn() { tellNotBuilt(); }
     void commandSetHeadersToSelectedCell() { tellNotBuilt(); }

@@ -10,6 +10,7 @@
 #include "model/HeaderRowSearch.h"
 #include "model/HighlightedCells.h"
 #include "model/IndexSpaces.h"
+#include "model/LineMove.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
 #include "storage/TableData.h"
@@ -415,6 +416,8 @@ public:
     void resizeCol(int col, int width) { emit resizeColSignal(col, width); }
     void resizeCols(Indexes const& cols, int width) { emit resizeColsSignal(cols, width); }
     void resizeColsBeforeInsert(Indexes const& cols) { emit resizeColsBeforeInsertSignal(cols); }
+    /// Has the view carry the sizes of lines along, after the data and the size of the grid have changed.
+    void moveSizes(LineMove& move) { emit linesMovedSignal(move); }
     void enforceAutoFitRowHeight(int row) { emit enforceAutoFitRowHeightSignal(row); }
     void enforceAutoFitRowHeights(Indexes const& rows) { emit enforceAutoFitRowHeightsSignal(rows); }
     void enforceAutoFitColWidth(int col) { emit enforceAutoFitColWidthSignal(col); }
@@ -478,6 +481,7 @@ signals:
     void resizeColSignal(int col, int width);
     void resizeColsSignal(std::vector<int> cols, int width);
     void resizeColsBeforeInsertSignal(std::vector<int> cols);
+    void linesMovedSignal(LineMove& move);
     void enforceAutoFitRowHeightSignal(int row);
     void enforceAutoFitRowHeightsSignal(std::vector<int> rows);
     void enforceAutoFitColWidthSignal(int col);
