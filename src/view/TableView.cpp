@@ -250,6 +250,7 @@ void TableView::startBackgroundLoad() {
 
 void TableView::setReadOnly(bool on) {
     readOnly = on;
+    settings.setValue(SettingType::ReadOnly, on);
     tableModel()->setReadOnly(on);
 }
 

@@ -319,6 +319,8 @@ private:
     void enforceEmptySizes(Axis axis);
     void enforceEmptySize(Axis axis, int line);
     bool isEmptyLine(Axis axis, int line) const;
+    void widenTo(QString const& text, RangeVector const& ranges);
+    void keepEditorInSight();
     void fitRow(RowFit const& fit, int row);
     int headerRowsWidth(int col);
     void resizeTogether(std::function<void()> const& resize);
