@@ -45,6 +45,8 @@ public:
     void setEditorPaneHeight(int height) { editorPaneHeight = height; }
     void setLetEditorPaneConsumeNavigationKeystrokes(bool on);
 
+    /// Passes the settings to the editor pane and to each table.
+    void propagateSettings(Settings const& settings);
     // The launcher and the strips above it (PaneView_Launcher.cpp).
 
     /// Shows `newLauncher`, which the pane owns from now on, in the place of the one that is open.

@@ -1,7 +1,5 @@
 #include "appearance/Theme.h"
 
-#include <QStringList>
-
 namespace {
 
 constexpr int translucentAlpha = 40;
@@ -64,18 +62,12 @@ constexpr StyleRule styleRules[] = {
 };
 
 constexpr char const* colorKeys[] = {
-#define GRIDWRIGHT_KEY(key, value) #key,
+#define GRIDWRIGHT_KEY(key) #key,
     GRIDWRIGHT_THEME_COLORS(GRIDWRIGHT_KEY)
 #undef GRIDWRIGHT_KEY
 };
 
 } // namespace
-
-Theme::Theme() : name(QStringLiteral("Dark")) {
-#define GRIDWRIGHT_FILL(key, value) set##key(QColor(QStringLiteral(value)));
-    GRIDWRIGHT_THEME_COLORS(GRIDWRIGHT_FILL)
-#undef GRIDWRIGHT_FILL
-}
 
 QColor Theme::getTranslucentMainCellColor() const {
     QColor translucent = getMainCellColor();

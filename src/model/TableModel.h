@@ -10,6 +10,7 @@
 #include "model/HeaderRowSearch.h"
 #include "model/HighlightedCells.h"
 #include "model/IndexSpaces.h"
+#include "model/LineMove.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
 #include "storage/TableData.h"
@@ -136,6 +137,15 @@ public:
     void showRawCols(Indexes const& cols) { tableData.showRawCols(cols); }
     void showAllRows() { tableData.showAllRows(); }
     void showAllCols() { tableData.showAllCols(); }
+
+    // Hiding (TableModel_Hidden.cpp).
+
+    /// Hides these (Raw) rows and shows all others; the grid follows.
+    void setAndApplyHiddenRowsList(Indexes const& rows);
+    void setAndApplyHiddenColsList(Indexes const& cols);
+    bool hasHiddenLines() const { return tableData.numConcealedRows() > 0 || tableData.numConcealedCols() > 0; }
+    /// Brings headers, context and grid in step with what is concealed now.
+    void onConcealedLinesChanged();
 
     // Index conversion. See IndexSpaces for the arithmetic and for ranges without an index space.
 
@@ -415,6 +425,8 @@ public:
     void resizeCol(int col, int width) { emit resizeColSignal(col, width); }
     void resizeCols(Indexes const& cols, int width) { emit resizeColsSignal(cols, width); }
     void resizeColsBeforeInsert(Indexes const& cols) { emit resizeColsBeforeInsertSignal(cols); }
+    /// Has the view carry the sizes of lines along, after the data and the size of the grid have changed.
+    void moveSizes(LineMove& move) { emit linesMovedSignal(move); }
     void enforceAutoFitRowHeight(int row) { emit enforceAutoFitRowHeightSignal(row); }
     void enforceAutoFitRowHeights(Indexes const& rows) { emit enforceAutoFitRowHeightsSignal(rows); }
     void enforceAutoFitColWidth(int col) { emit enforceAutoFitColWidthSignal(col); }
@@ -478,6 +490,7 @@ signals:
     void resizeColSignal(int col, int width);
     void resizeColsSignal(std::vector<int> cols, int width);
     void resizeColsBeforeInsertSignal(std::vector<int> cols);
+    void linesMovedSignal(LineMove& move);
     void enforceAutoFitRowHeightSignal(int row);
     void enforceAutoFitRowHeightsSignal(std::vector<int> rows);
     void enforceAutoFitColWidthSignal(int col);
@@ -512,6 +525,7 @@ private:
     void keepMainCellInGrid();
     bool moveLineAbsolute(Axis axis, int from, int to);
     void showEverything();
+    bool growTowardsLoadedRows();
     int& numHeaderCols() { return colorOptions.headerCols; }
     Indexes emptyLinesModel(Axis axis, int start, GetRowColMaskType maskType, Indexes const& mask) const;
     void orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, RangeIndexType type) const;
@@ -568,6 +582,8 @@ private:
     bool caseSensitiveSorting = true;
     SortData colSortData;
     SortData rowSortData;
+    int loadNumber = 0;            ///< tells the steps after one load from those of an earlier one
+    bool loadInBackground = false; ///< the last load
     int progressLow = 0;
     int progressHigh = 100;
 };

@@ -9,10 +9,12 @@
 #include "view/QuickEdit.h"
 #include "view/TableType.h"
 
+#include <QColor>
 #include <QPointer>
 #include <QTableView>
 
 #include <memory>
+#include <vector>
 
 class HeaderView;
 class TableDelegate;
@@ -22,6 +24,9 @@ class TableModel;
 /// that they share. The selection is the model's; Qt's own is never used. Rows and columns are Model.
 class AbstractTableView : public QTableView {
     Q_OBJECT
+    Q_PROPERTY(QColor highlightedLineColor READ getHighlightedLineColor WRITE setHighlightedLineColor NOTIFY
+                   highlightedLineColorChanged)
+    Q_PROPERTY(QColor cellBorderColor READ getCellBorderColor WRITE setCellBorderColor NOTIFY cellBorderColorChanged)
 
 public:
     explicit AbstractTableView(TableType type, QWidget* parent = nullptr);
@@ -66,6 +71,27 @@ public:
     /// Shows the cells anew. Costs what is on screen and nothing more.
     virtual void refreshView();
 
+    // Marks over the cells.
+
+    /// Lines along the near edges of rows, where something is to be dropped or inserted.
+    virtual void setRowLineHighlightIndexes(std::vector<int> const& rows);
+    virtual void setColLineHighlightIndexes(std::vector<int> const& cols);
+    void setRowLineHighlightIndex(int row) { setRowLineHighlightIndexes({row}); }
+    void setColLineHighlightIndex(int col) { setColLineHighlightIndexes({col}); }
+    void clearRowLineHighlightIndexes() { setRowLineHighlightIndexes({}); }
+    void clearColLineHighlightIndexes() { setColLineHighlightIndexes({}); }
+    /// Borders around the Cells among the ranges.
+    virtual void setCellBorderRange(RangeVector const& ranges);
+    void setCellBorderRange(Range const& range) { setCellBorderRange(RangeVector{range}); }
+    void clearCellBorderRange() { setCellBorderRange(RangeVector()); }
+    std::vector<int> const& getRowLineHighlightIndexes() const { return rowLineHighlightIndexes; }
+    std::vector<int> const& getColLineHighlightIndexes() const { return colLineHighlightIndexes; }
+    RangeVector const& getCellBorderRanges() const { return cellBorderRanges; }
+    QColor getHighlightedLineColor() const { return highlightedLineColor; }
+    void setHighlightedLineColor(QColor const& color);
+    QColor getCellBorderColor() const { return cellBorderColor; }
+    void setCellBorderColor(QColor const& color);
+
     // Editing. The main view leads an edit, also one in a band.
 
     TableDelegate* tableDelegate() const { return delegate; }
@@ -99,6 +125,8 @@ signals:
     void moveCellContentsAbsoluteSignal(RangeVector ranges, Range mainCell, int row, int col);
     void scrollSignal(Direction direction, bool page);
     void selectionExpandingSignal(AbstractTableView* view);
+    void highlightedLineColorChanged();
+    void cellBorderColorChanged();
 
 protected:
     bool event(QEvent* event) override;
@@ -145,7 +173,10 @@ private:
     void forwardToEditor(QInputMethodEvent* event);
     void composeInCells(QInputMethodEvent* event);
     void beginEditWith(QString const& text);
-    void paintComposition();
+    bool isMarked() const;
+    void paintLineHighlights(QPainter& painter, Axis axis);
+    void paintCellBorders(QPainter& painter);
+    void paintComposition(QPainter& painter);
     void paintCompositionIn(QPainter& painter, QModelIndex const& index);
 
     TableModel* table = nullptr;
@@ -157,6 +188,11 @@ private:
     bool ctrlSelecting = false;                  ///< the running drag adds to the selection
     bool acceptNextOtherFocus = false;
     bool holdChanges = false;
+    std::vector<int> rowLineHighlightIndexes;
+    std::vector<int> colLineHighlightIndexes;
+    RangeVector cellBorderRanges;
+    QColor highlightedLineColor = Qt::red;
+    QColor cellBorderColor;
     QString preeditText; ///< what an input method composes while no edit is open
     bool startingEditFromInputMethod = false;
 };

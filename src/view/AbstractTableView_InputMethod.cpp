@@ -88,35 +88,3 @@ QVariant AbstractTableView::inputMethodQuery(Qt::InputMethodQuery query) const {
     QPoint const below = visualRect(index).bottomLeft() + viewport()->pos() + QPoint(0, 1);
     return QRect(below, below);
 }
-
-void AbstractTableView::paintEvent(QPaintEvent* event) {
-    QTableView::paintEvent(event);
-    if (!preeditText.isEmpty())
-        paintComposition();
-}
-
-void AbstractTableView::paintComposition() {
-    QPainter painter(viewport());
-    QRect const area = viewport()->rect();
-    int const firstRow = rowAt(0);
-    int const firstCol = columnAt(0);
-    int const lastRow = std::max(rowAt(area.bottom()), 0);
-    int const lastCol = std::max(columnAt(area.right()), 0);
-    int const endRow = rowAt(area.bottom()) < 0 ? table->rowCount() - 1 : lastRow;
-    int const endCol = columnAt(area.right()) < 0 ? table->columnCount() - 1 : lastCol;
-    for (int row = std::max(firstRow, 0); row <= endRow; ++row) {
-        for (int col = std::max(firstCol, 0); col <= endCol; ++col) {
-            if (table->cellInSelection(Range(row, col, RangeIndexType::Model)))
-                paintCompositionIn(painter, table->index(row, col));
-        }
-    }
-}
-
-void AbstractTableView::paintCompositionIn(QPainter& painter, QModelIndex const& index) {
-    constexpr int margin = 4;
-    QRect const cell = visualRect(index);
-    painter.fillRect(cell, delegate->getEditorBackgroundColor());
-    painter.setPen(delegate->getTextColor());
-    painter.setFont(font());
-    painter.drawText(cell.adjusted(margin, 0, -margin, 0), Qt::AlignLeft | Qt::AlignVCenter, preeditText);
-}

@@ -10,13 +10,10 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace {
 
-constexpr int defaultRowHeight = 24;
-constexpr int defaultColumnWidth = 80;
 constexpr int wheelSnapDelayMs = 100;
 
 /// How many cells a section's size is judged by, falling with the number of rows.
@@ -38,6 +35,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     setupFrozenHeaders();
     setupCorners();
     setupScrollBars();
+    setupAnimations();
     for (QObject* const watched : std::initializer_list<QObject*>{horizontalHeader(), verticalHeader(), viewport(),
                                                                   verticalScrollBar(), horizontalScrollBar()})
         watched->installEventFilter(this);
@@ -46,6 +44,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connect(this, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
     connectEditing();
     TableView::setModel(new TableModel(this));
+    applyFont();
     setTheme(tableModel()->getTheme());
 }
 
@@ -62,6 +61,8 @@ TableView::~TableView() {
 void TableView::setupSections() {
     verticalHeader()->setDefaultSectionSize(defaultRowHeight);
     horizontalHeader()->setDefaultSectionSize(defaultColumnWidth);
+    rowSizes = new LineSizes(*verticalHeader(), this);
+    colSizes = new LineSizes(*horizontalHeader(), this);
 }
 
 void TableView::setupFrozenHeaders() {
@@ -115,6 +116,10 @@ std::array<FrozenTableView*, 3> TableView::frozenViews() const {
     return {horizontalFrozenView, verticalFrozenView, cornerFrozenView};
 }
 
+std::array<AbstractTableView*, 4> TableView::allViews() {
+    return {this, horizontalFrozenView, verticalFrozenView, cornerFrozenView};
+}
+
 void TableView::setModel(QAbstractItemModel* model) {
     AbstractTableView::setModel(model);
     connectSignalsWithModel();
@@ -152,29 +157,26 @@ void TableView::connectSizesWithModel() {
     TableModel* const model = tableModel();
     connect(model, &TableModel::enforceTableSizeSignal, this, &TableView::enforceTableSize);
     connect(model, &TableModel::toggleTransposeSignal, this, &TableView::refreshView);
-    connect(model, &TableModel::refreshHeadersSignal, this, [this] {
-        horizontalHeader()->headerDataChanged(Qt::Horizontal, 0, std::max(horizontalHeader()->count() - 1, 0));
-        verticalHeader()->headerDataChanged(Qt::Vertical, 0, std::max(verticalHeader()->count() - 1, 0));
-    });
-    connect(model, &TableModel::resizeRowSignal, this, &QTableView::setRowHeight);
-    connect(model, &TableModel::resizeColSignal, this, &QTableView::setColumnWidth);
-    connect(model, &TableModel::resizeRowsSignal, this, [this](std::vector<int> const& rows, int height) {
-        std::for_each(rows.begin(), rows.end(), [&](int row) { setRowHeight(row, height); });
-    });
-    connect(model, &TableModel::resizeColsSignal, this, [this](std::vector<int> const& cols, int width) {
-        std::for_each(cols.begin(), cols.end(), [&](int col) { setColumnWidth(col, width); });
-    });
-    auto const run = [](int first, int count) {
-        std::vector<int> lines(static_cast<std::size_t>(std::max(count, 0)));
-        std::iota(lines.begin(), lines.end(), first);
-        return lines;
-    };
-    connect(model, qOverload<int, int>(&TableModel::removeRowsGuiSignal), this,
-            [this, run](int row, int count) { removeRowsSlot(run(row, count)); });
-    connect(model, qOverload<std::vector<int>>(&TableModel::removeRowsGuiSignal), this, &TableView::removeRowsSlot);
-    connect(model, qOverload<int, int>(&TableModel::removeColsGuiSignal), this,
-            [this, run](int col, int count) { removeColsSlot(run(col, count)); });
-    connect(model, qOverload<std::vector<int>>(&TableModel::removeColsGuiSignal), this, &TableView::removeColsSlot);
+    connect(model, &TableModel::refreshHeadersSignal, this, &TableView::refreshHeaders);
+    connectSizesAlong(Axis::Rows);
+    connectSizesAlong(Axis::Columns);
+}
+
+// Undo.
+
+void TableView::pushUndoCommand(QUndoCommand* command) {
+    finishAnimations();
+    stack.push(command);
+}
+
+void TableView::undo() {
+    finishAnimations();
+    stack.undo();
+}
+
+void TableView::redo() {
+    finishAnimations();
+    stack.redo();
 }
 
 // State and options.
@@ -200,8 +202,7 @@ void TableView::setupContextMenus(CommandActions const& actions) {
 void TableView::setTheme(Theme const& theme) {
     tableModel()->setTheme(theme);
     bottomRightCorner->setColor(theme.getBackground1Color());
-    for (AbstractTableView const* const view :
-         std::initializer_list<AbstractTableView*>{this, horizontalFrozenView, verticalFrozenView, cornerFrozenView}) {
+    for (AbstractTableView const* const view : allViews()) {
         view->tableDelegate()->setEditorBackgroundColor(theme.getCellColor());
         view->tableDelegate()->setTextColor(theme.getTextColor());
     }
@@ -215,9 +216,9 @@ void TableView::refreshView() {
     }
 }
 
-void TableView::setResizeContentsPrecision(int precision) {
-    horizontalHeader()->setResizeContentsPrecision(precision);
-    verticalHeader()->setResizeContentsPrecision(precision);
+void TableView::refreshHeaders() {
+    horizontalHeader()->headerDataChanged(Qt::Horizontal, 0, std::max(horizontalHeader()->count() - 1, 0));
+    verticalHeader()->headerDataChanged(Qt::Vertical, 0, std::max(verticalHeader()->count() - 1, 0));
 }
 
 // The file.
@@ -229,10 +230,22 @@ bool TableView::reloadFile(QString const& delimiter, EncodingType encoding, Pars
     if (same || getFilepath().isEmpty())
         return false;
     stack.clear();
+    startBackgroundLoad();
+    return model.reloadFile(delimiter, encoding, standard);
+}
+
+void TableView::reloadFileReadOnly(bool on) {
+    setReadOnly(on);
+    if (!getFilepath().isEmpty()) {
+        stack.clear();
+        loadCSV(getFilepath(), true);
+    }
+}
+
+void TableView::startBackgroundLoad() {
     hide();
     loading = true;
     setUpdatesEnabled(false);
-    return model.reloadFile(delimiter, encoding, standard);
 }
 
 void TableView::setReadOnly(bool on) {
@@ -250,16 +263,16 @@ void TableView::setExtensionData(ExtensionData const& data) {
 }
 
 void TableView::loadCSV(QString const& path, bool background) {
-    if (background) {
-        hide();
-        loading = true;
-        setUpdatesEnabled(false);
-    }
+    if (background)
+        startBackgroundLoad();
     TableModel* const model = tableModel();
     model->loadCSV(path, background, readOnly, model->getDelimiter(), model->getSaveDelimiter(), model->getEncoding(),
                    model->getParsingStandard());
     if (!background) {
         setResizeContentsPrecision(50);
+        warnAutoFitIfLargeFile();
+        enforceAutoFitColWidth(true);
+        enforceAutoFitRowHeight(true);
         refreshView();
     }
 }
@@ -275,28 +288,12 @@ void TableView::onLoadProgressUpdate(int, int, int) {
 
 void TableView::onLoadFinished() {
     setResizeContentsPrecision(precisionForRows(tableModel()->rowCountModel()));
+    warnAutoFitIfLargeFile();
+    enforceAutoFitColWidth(false);
+    enforceAutoFitRowHeight(false);
     setUpdatesEnabled(true);
     loading = false;
     show();
-}
-
-// Sizes.
-
-void TableView::removeRowsSlot(std::vector<int> rows) {
-    removeLines(Axis::Rows, std::move(rows));
-}
-
-void TableView::removeColsSlot(std::vector<int> cols) {
-    removeLines(Axis::Columns, std::move(cols));
-}
-
-void TableView::removeLines(Axis axis, std::vector<int> lines) {
-    std::sort(lines.begin(), lines.end());
-    if (axis == Axis::Rows)
-        tableModel()->removeRows(lines);
-    else
-        tableModel()->removeCols(lines);
-    enforceTableSize();
 }
 
 void TableView::placeCornerButton() {

@@ -1,20 +1,27 @@
 #pragma once
 
+#include "commands/Settings.h"
 #include "core/ExtensionData.h"
 #include "core/RangeSize.h"
 #include "model/TableModel.h"
 #include "view/AbstractTableView.h"
 #include "view/CellEdit.h"
+#include "view/ColumnSample.h"
+#include "view/LineSizes.h"
+#include "view/MeasuringTable.h"
 #include "view/SelectionMoves.h"
 
 #include <QTimer>
 #include <QUndoStack>
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <utility>
 
 class FrozenTableView;
+class LineAnimation;
+class RowFit;
 class ScrollAreaBottomRightCornerWidget;
 class TLCornerButton;
 
@@ -47,6 +54,9 @@ public:
     /// Reads the table's file again in another dialect, on a thread; the undo stack is cleared. False if that is the
     /// present dialect or there is no file.
     bool reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
+    /// Reads the table's file again for reading only or for editing, on a thread; the undo stack is cleared. A table
+    /// without a file only changes its mode.
+    void reloadFileReadOnly(bool on);
     void setReadOnly(bool on);
     bool isReadOnly() const { return readOnly; }
     /// The options by which the table is loaded and saved; the delimiters must be settled.
@@ -54,13 +64,21 @@ public:
     /// The path of the table's file, empty for a table that has none.
     QString getFilepath() const { return tableModel()->getFilepath(); }
 
+    // What the user has set (TableView_Settings.cpp).
+
+    /// Puts settings in force; those of table scope only the first time, as the defaults of a new table.
+    void propagateSettings(Settings const& newSettings);
+    /// The settings in force, with the values of table scope that are the table's own.
+    Settings& getSettings() { return settings; }
+    Settings const& getSettings() const { return settings; }
+
     // Undo.
 
     QUndoStack* undoStack() { return &stack; }
     /// Carries the command out and keeps it for undo. Takes ownership.
-    void pushUndoCommand(QUndoCommand* command) { stack.push(command); }
-    void undo() { stack.undo(); }
-    void redo() { stack.redo(); }
+    void pushUndoCommand(QUndoCommand* command);
+    void undo();
+    void redo();
 
     // Editing. An edit takes place in an editor over the main cell, or in the editor pane while that is shown.
 
@@ -126,10 +144,100 @@ public:
     /// The cell in the main cell's row or column on the line of SelectionMoves::farthestSelectedLine.
     Range findFarthestSelectedCellInDirection(Direction direction) const;
 
-    /// How many rows and columns Qt looks at to size a section by its contents.
+    // Sizes of rows and columns, in pixels.
+
+    /// Also the least height of a row.
+    int getDefaultRowHeight() const { return defaultRowHeight; }
+    void setDefaultRowHeight(int height);
+    /// Also the width of empty columns.
+    int getDefaultColumnWidth() const { return defaultColumnWidth; }
+    void setDefaultColumnWidth(int width);
+    int getMaximumRowHeight() const { return maximumRowHeight; }
+    /// With `emitChange` the new value belongs to what is kept about the file.
+    void setMaximumRowHeight(int height, bool emitChange);
+    int getMaximumColumnWidth() const { return maximumColumnWidth; }
+    void setMaximumColumnWidth(int width, bool emitChange);
+    /// Of the selected rows or columns.
+    void setRowHeights(int height);
+    void setColWidths(int width);
+    void resizeRow(int row, int height) { resizeRows({row}, {height}); }
+    void resizeCol(int col, int width) { resizeCols({col}, {width}); }
+    /// Gives each row its height, no more than the maximum.
+    void resizeRows(std::vector<int> const& rows, std::vector<int> const& heights);
+    void resizeCols(std::vector<int> const& cols, std::vector<int> const& widths);
+    /// Makes room in the sizes for lines that are inserted without the view's knowledge. The positions are ascending
+    /// and as the lines are numbered before; a position stands once for each new line.
+    void resizeRowsBeforeInsert(std::vector<int> positions);
+    void resizeColsBeforeInsert(std::vector<int> positions);
+    /// The positions need not be ascending.
+    void resizeColsAfterInsert(std::vector<int> positions);
+    void enforceMinimumRowHeight();
+    void enforceMinimumRowHeight(int row);
+    void enforceMaximumRowHeight();
+    void enforceMaximumRowHeight(int row);
+    void enforceMaximumColumnWidth();
+    void enforceMaximumColumnWidth(int col);
+    /// Rows that have all but vanished and are empty get the default height, as do the rows behind the data.
+    void enforceEmptyRowHeight();
+    void enforceEmptyRowHeight(int row);
+    void enforceEmptyColumnWidth();
+    void enforceEmptyColumnWidth(int col);
+
+    // Auto-fit: rows are as high and columns as wide as their contents ask.
+
+    bool isAutoFitRowHeight() const { return autoFitRowHeight; }
+    void setAutoFitRowHeight(bool on, bool emitChange);
+    bool isAutoFitColWidth() const { return autoFitColWidth; }
+    void setAutoFitColWidth(bool on, bool emitChange);
+    /// How many cells of a column, or of a row, a fit looks at beyond the first hundred. Not 0.
     void setResizeContentsPrecision(int precision);
+    int getResizeContentsPrecision() const { return resizeContentsPrecision; }
+    /// How often enforceAutoFitColWidth(bool) still acts; -1 for always.
+    void setAutoFitColumnCountdown(int times) { autoFitColumnCountdown = times; }
+    /// The height that shows a row's texts wrapped; 0 for a row without text.
+    int calculateAutoFitRowHeight(int row) const;
+    int calculateAutoFitRowHeight(int row, int precision) const;
+    /// The width that shows the texts of a column below the header rows. -1 stands for no default and no maximum.
+    int estimateMaxWidthForColumnMainTable(int col, int precision, int defaultWidth, int maxWidth, bool& allEmpty);
+    void resizeColumnToContents(int col, int precision);
+    void resizeColumnsToContents();
+    /// Asks whether to fit the sizes of a large table, where a fit takes a while.
+    void warnAutoFitIfLargeFile();
+    /// Of all tables.
+    static void setSuppressAutoFitWarnings(bool on) { suppressAutoFitWarnings = on; }
+    static bool areAutoFitWarningsSuppressed() { return suppressAutoFitWarnings; }
+
+    // Marks. See AbstractTableView; the lines are User here, and all views show them.
+
+    void setRowLineHighlightIndexes(std::vector<int> const& userRows) override;
+    void setColLineHighlightIndexes(std::vector<int> const& userCols) override;
+    void setCellBorderRange(RangeVector const& ranges) override;
+    using AbstractTableView::setCellBorderRange;
+    /// Highlights the cells and draws borders around them.
+    void setHighlightedRange(RangeVector const& ranges);
+    void setHighlightedRange(Range const& range) { setHighlightedRange(RangeVector{range}); }
+    void clearHighlightedRange() { setHighlightedRange(RangeVector()); }
+
+    // The look of cells.
+
+    /// The size of the font is the text size, whatever that of `font`.
+    void setFont(QFont const& font);
+    /// In pixels.
+    void setTextSize(int size);
+    void setShadeEveryOtherRow(bool on);
+    void setShadeEveryOtherColumn(bool on);
+    void setHighlightMainCellRow(bool on);
+    void setHighlightMainCellColumn(bool on);
 
 public slots:
+    // Where auto-fit is off these only keep the sizes within their bounds. With `scroll` the main cell is in sight
+    // after.
+    void enforceAutoFitRowHeight(bool scroll);
+    void enforceAutoFitRowHeight(int row) { enforceAutoFitRowHeights({row}); }
+    void enforceAutoFitRowHeights(std::vector<int> const& rows);
+    void enforceAutoFitColWidth(bool scroll);
+    void enforceAutoFitColWidth(int col) { enforceAutoFitColWidths({col}); }
+    void enforceAutoFitColWidths(std::vector<int> const& cols);
     void moveSelectionRelativeSlot(int rows, int cols) { moveSelectionRelative(rows, cols); }
     /// Scrolls by whole rows or columns where snapping is on, else by pixels; with `page` by most of the viewport.
     void scroll(Direction direction, bool page, int rowPixels = wheelRowPixels, int colPixels = wheelColPixels);
@@ -152,6 +260,10 @@ public slots:
     /// Reports a failed save after an edit, which stays.
     void onAutoSaveFailed(QString const& fileName, QString const& reason);
     void onNewPendingSelectionCorner(Range const& corner);
+    /// Inserts lines in the model, each of which will stand where the list says, and lets them grow.
+    void insertRowsSlot(std::vector<int> const& rows) { insertLines(Axis::Rows, rows); }
+    void insertColsSlot(std::vector<int> const& cols) { insertLines(Axis::Columns, cols); }
+    /// Lets lines collapse and then removes them from the model.
     void removeRowsSlot(std::vector<int> rows);
     void removeColsSlot(std::vector<int> cols);
     void onStartProgressUpdate();
@@ -175,6 +287,9 @@ signals:
     void startOffCellEditSignal(bool overwrite, QKeyEvent* event);
     void showEditorPaneSignal(bool show, bool animate);
     void mainCellLengthChangedSignal(int length);
+    void suppressAutoFitWarningsChangedSignal(bool suppress);
+    /// What is kept about the file has changed.
+    void fileMetadataChangedSignal();
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
@@ -190,6 +305,39 @@ private:
     void setupScrollBars();
     void connectSignalsWithModel();
     void connectSizesWithModel();
+    void connectSizesAlong(Axis axis);
+
+    // Sizes.
+    LineSizes& sizesOf(Axis axis) { return axis == Axis::Rows ? *rowSizes : *colSizes; }
+    QHeaderView* headerOf(Axis axis) const { return axis == Axis::Rows ? verticalHeader() : horizontalHeader(); }
+    int maximumSize(Axis axis) const { return axis == Axis::Rows ? maximumRowHeight : maximumColumnWidth; }
+    int defaultSize(Axis axis) const { return axis == Axis::Rows ? defaultRowHeight : defaultColumnWidth; }
+    void setDefaultSize(Axis axis, int size);
+    void resizeLines(Axis axis, std::vector<int> const& lines, std::vector<int> const& sizes);
+    void resizeSelectedLines(Axis axis, int size);
+    void makeRoom(Axis axis, std::vector<int> positions);
+    void enforceEmptySizes(Axis axis);
+    void enforceEmptySize(Axis axis, int line);
+    bool isEmptyLine(Axis axis, int line) const;
+    void fitRow(RowFit const& fit, int row);
+    int headerRowsWidth(int col);
+    void resizeTogether(std::function<void()> const& resize);
+    void setupAnimations();
+    LineAnimation& animationOf(Axis axis) { return axis == Axis::Rows ? *rowResizeAnimation : *colResizeAnimation; }
+    /// Lines that still collapse are gone when the table is changed next.
+    void finishAnimations();
+    void insertLines(Axis axis, std::vector<int> lines);
+    void hideRows(std::vector<int>& rows);
+    void hideCols(std::vector<int>& cols);
+    void performRemoveRows();
+    void performRemoveCols();
+    void applyFont();
+    bool askToDisableAutoFit(QString const& text);
+
+    void startBackgroundLoad();
+    void refreshHeaders();
+    void applyGlobalSettings();
+    void applyTableSettings();
 
     // Editing.
     void connectEditing();
@@ -219,13 +367,13 @@ private:
     void selectWholeLines(Axis axis, int start);
     void selectToEdge(Direction direction);
     void setMultiCellSelection(Range const& mainCell, RangeVector const& ranges);
-    void removeLines(Axis axis, std::vector<int> lines);
     void placeCornerButton();
     void onScrollBarValueChanged();
     void onWheelSnapTimerStopped();
 
     QUndoStack stack;
     std::array<FrozenTableView*, 3> frozenViews() const;
+    std::array<AbstractTableView*, 4> allViews();
     FrozenTableView* horizontalFrozenView = nullptr;
     FrozenTableView* verticalFrozenView = nullptr;
     FrozenTableView* cornerFrozenView = nullptr;
@@ -233,10 +381,33 @@ private:
     ScrollAreaBottomRightCornerWidget* bottomRightCorner = nullptr;
     QTimer wheelSnapTimer;
     std::optional<CellEdit> pendingEdit;
+    LineSizes* rowSizes = nullptr;
+    LineSizes* colSizes = nullptr;
+    LineAnimation* rowResizeAnimation = nullptr;
+    LineAnimation* colResizeAnimation = nullptr;
+    std::vector<int> rowsToRemove; ///< those that collapse
+    std::vector<int> colsToRemove;
+    MeasuringTable measuringTable{1};
+    MeasuringTable columnSampleTable{int(ColumnSample::most)};
+    static inline bool suppressAutoFitWarnings = false;
+    int defaultRowHeight = 24;
+    int defaultColumnWidth = 80;
+    int maximumRowHeight = 400;
+    int maximumColumnWidth = 800;
+    bool autoFitRowHeight = false;
+    bool autoFitColWidth = false;
+    int resizeContentsPrecision = 500;
+    int autoFitColumnCountdown = -1; ///< -1 for none
+    QFont tableFont;
+    int textSize = 12; ///< pixels
+    int averageCharWidth = 0;
+    int averageBoldCharWidth = 0;
     bool largeCellCursorAtFront = false;
     bool inLargeCellPrompt = false;
     bool autoSaveFailed = false;
     bool readOnly = false;
+    Settings settings;
+    bool hasSettings = false;
     bool snapToRowAfterScrolling = true;
     bool snapToColumnAfterScrolling = true;
     bool freezeHeaderRows = false;

@@ -4,8 +4,8 @@
 
 namespace {
 
-/// The view is told of every single place as long as that is cheap, so that it keeps the sizes of its lines. More
-/// places are changed in one pass over the data, and the grid grows or shrinks at its end.
+/// The grid is changed at every single place as long as that is cheap. More places are changed in one pass over the
+/// data, and the grid grows or shrinks at its end.
 constexpr std::size_t mostSinglePlaces = 64;
 
 } // namespace
@@ -38,17 +38,31 @@ bool LineInsertion::isFew() const {
     return places.size() <= mostSinglePlaces;
 }
 
+LineGaps LineInsertion::gaps() const {
+    LineGaps::Runs runs;
+    for (std::size_t place = 0; place < places.size(); ++place)
+        runs.emplace_back(newLines[place], newLines[place] + places[place].count - 1);
+    return LineGaps(std::move(runs));
+}
+
 void LineInsertion::insert() {
-    if (!isFew())
-        return model.getTableData().putBack(lines);
+    if (!isFew()) {
+        model.getTableData().putBack(lines);
+        model.enforceTableSize();
+        LineMove move{axis, [gaps = gaps()](int line) { return gaps.with(line); }, nullptr};
+        return model.moveSizes(move);
+    }
     ModelAxis lines(model, axis);
     for (auto place = places.rbegin(); place != places.rend(); ++place)
         lines.insert(place->line, place->count);
 }
 
 void LineInsertion::remove() {
-    if (!isFew())
-        return model.getTableData().take(lines);
+    if (!isFew()) {
+        model.getTableData().take(lines);
+        LineMove move{axis, [gaps = gaps()](int line) { return gaps.without(line); }, nullptr};
+        return model.moveSizes(move);
+    }
     ModelAxis lines(model, axis);
     for (std::size_t place = places.size(); place-- > 0;)
         lines.remove(newLines[place], places[place].count);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
+#include "model/undo/LineGaps.h"
 #include "storage/TakenLines.h"
 
 #include <vector>
@@ -27,6 +28,7 @@ public:
 private:
     TakenLines::Blocks rawBlocks() const;
     bool isFew() const;
+    LineGaps gaps() const;
 
     TableModel& model;
     Axis axis;

@@ -29,6 +29,7 @@ protected:
 
 private:
     RangeVector movedCells() const;
+    void moveSizes(bool back);
     void scrollAlong(bool towardsStart, RangeVector const& ranges);
 
     std::vector<Step> steps;

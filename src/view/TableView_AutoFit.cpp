@@ -1,0 +1,260 @@
+// Auto-fit: the sizes that rows and columns get from their contents. A fit looks at a sample of the cells and at few of
+// their texts closely, so that it stays cheap in a table of millions of rows.
+
+#include "model/TableModel.h"
+#include "view/ColumnSample.h"
+#include "view/MsgBox.h"
+#include "view/RowFit.h"
+#include "view/SampledLines.h"
+#include "view/TableDelegate.h"
+#include "view/TableView.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QPushButton>
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+/// For the fit of single columns after an edit.
+constexpr int editPrecision = 50;
+
+} // namespace
+
+// Rows.
+
+int TableView::calculateAutoFitRowHeight(int row) const {
+    return calculateAutoFitRowHeight(row, verticalHeader()->resizeContentsPrecision());
+}
+
+int TableView::calculateAutoFitRowHeight(int row, int precision) const {
+    return RowFit(*this, tableFont, numHeaderCols, tableModel()->columnCountModel(), precision, maximumRowHeight)
+        .heightOf(row);
+}
+
+void TableView::fitRow(RowFit const& fit, int row) {
+    int const height = fit.heightOf(row);
+    // The bounds are kept here and not by a second and third resizing, each of which would tell the views anew.
+    int const wanted = std::max(height > 0 ? height : rowHeight(row), defaultRowHeight);
+    setRowHeight(row, std::min(wanted, maximumRowHeight));
+}
+
+void TableView::enforceAutoFitRowHeight(bool scroll) {
+    if (autoFitRowHeight) {
+        std::vector<int> rows(std::size_t(tableModel()->rowCountModel()));
+        std::iota(rows.begin(), rows.end(), 0);
+        enforceAutoFitRowHeights(rows);
+    }
+    resizeTogether([this] {
+        enforceMinimumRowHeight();
+        enforceEmptyRowHeight();
+        enforceMaximumRowHeight();
+    });
+    if (scroll)
+        scrollToMainCell(true, false);
+}
+
+void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
+    if (!autoFitRowHeight && rowSizes->areDefault() && defaultRowHeight <= maximumRowHeight)
+        return;
+    resizeTogether([&] {
+        if (autoFitRowHeight) {
+            RowFit const fit(*this, tableFont, numHeaderCols, tableModel()->columnCountModel(),
+                             verticalHeader()->resizeContentsPrecision(), maximumRowHeight);
+            int const count = tableModel()->rowCountModel();
+            for (int const row : rows) {
+                if (row >= 0 && row < count)
+                    fitRow(fit, row);
+            }
+        }
+        for (int const row : rows) {
+            enforceMinimumRowHeight(row);
+            enforceEmptyRowHeight(row);
+            enforceMaximumRowHeight(row);
+        }
+    });
+}
+
+void TableView::setAutoFitRowHeight(bool on, bool emitChange) {
+    autoFitRowHeight = on;
+    for (AbstractTableView* const view : allViews())
+        view->setWordWrap(on);
+    enforceAutoFitRowHeight(true);
+    if (emitChange)
+        emit fileMetadataChangedSignal();
+}
+
+// Columns.
+
+int TableView::estimateMaxWidthForColumnMainTable(int col, int precision, int defaultWidth, int maxWidth,
+                                                  bool& allEmpty) {
+    allEmpty = true;
+    TableModel const& model = *tableModel();
+    ColumnSample sample(averageCharWidth, maxWidth);
+    for (int const row : SampledLines(numHeaderRows, model.rowCountModel(), precision)) {
+        if (!sample.add(model.index(row, col).data().toString()))
+            return maxWidth;
+    }
+    allEmpty = sample.isEmpty();
+    int const width = allEmpty && defaultWidth >= 0 ? defaultWidth : columnSampleTable.widthOf(sample.texts());
+    return maxWidth >= 0 ? std::min(width, maxWidth) : width;
+}
+
+/// The width that the header rows ask for. They are measured as the band of header rows shows them, by the cells' own
+/// font, which is bold where headers are highlighted.
+int TableView::headerRowsWidth(int col) {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    int width = 0;
+    for (int const row : SampledLines(0, std::min(numHeaderRows, tableModel()->rowCountModel()), editPrecision)) {
+        QModelIndex const cell = tableModel()->index(row, col);
+        QString const text = cell.data().toString();
+        if (text.isEmpty())
+            continue;
+        if (qint64(averageBoldCharWidth) * text.size() > maximumColumnWidth)
+            return maximumColumnWidth;
+        width = std::max(width, itemDelegate()->sizeHint(option, cell).width() + (showGrid() ? 1 : 0));
+    }
+    return width;
+}
+
+void TableView::resizeColumnToContents(int col, int precision) {
+    bool allEmpty = false;
+    int const width =
+        col < tableModel()->columnCountModel()
+            ? estimateMaxWidthForColumnMainTable(col, precision, defaultColumnWidth, maximumColumnWidth, allEmpty)
+            : defaultColumnWidth;
+    setColumnWidth(col, std::min(std::max(width, headerRowsWidth(col)), maximumColumnWidth));
+}
+
+void TableView::resizeColumnsToContents() {
+    resizeTogether([this] {
+        int const precision = horizontalHeader()->resizeContentsPrecision();
+        for (int col = 0; col < horizontalHeader()->count(); ++col)
+            resizeColumnToContents(col, precision);
+    });
+}
+
+void TableView::enforceAutoFitColWidth(bool scroll) {
+    if (autoFitColumnCountdown == 0)
+        return;
+    if (autoFitColumnCountdown > 0)
+        --autoFitColumnCountdown;
+    if (!autoFitColWidth)
+        return;
+    resizeColumnsToContents();
+    if (scroll)
+        scrollToMainCell(true, false);
+}
+
+void TableView::enforceAutoFitColWidths(std::vector<int> const& cols) {
+    if (!autoFitColWidth)
+        return;
+    resizeTogether([&] {
+        for (int const col : cols)
+            resizeColumnToContents(col, editPrecision);
+    });
+}
+
+void TableView::setAutoFitColWidth(bool on, bool emitChange) {
+    autoFitColWidth = on;
+    enforceAutoFitColWidth(true);
+    if (emitChange)
+        emit fileMetadataChangedSignal();
+}
+
+// What a fit is judged by.
+
+void TableView::setResizeContentsPrecision(int precision) {
+    resizeContentsPrecision = precision;
+    horizontalHeader()->setResizeContentsPrecision(precision);
+    verticalHeader()->setResizeContentsPrecision(precision);
+}
+
+void TableView::setFont(QFont const& font) {
+    tableFont = font;
+    applyFont();
+}
+
+void TableView::setTextSize(int size) {
+    textSize = size;
+    applyFont();
+}
+
+void TableView::applyFont() {
+    tableFont.setPixelSize(textSize);
+    tableModel()->setFont(tableFont);
+    tableModel()->setTextSize(textSize);
+    for (AbstractTableView const* const view : allViews()) {
+        view->tableDelegate()->setFont(tableFont);
+        view->tableDelegate()->setTextSize(textSize);
+    }
+    constexpr double widerThanAverage = 1.1;
+    QFont bold = tableFont;
+    bold.setWeight(QFont::Bold);
+    averageCharWidth = int(QFontMetrics(tableFont).averageCharWidth() * widerThanAverage);
+    averageBoldCharWidth = int(QFontMetrics(bold).averageCharWidth() * widerThanAverage);
+    measuringTable.setFont(tableFont);
+    columnSampleTable.setFont(tableFont);
+    refreshView();
+    enforceAutoFitRowHeight(true);
+    enforceAutoFitColWidth(true);
+}
+
+// The warning.
+
+void TableView::warnAutoFitIfLargeFile() {
+    constexpr int many = 10000;
+    int const rowCount = tableModel()->rowCountModel();
+    int const colCount = tableModel()->columnCountModel();
+    bool const rows = autoFitRowHeight && rowCount > many;
+    bool const cols = autoFitColWidth && colCount > many;
+    if (suppressAutoFitWarnings || (!rows && !cols))
+        return;
+    QString text;
+    if (rows && cols)
+        text = tr("This file has a lot of rows (%1) and columns (%2).\n"
+                  "Auto-Fit Row Height and Auto-Fit Column Width are enabled, so loading will take a while.\n"
+                  "Would you like to disable them?")
+                   .arg(rowCount)
+                   .arg(colCount);
+    else if (rows)
+        text = tr("This file has a lot of rows (%1).\n"
+                  "Auto-Fit Row Height is enabled, so loading will take a while.\n"
+                  "Would you like to disable Auto-Fit Row Height?")
+                   .arg(rowCount);
+    else
+        text = tr("This file has a lot of columns (%1).\n"
+                  "Auto-Fit Column Width is enabled, so loading will take a while.\n"
+                  "Would you like to disable Auto-Fit Column Width?")
+                   .arg(colCount);
+    if (!askToDisableAutoFit(text))
+        return;
+    if (rows)
+        setAutoFitRowHeight(false, true);
+    if (cols)
+        setAutoFitColWidth(false, true);
+}
+
+bool TableView::askToDisableAutoFit(QString const& text) {
+    constexpr int besideLabel = 20;
+    MsgBox box(window());
+    box.setTheme(tableModel()->getTheme());
+    box.setText(text);
+    QPushButton* const disable = box.addButton(tr("&Disable Auto-Fit"), QMessageBox::AcceptRole);
+    QPushButton* const keep = box.addButton(tr("&Keep Auto-Fit"), QMessageBox::RejectRole);
+    for (QPushButton* const button : {disable, keep})
+        button->setFixedWidth(button->fontMetrics().horizontalAdvance(button->text()) + besideLabel);
+    box.setDefaultButton(disable);
+    auto* const dontAsk = new QCheckBox(tr("Don't ask me again"), &box);
+    box.setCheckBox(dontAsk);
+    box.conditionButtons();
+    box.exec();
+    if (dontAsk->isChecked()) {
+        suppressAutoFitWarnings = true;
+        emit suppressAutoFitWarningsChangedSignal(true);
+    }
+    return box.clickedButton() == disable;
+}

@@ -1,0 +1,267 @@
+// The sizes of rows and columns: defaults, bounds and what is set by hand.
+
+#include "model/TableModel.h"
+#include "view/FrozenTableView.h"
+#include "view/TableResizing.h"
+#include "view/TableView.h"
+
+#include <QHeaderView>
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+/// What a model asks along one axis.
+struct SizeSignals {
+    using OfLines = void (TableModel::*)(std::vector<int>);
+    using OfRun = void (TableModel::*)(int, int);
+
+    OfLines insertLines;
+    OfRun insertRun;
+    OfLines removeLines;
+    OfRun removeRun;
+    OfRun resizeLine;
+    void (TableModel::*resizeLines)(std::vector<int>, int);
+    OfLines beforeInsert;
+    void (TableModel::*fitLine)(int);
+    OfLines fitLines;
+};
+
+SizeSignals const& signalsOf(Axis axis) {
+    static SizeSignals const rows{&TableModel::insertRowsGuiSignal,
+                                  &TableModel::insertRowsGuiSignal,
+                                  &TableModel::removeRowsGuiSignal,
+                                  &TableModel::removeRowsGuiSignal,
+                                  &TableModel::resizeRowSignal,
+                                  &TableModel::resizeRowsSignal,
+                                  &TableModel::resizeRowsBeforeInsertSignal,
+                                  &TableModel::enforceAutoFitRowHeightSignal,
+                                  &TableModel::enforceAutoFitRowHeightsSignal};
+    static SizeSignals const cols{&TableModel::insertColsGuiSignal,
+                                  &TableModel::insertColsGuiSignal,
+                                  &TableModel::removeColsGuiSignal,
+                                  &TableModel::removeColsGuiSignal,
+                                  &TableModel::resizeColSignal,
+                                  &TableModel::resizeColsSignal,
+                                  &TableModel::resizeColsBeforeInsertSignal,
+                                  &TableModel::enforceAutoFitColWidthSignal,
+                                  &TableModel::enforceAutoFitColWidthsSignal};
+    return axis == Axis::Rows ? rows : cols;
+}
+
+std::vector<int> convertRowAndCountToVector(int line, int count) {
+    std::vector<int> lines(std::size_t(std::max(count, 0)));
+    std::iota(lines.begin(), lines.end(), line);
+    return lines;
+}
+
+} // namespace
+
+void TableView::connectSizesAlong(Axis axis) {
+    TableModel const* const model = tableModel();
+    SizeSignals const& asked = signalsOf(axis);
+    bool const rows = axis == Axis::Rows;
+    auto const remove = [this, rows](std::vector<int> const& lines) {
+        rows ? removeRowsSlot(lines) : removeColsSlot(lines);
+    };
+    auto const fit = [this, rows](std::vector<int> const& lines) {
+        rows ? enforceAutoFitRowHeights(lines) : enforceAutoFitColWidths(lines);
+    };
+    connect(model, asked.insertLines, this, [this, axis](std::vector<int> const& lines) { insertLines(axis, lines); });
+    connect(model, asked.insertRun, this,
+            [this, axis](int line, int count) { insertLines(axis, convertRowAndCountToVector(line, count)); });
+    connect(model, asked.removeLines, this, remove);
+    connect(model, asked.removeRun, this,
+            [remove](int line, int count) { remove(convertRowAndCountToVector(line, count)); });
+    connect(model, asked.resizeLine, this, [this, axis](int line, int size) { resizeLines(axis, {line}, {size}); });
+    connect(model, asked.resizeLines, this, [this, axis](std::vector<int> const& lines, int size) {
+        resizeLines(axis, lines, std::vector<int>(lines.size(), size));
+    });
+    connect(model, asked.beforeInsert, this, [this, axis](std::vector<int> const& lines) { makeRoom(axis, lines); });
+    connect(model, &TableModel::linesMovedSignal, this, [this, axis](LineMove const& move) {
+        if (move.axis == axis)
+            resizeTogether([&] { sizesOf(axis).move(move); });
+    });
+    connect(model, asked.fitLine, this, [fit](int line) { fit({line}); });
+    connect(model, asked.fitLines, this, fit);
+}
+
+/// Each line that changes its size would otherwise have the table laid out and painted anew.
+void TableView::resizeTogether(std::function<void()> const& resize) {
+    {
+        TableResizing const resizing(*this);
+        resize();
+    }
+    updateGeometries();
+}
+
+// Defaults and bounds.
+
+void TableView::setDefaultRowHeight(int height) {
+    setDefaultSize(Axis::Rows, height);
+}
+
+void TableView::setDefaultColumnWidth(int width) {
+    setDefaultSize(Axis::Columns, width);
+}
+
+void TableView::setDefaultSize(Axis axis, int size) {
+    (axis == Axis::Rows ? defaultRowHeight : defaultColumnWidth) = size;
+    sizesOf(axis).setDefault(size);
+    for (FrozenTableView const* const view : frozenViews()) {
+        QHeaderView* const header = axis == Axis::Rows ? view->verticalHeader() : view->horizontalHeader();
+        QSignalBlocker const blocker(header);
+        header->setDefaultSectionSize(size);
+    }
+    updateGeometries();
+    if (axis == Axis::Rows)
+        enforceAutoFitRowHeight(true);
+    else
+        enforceAutoFitColWidth(true);
+    refreshView();
+}
+
+void TableView::setMaximumRowHeight(int height, bool emitChange) {
+    maximumRowHeight = height;
+    enforceAutoFitRowHeight(true);
+    if (emitChange)
+        emit fileMetadataChangedSignal();
+}
+
+void TableView::setMaximumColumnWidth(int width, bool emitChange) {
+    maximumColumnWidth = width;
+    enforceAutoFitColWidth(true);
+    if (emitChange)
+        emit fileMetadataChangedSignal();
+}
+
+void TableView::enforceMinimumRowHeight() {
+    rowSizes->raiseAll(defaultRowHeight);
+}
+
+void TableView::enforceMinimumRowHeight(int row) {
+    rowSizes->raise(row, defaultRowHeight);
+}
+
+void TableView::enforceMaximumRowHeight() {
+    rowSizes->cutAll(maximumRowHeight);
+}
+
+void TableView::enforceMaximumRowHeight(int row) {
+    rowSizes->cut(row, maximumRowHeight);
+}
+
+void TableView::enforceMaximumColumnWidth() {
+    colSizes->cutAll(maximumColumnWidth);
+}
+
+void TableView::enforceMaximumColumnWidth(int col) {
+    colSizes->cut(col, maximumColumnWidth);
+}
+
+void TableView::enforceEmptyRowHeight() {
+    enforceEmptySizes(Axis::Rows);
+}
+
+void TableView::enforceEmptyRowHeight(int row) {
+    enforceEmptySize(Axis::Rows, row);
+}
+
+void TableView::enforceEmptyColumnWidth() {
+    enforceEmptySizes(Axis::Columns);
+}
+
+void TableView::enforceEmptyColumnWidth(int col) {
+    enforceEmptySize(Axis::Columns, col);
+}
+
+void TableView::enforceEmptySizes(Axis axis) {
+    if (sizesOf(axis).areDefault())
+        return;
+    QHeaderView* const header = headerOf(axis);
+    int const dataCount = axis == Axis::Rows ? tableModel()->rowCountModel() : tableModel()->columnCountModel();
+    for (int line = 0; line < std::min(dataCount, header->count()); ++line)
+        enforceEmptySize(axis, line);
+    for (int line = dataCount; line < header->count(); ++line)
+        header->resizeSection(line, defaultSize(axis));
+}
+
+void TableView::enforceEmptySize(Axis axis, int line) {
+    QHeaderView* const header = headerOf(axis);
+    int const dataCount = axis == Axis::Rows ? tableModel()->rowCountModel() : tableModel()->columnCountModel();
+    bool const vanished = line < dataCount && header->sectionSize(line) <= header->minimumSectionSize() &&
+                          header->sectionSize(line) != defaultSize(axis);
+    if (vanished && isEmptyLine(axis, line))
+        header->resizeSection(line, defaultSize(axis));
+}
+
+bool TableView::isEmptyLine(Axis axis, int line) const {
+    TableModel const& model = *tableModel();
+    int const length = axis == Axis::Rows ? model.columnCountModel() : model.rowCountModel();
+    for (int at = 0; at < length; ++at) {
+        QModelIndex const cell = axis == Axis::Rows ? model.index(line, at) : model.index(at, line);
+        if (!cell.data().toString().isEmpty())
+            return false;
+    }
+    return true;
+}
+
+// Sizes that are given.
+
+void TableView::setRowHeights(int height) {
+    resizeSelectedLines(Axis::Rows, height);
+}
+
+void TableView::setColWidths(int width) {
+    resizeSelectedLines(Axis::Columns, width);
+}
+
+void TableView::resizeSelectedLines(Axis axis, int size) {
+    std::vector<int> lines;
+    if (axis == Axis::Rows)
+        tableModel()->getOrderedSetOfSelectedRows(lines, RangeIndexType::Model, false);
+    else
+        tableModel()->getOrderedSetOfSelectedCols(lines, RangeIndexType::Model, false);
+    resizeTogether([&] {
+        for (int const line : lines)
+            headerOf(axis)->resizeSection(line, size);
+    });
+}
+
+void TableView::resizeRows(std::vector<int> const& rows, std::vector<int> const& heights) {
+    resizeLines(Axis::Rows, rows, heights);
+}
+
+void TableView::resizeCols(std::vector<int> const& cols, std::vector<int> const& widths) {
+    resizeLines(Axis::Columns, cols, widths);
+}
+
+void TableView::resizeLines(Axis axis, std::vector<int> const& lines, std::vector<int> const& sizes) {
+    resizeTogether([&] {
+        for (std::size_t at = 0; at < std::min(lines.size(), sizes.size()); ++at)
+            headerOf(axis)->resizeSection(lines[at], std::min(sizes[at], maximumSize(axis)));
+    });
+}
+
+// Sizes across an insertion that the headers do not see.
+
+void TableView::resizeRowsBeforeInsert(std::vector<int> positions) {
+    makeRoom(Axis::Rows, std::move(positions));
+}
+
+void TableView::resizeColsBeforeInsert(std::vector<int> positions) {
+    makeRoom(Axis::Columns, std::move(positions));
+}
+
+void TableView::resizeColsAfterInsert(std::vector<int> positions) {
+    std::sort(positions.begin(), positions.end());
+    makeRoom(Axis::Columns, std::move(positions));
+}
+
+void TableView::makeRoom(Axis axis, std::vector<int> positions) {
+    for (std::size_t inserted = 0; inserted < positions.size(); ++inserted)
+        positions[inserted] += int(inserted);
+    resizeTogether([&] { sizesOf(axis).makeRoom(positions); });
+}
