@@ -86,6 +86,7 @@ void MainWindow::buildWidgets() {
     connect(&statistics, &SelectionStatistics::finishedSignal, this,
             [this](QString const& text) { labelBar->setText(StatusBar::Label::Stats, text); });
     connect(paneView, &PaneView::tableLoadedSignal, this, &MainWindow::onTableLoaded);
+    setupLauncher();
 }
 
 void MainWindow::setActiveTable(TableView* table) {
@@ -113,6 +114,7 @@ Context MainWindow::contextOfTable(TableView const* table) const {
         bits |= table->getFilepath().isEmpty() ? Context::None : Context::FileOnDisk;
     }
     bits |= table->isReadOnly() ? Context::ReadOnly : Context::None;
+    bits |= table->tableModel()->hasHiddenLines() ? Context::HiddenPresent : Context::None;
     bits |= table->tableModel()->isSelectionMultiCell() ? Context::MultiCellSelection : Context::None;
     return bits;
 }

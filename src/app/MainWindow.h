@@ -2,12 +2,15 @@
 
 #include "app/StatusBar.h"
 #include "app/UnbuiltCommands.h"
+#include "app/launcher/PromptStep.h"
 #include "appearance/Theme.h"
 #include "commands/Commands.h"
 #include "commands/Settings.h"
 #include "core/Context.h"
 #include "core/ExtensionData.h"
 #include "core/RangeSize.h"
+#include "model/CellShift.h"
+#include "model/CellTexts.h"
 #include "model/SelectionStatistics.h"
 #include "view/ContextMenuEntries.h"
 
@@ -21,7 +24,9 @@ class FindResultsWidget;
 class PaneView;
 class PreferenceWatcher;
 class SideBar;
+class PromptChain;
 class TabBar;
+class TableModel;
 class TableView;
 class QMenu;
 class QScrollArea;
@@ -68,6 +73,10 @@ public:
     PaneView* getPaneView() const { return paneView; }
     StatusBar* getStatusBar() const { return labelBar; }
     Theme const& getTheme() const override { return theme; }
+    /// Where the questions of commands are put.
+    PromptChain* getPrompts() const { return prompts; }
+    /// Begins a new chain of questions with `step`.
+    void ask(PromptStep step);
     /// Carries the command of that name out, if it is live.
     void runCommand(QString const& name);
 
@@ -186,6 +195,95 @@ public slots:
     void commandEditFileExtensionOptions();
     void commandOpenPreferenceFileFolder();
 
+    // The launcher (MainWindow_Launcher.cpp).
+    void commandCommandLauncher();
+    void commandGoToFile();
+    void onDelimiterOptionsPrompt();
+    void onEncodingOptionsPrompt();
+    void onLineEndingOptionsPrompt();
+    void onFiltersOptionsPrompt();
+    void onFileModeOptionsPrompt();
+    void onTableDimensionsOptionsPrompt();
+    /// Ends the open chain of questions without an answer.
+    void closeLauncher();
+
+    // Texts and single cells of the active table (MainWindow_Cells.cpp).
+    void commandUpperCase();
+    void commandLowerCase();
+    void commandTitleCase();
+    void commandUpperCamelCase();
+    void commandLowerCamelCase();
+    void commandUpperSnakeCase();
+    void commandLowerSnakeCase();
+    void commandConvertToAcronym();
+    void commandTrimSelectedCells();
+    void commandRemoveLeadingZeros();
+    void commandFillSelectedCellsWithUuidGuid();
+    void commandCopyMainCellContentsToAllSelectedCells();
+    void commandTransposeSelectedCells();
+    void commandInsertCellsMoveRestOfRowRight();
+    void commandInsertCellsMoveRestOfColumnDown();
+    void commandRemoveSelectedCellsMoveRestOfRowLeft();
+    void commandRemoveSelectedCellsMoveRestOfColumnUp();
+    void commandRemoveSelectedCellsAndTheRestOfTheirRows();
+    void commandRemoveSelectedCellsAndTheRestOfTheirColumns();
+    void commandDuplicateSelectedCellContentsUp();
+    void commandDuplicateSelectedCellContentsDown();
+    void commandDuplicateSelectedCellContentsLeft();
+    void commandDuplicateSelectedCellContentsRight();
+
+    // Whole rows and columns of the active table (MainWindow_Lines.cpp).
+    void commandRemoveDuplicateRows();
+    void commandRemoveDuplicateColumns();
+    void commandRemoveDuplicateRowsBasedOnSelectedColumnsOnly();
+    void commandRemoveDuplicateColumnsBasedOnSelectedRowsOnly();
+    void commandSelectDuplicateRows();
+    void commandSelectDuplicateColumns();
+    void commandSelectDuplicateRowsBasedOnSelectedColumnsOnly();
+    void commandSelectDuplicateColumnsBasedOnSelectedRowsOnly();
+    void commandRemoveEmptyRows();
+    void commandRemoveEmptyColumns();
+    void commandRemoveEmptyRowsBasedOnSelectedColumnsOnly();
+    void commandRemoveEmptyColumnsBasedOnSelectedRowsOnly();
+    void commandRemoveExtraneousRowsAndColumns();
+
+    // Hiding in the active table (MainWindow_Hide.cpp).
+    void commandHideSelectedRows();
+    void commandHideSelectedColumns();
+    void commandHideAllButSelectedRows();
+    void commandHideAllButSelectedColumns();
+    void commandHideEmptyRows();
+    void commandHideEmptyColumns();
+    void commandShowAllHiddenRows();
+    void commandShowAllHiddenColumns();
+    void commandShowHiddenRowsInSelection();
+    void commandShowHiddenColumnsInSelection();
+    void commandShowEmptyRows();
+    void commandShowEmptyColumns();
+    void commandRemoveAllFilteredOutAndHiddenData();
+
+    // Where the file is (MainWindow_Clipboard.cpp).
+    void commandCopyFilePathToClipboard();
+    void commandCopyFolderPathToClipboard();
+    void commandCopyFileNameToClipboard();
+
+    // Tabs and scrolling (MainWindow_Tabs.cpp).
+    void commandCloseAllFilesExceptCurrent();
+    void commandSwitchToTab1();
+    void commandSwitchToTab2();
+    void commandSwitchToTab3();
+    void commandSwitchToTab4();
+    void commandSwitchToTab5();
+    void commandSwitchToTab6();
+    void commandSwitchToTab7();
+    void commandSwitchToTab8();
+    void commandSwitchToTab9();
+    void commandSwitchToTab10();
+    void commandScrollToTop();
+    void commandScrollToBottom();
+    void commandScrollToFarLeft();
+    void commandScrollToFarRight();
+
 signals:
     void mainWindowClosedSignal();
     void mainWindowFocusChangedSignal();
@@ -195,11 +293,13 @@ signals:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     void buildWidgets();
+    void setupLauncher();
     void setupMenus();
     /// Reads the three preference files and watches them from now on.
     void loadPreferences();
@@ -234,12 +334,38 @@ private:
     template <class Command, class... Arguments>
     void push(Arguments... arguments);
     void selectAlong(Direction direction, bool toBlockEdge);
+
+    // What commands on cells and lines share.
+
+    /// The active table's model, after an open edit has ended.
+    TableModel* settledModel();
+    /// Writes the cells by a command; none if there are no changes.
+    void writeCells(CellPatch patch);
+    void changeSelectedTexts(TextChange const& change);
+    void shiftSelectedCells(Axis axis, CellShift shift);
+    void duplicateSelectedContents(Direction direction);
+    enum class Basis { WholeLines, SelectedCellsOnly };
+    std::vector<int> duplicateLines(Axis axis, Basis basis);
+    void removeLines(Axis axis, std::vector<int> const& modelLines);
+    void selectLines(Axis axis, std::vector<int> const& modelLines);
+    void removeEmptyLines(Axis axis, Basis basis);
+    void applyHidden(Axis axis, std::vector<int> const& hidden);
+    void switchToExistingTab(int index);
+
     void switchToTab(int index);
     bool saveTo(TableView* table, QString const& path);
     bool isUntouchedEmptyTable(TableView const* table) const;
     void onTableLoaded(TableView* table);
     /// Warns of a table that may lack the end of its file.
     void tellIfNotReadWhole(TableView const* table);
+
+    void onCommandLauncher();
+    void onCommandLauncherResponseReceived(QString const& response);
+    /// Offers the commands of those names that are live.
+    void askForCommand(QString const& title, QStringList const& names);
+    OptionData optionOf(Command const& command) const;
+    /// The value of the command's setting in the launcher's words; empty for a command without one.
+    QString settingPill(Command const& command) const;
 
     void updateWindowTitle();
     void updateStatusBar();
@@ -258,6 +384,7 @@ private:
     Commands commands;
     CommandActions actions;                                       ///< of the commands, by their names
     Context context = Context::TableActive | Context::Navigating; ///< the state by which commands are live
+    PromptChain* prompts = nullptr;
     TabBar* tabBar = nullptr;
     SideBar* sideBar = nullptr;
     FindReplaceWidget* findReplaceWidget = nullptr;

@@ -40,9 +40,6 @@ public slots:
     void commandSetLineEndingForFileSave() { tellNotBuilt(); }
     void commandSetEncodingForFileSave() { tellNotBuilt(); }
     void commandSetParsingStandardForFileSave() { tellNotBuilt(); }
-    void commandCopyFilePathToClipboard() { tellNotBuilt(); }
-    void commandCopyFolderPathToClipboard() { tellNotBuilt(); }
-    void commandCopyFileNameToClipboard() { tellNotBuilt(); }
     void commandCutCells() { tellNotBuilt(); }
     void commandCopyCells() { tellNotBuilt(); }
     void commandCopyCellsWithHeader() { tellNotBuilt(); }
@@ -57,38 +54,13 @@ public slots:
     void commandMoveColumnsToTheLeftOfColumn() { tellNotBuilt(); }
     void commandInsertRowsBeforeMultipleTimes() { tellNotBuilt(); }
     void commandInsertColumnsBeforeMultipleTimes() { tellNotBuilt(); }
-    void commandInsertCellsMoveRestOfRowRight() { tellNotBuilt(); }
-    void commandInsertCellsMoveRestOfColumnDown() { tellNotBuilt(); }
-    void commandTransposeSelectedCells() { tellNotBuilt(); }
-    void commandUpperCase() { tellNotBuilt(); }
-    void commandLowerCase() { tellNotBuilt(); }
-    void commandTitleCase() { tellNotBuilt(); }
-    void commandUpperCamelCase() { tellNotBuilt(); }
-    void commandLowerCamelCase() { tellNotBuilt(); }
-    void commandUpperSnakeCase() { tellNotBuilt(); }
-    void commandLowerSnakeCase() { tellNotBuilt(); }
-    void commandConvertToAcronym() { tellNotBuilt(); }
     void commandConvertDateTimeFormat() { tellNotBuilt(); }
     void commandConvertNumberFormat() { tellNotBuilt(); }
     void commandPlaceCurrentDateTimeStampNowInSelectedCells() { tellNotBuilt(); }
     void commandZeroFillWholeNumbers() { tellNotBuilt(); }
-    void commandRemoveLeadingZeros() { tellNotBuilt(); }
     void commandRandomIntegersInSelectedCells() { tellNotBuilt(); }
     void commandRandomDecimalsFloatsInSelectedCells() { tellNotBuilt(); }
     void commandSetNumberOfDecimals() { tellNotBuilt(); }
-    void commandRemoveDuplicateRows() { tellNotBuilt(); }
-    void commandRemoveDuplicateColumns() { tellNotBuilt(); }
-    void commandRemoveDuplicateRowsBasedOnSelectedColumnsOnly() { tellNotBuilt(); }
-    void commandRemoveDuplicateColumnsBasedOnSelectedRowsOnly() { tellNotBuilt(); }
-    void commandRemoveEmptyRows() { tellNotBuilt(); }
-    void commandRemoveEmptyColumns() { tellNotBuilt(); }
-    void commandRemoveEmptyRowsBasedOnSelectedColumnsOnly() { tellNotBuilt(); }
-    void commandRemoveEmptyColumnsBasedOnSelectedRowsOnly() { tellNotBuilt(); }
-    void commandRemoveSelectedCellsMoveRestOfRowLeft() { tellNotBuilt(); }
-    void commandRemoveSelectedCellsMoveRestOfColumnUp() { tellNotBuilt(); }
-    void commandRemoveSelectedCellsAndTheRestOfTheirRows() { tellNotBuilt(); }
-    void commandRemoveSelectedCellsAndTheRestOfTheirColumns() { tellNotBuilt(); }
-    void commandRemoveAllFilteredOutAndHiddenData() { tellNotBuilt(); }
     void commandSortSelectedColumnAscending() { tellNotBuilt(); }
     void commandSortSelectedColumnDescending() { tellNotBuilt(); }
     void commandSortSelectedRowAscending() { tellNotBuilt(); }
@@ -99,13 +71,8 @@ public slots:
     void commandSortSelectedCellsVerticallyDescending() { tellNotBuilt(); }
     void commandToggleCaseSensitiveSorting() { tellNotBuilt(); }
     void commandDuplicateCellContentsTo() { tellNotBuilt(); }
-    void commandDuplicateSelectedCellContentsUp() { tellNotBuilt(); }
-    void commandDuplicateSelectedCellContentsDown() { tellNotBuilt(); }
-    void commandDuplicateSelectedCellContentsLeft() { tellNotBuilt(); }
-    void commandDuplicateSelectedCellContentsRight() { tellNotBuilt(); }
     void commandDuplicateRowsMultipleTimes() { tellNotBuilt(); }
     void commandDuplicateColumnsMultipleTimes() { tellNotBuilt(); }
-    void commandCopyMainCellContentsToAllSelectedCells() { tellNotBuilt(); }
     void commandFillSelectedCellsWithSeries() { tellNotBuilt(); }
     void commandReshapeSelectedCellsRowWise() { tellNotBuilt(); }
     void commandReshapeSelectedCellsColumnWise() { tellNotBuilt(); }
@@ -131,32 +98,13 @@ public slots:
     void commandRemoveIndividualFilters() { tellNotBuilt(); }
     void commandRemoveAllFilters() { tellNotBuilt(); }
     void commandRefreshFilters() { tellNotBuilt(); }
-    void commandHideSelectedRows() { tellNotBuilt(); }
-    void commandHideSelectedColumns() { tellNotBuilt(); }
-    void commandHideAllButSelectedRows() { tellNotBuilt(); }
-    void commandHideAllButSelectedColumns() { tellNotBuilt(); }
-    void commandHideEmptyRows() { tellNotBuilt(); }
-    void commandHideEmptyColumns() { tellNotBuilt(); }
-    void commandShowAllHiddenRows() { tellNotBuilt(); }
-    void commandShowAllHiddenColumns() { tellNotBuilt(); }
-    void commandShowHiddenRowsInSelection() { tellNotBuilt(); }
-    void commandShowHiddenColumnsInSelection() { tellNotBuilt(); }
-    void commandShowEmptyRows() { tellNotBuilt(); }
-    void commandShowEmptyColumns() { tellNotBuilt(); }
     void commandPrependCellContents() { tellNotBuilt(); }
     void commandAppendCellContents() { tellNotBuilt(); }
-    void commandTrimSelectedCells() { tellNotBuilt(); }
-    void commandFillSelectedCellsWithUuidGuid() { tellNotBuilt(); }
     void commandListCharacterEncodings() { tellNotBuilt(); }
-    void commandRemoveExtraneousRowsAndColumns() { tellNotBuilt(); }
     void commandAddOrUpdateIDColumn() { tellNotBuilt(); }
     void commandParseSelectedCellContentsAsTable() { tellNotBuilt(); }
     void commandSetUUIDType() { tellNotBuilt(); }
-    void commandSelectDuplicateRows() { tellNotBuilt(); }
-    void commandSelectDuplicateColumns() { tellNotBuilt(); }
     void commandSelectFromMainCellTo() { tellNotBuilt(); }
-    void commandSelectDuplicateRowsBasedOnSelectedColumnsOnly() { tellNotBuilt(); }
-    void commandSelectDuplicateColumnsBasedOnSelectedRowsOnly() { tellNotBuilt(); }
     void commandAddNextMatchToSelection() { tellNotBuilt(); }
     void commandSelectAllMatches() { tellNotBuilt(); }
     void commandFind() { tellNotBuilt(); }
@@ -186,7 +134,6 @@ public slots:
     void commandToggleHighlightHeaderColumns() { tellNotBuilt(); }
     void commandToggleFreezeHeaderRows() { tellNotBuilt(); }
     void commandToggleFreezeHeaderColumns() { tellNotBuilt(); }
-    void commandCommandLauncher() { tellNotBuilt(); }
     void commandOpenFileAnalysisWindow() { tellNotBuilt(); }
     void commandStatisticsSelectedColumns() { tellNotBuilt(); }
     void commandStatisticsAllColumns() { tellNotBuilt(); }
@@ -197,12 +144,7 @@ public slots:
     void commandUniqueValuesSelectedColumn() { tellNotBuilt(); }
     void commandPivotTableSelectedColumns() { tellNotBuilt(); }
     void commandColumnLookup() { tellNotBuilt(); }
-    void commandGoToFile() { tellNotBuilt(); }
     void commandGoToCell() { tellNotBuilt(); }
-    void commandScrollToTop() { tellNotBuilt(); }
-    void commandScrollToBottom() { tellNotBuilt(); }
-    void commandScrollToFarLeft() { tellNotBuilt(); }
-    void commandScrollToFarRight() { tellNotBuilt(); }
     void commandFollowSelectedHyperlinks() { tellNotBuilt(); }
     void commandEmailSelectedEmailAddresses() { tellNotBuilt(); }
     void commandWebSearchForSelectedTerms() { tellNotBuilt(); }
@@ -220,17 +162,6 @@ public slots:
     void commandAbout() { tellNotBuilt(); }
     void commandCheckForUpdates() { tellNotBuilt(); }
     void commandViewChangelog() { tellNotBuilt(); }
-    void commandCloseAllFilesExceptCurrent() { tellNotBuilt(); }
-    void commandSwitchToTab1() { tellNotBuilt(); }
-    void commandSwitchToTab2() { tellNotBuilt(); }
-    void commandSwitchToTab3() { tellNotBuilt(); }
-    void commandSwitchToTab4() { tellNotBuilt(); }
-    void commandSwitchToTab5() { tellNotBuilt(); }
-    void commandSwitchToTab6() { tellNotBuilt(); }
-    void commandSwitchToTab7() { tellNotBuilt(); }
-    void commandSwitchToTab8() { tellNotBuilt(); }
-    void commandSwitchToTab9() { tellNotBuilt(); }
-    void commandSwitchToTab10() { tellNotBuilt(); }
     void commandToggleEnableCheckForUpdates() { tellNotBuilt(); }
     void commandToggleDetectImportedFileTypeUponOpeningFile() { tellNotBuilt(); }
     void commandToggleShowSideBar() { tellNotBuilt(); }

@@ -51,6 +51,12 @@ constexpr StyleRule styleRules[] = {
     {"QTreeWidget, QListView", "background-color: {Background2Color}; border: none;"},
     {"QTreeWidget::item:hover, QListView::item:hover", "background-color: {HoverItemColor};"},
     {"QTreeWidget::item:selected, QListView::item:selected", "background-color: {SelectedItemColor};"},
+    {"Launcher, PrevOptionWidget, Launcher QLabel, PrevOptionWidget QLabel", "background-color: transparent;"},
+    {"Launcher QLineEdit", "border-radius: 4px; padding: 1px;"},
+    {"OptionListWidget, OptionListWidget > QWidget > QWidget", "background-color: {Background2Color}; border: none;"},
+    {"OptionWidget > QLabel", "color: {StaticTextColor};"},
+    {"Launcher PillLabel", "color: {TextColor}; background-color: {Background5Color}; border-radius: 3px;"
+                           " margin: 0px 3px 0px 3px; padding: 1px 4px;"},
     {"QProgressBar", "background-color: {Background3Color}; border: 1px solid {Background4Color}; text-align: center;"},
     {"QProgressBar::chunk", "background-color: {SelectedItemColor};"},
 };

@@ -138,6 +138,15 @@ public:
     void showAllRows() { tableData.showAllRows(); }
     void showAllCols() { tableData.showAllCols(); }
 
+    // Hiding (TableModel_Hidden.cpp).
+
+    /// Hides these (Raw) rows and shows all others; the grid follows.
+    void setAndApplyHiddenRowsList(Indexes const& rows);
+    void setAndApplyHiddenColsList(Indexes const& cols);
+    bool hasHiddenLines() const { return tableData.numConcealedRows() > 0 || tableData.numConcealedCols() > 0; }
+    /// Brings headers, context and grid in step with what is concealed now.
+    void onConcealedLinesChanged();
+
     // Index conversion. See IndexSpaces for the arithmetic and for ranges without an index space.
 
     Indexes getRawFromModelRows(Indexes const& rows) const;

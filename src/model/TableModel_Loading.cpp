@@ -33,9 +33,7 @@ void TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
 void TableModel::showEverything() {
     showAllRows();
     showAllCols();
-    emit updateStatusBarSignal();
-    concealRawRows({});
-    enforceTableSize();
+    onConcealedLinesChanged();
 }
 
 void TableModel::clearTable(QModelIndex const& parent) {
