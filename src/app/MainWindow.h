@@ -307,6 +307,8 @@ private:
     void loadSettingsFromFile();
     void setupExtensions();
     void openPreferenceFile(QString const& path);
+    /// The user has said in a table's warning that no more are wanted.
+    void onSuppressAutoFitWarningsChanged(bool suppress);
     void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
     TableView* makeEmptyTableObject();

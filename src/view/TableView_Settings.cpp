@@ -1,5 +1,6 @@
 // What the user has set, put in force in a table.
 
+#include "view/HeaderView.h"
 #include "view/TableView.h"
 
 // What is set for tables are defaults for new ones: a table takes them once and keeps its own from then on.
@@ -8,7 +9,6 @@ void TableView::propagateSettings(Settings const& newSettings) {
         settings.takeGlobalValues(newSettings);
     } else {
         settings = newSettings;
-        settings.setValue(SettingType::ReadOnly, readOnly);
     }
     applyGlobalSettings();
     if (!hasSettings) {
@@ -19,30 +19,40 @@ void TableView::propagateSettings(Settings const& newSettings) {
     refreshView();
 }
 
-// What is the same already stays untouched: a new default size takes back those that the user has pulled, and a new
-// font measures all texts.
 void TableView::applyGlobalSettings() {
     TableModel& model = *tableModel();
     auto const on = [this](SettingType type) { return settings.getValueBool(type); };
     auto const number = [this](SettingType type) { return settings.getValueInt(type); };
+<<<<<<< HEAD
     if (getDefaultRowHeight() != number(SettingType::DefaultRowHeight))
         setDefaultRowHeight(number(SettingType::DefaultRowHeight));
     if (getDefaultColumnWidth() != number(SettingType::DefaultColumnWidth))
         setDefaultColumnWidth(number(SettingType::DefaultColumnWidth));
+=======
+    // Sizes and fonts fit the whole table anew, so only what has changed is set.
+    setIfNew(&TableView::setDefaultRowHeight, defaultRowHeight, number(SettingType::DefaultRowHeight));
+    setIfNew(&TableView::setDefaultColumnWidth, defaultColumnWidth, number(SettingType::DefaultColumnWidth));
+>>>>>>> prefs
     setLetEditorPaneConsumeNavigationKeystrokes(on(SettingType::LetEditorPaneConsumeNavigationKeystrokes));
-    setShadeEveryOtherRow(on(SettingType::ShadeEveryOtherRow));
-    setShadeEveryOtherColumn(on(SettingType::ShadeEveryOtherColumn));
-    setHighlightMainCellRow(on(SettingType::HighlightMainSelectedCellsRow));
-    setHighlightMainCellColumn(on(SettingType::HighlightMainSelectedCellsColumn));
+    model.setShadeEveryOtherRow(on(SettingType::ShadeEveryOtherRow));
+    model.setShadeEveryOtherColumn(on(SettingType::ShadeEveryOtherColumn));
+    model.setHighlightMainCellRow(on(SettingType::HighlightMainSelectedCellsRow));
+    model.setHighlightMainCellColumn(on(SettingType::HighlightMainSelectedCellsColumn));
     model.setRepresentColumnsAsLetters(on(SettingType::RepresentColumnsAsLetters));
     model.setCaseSensitiveSorting(on(SettingType::CaseSensitiveSorting));
     setSnapToRowAfterScrolling(on(SettingType::SnapToRowAfterScrolling));
     setSnapToColumnAfterScrolling(on(SettingType::SnapToColumnAfterScrolling));
+<<<<<<< HEAD
     setSuppressAutoFitWarnings(on(SettingType::SuppressAutoFitWarnings));
     if (model.getFont().family() != settings.getFont().family())
         setFont(settings.getFont());
     if (model.getTextSize() != number(SettingType::TextSize))
         setTextSize(number(SettingType::TextSize));
+=======
+    suppressAutoFitWarnings = on(SettingType::SuppressAutoFitWarnings);
+    setIfNew(&TableView::setFont, tableFont.family(), settings.getFont().family());
+    setIfNew(&TableView::setTextSize, textSize, number(SettingType::TextSize));
+>>>>>>> prefs
     setTheme(settings.getTheme());
     model.setMinNumTableRows(number(SettingType::MinimumNumberOfTableRows));
     model.setMinNumTableCols(number(SettingType::MinimumNumberOfTableColumns));
@@ -54,6 +64,7 @@ void TableView::applyGlobalSettings() {
 
 void TableView::applyTableSettings() {
     TableModel& model = *tableModel();
+<<<<<<< HEAD
     auto const on = [this](SettingType type) { return settings.getValueBool(type); };
     auto const number = [this](SettingType type) { return settings.getValueInt(type); };
     setMaximumRowHeight(number(SettingType::MaximumRowHeightForAutoFit), false);
@@ -66,4 +77,16 @@ void TableView::applyTableSettings() {
     model.setHighlightHeaderColumns(on(SettingType::HighlightHeaderColumns));
     model.setFirstRowIndex(number(SettingType::FirstRowIndex));
     model.setFirstColIndex(number(SettingType::FirstColumnIndex));
+=======
+    setMaximumRowHeight(settings.getValueInt(SettingType::MaximumRowHeightForAutoFit), false);
+    setMaximumColumnWidth(settings.getValueInt(SettingType::MaximumColumnWidthForAutoFit), false);
+    setAutoFitRowHeight(settings.getValueBool(SettingType::AutoFitRowHeight), false);
+    setAutoFitColWidth(settings.getValueBool(SettingType::AutoFitColumnWidth), false);
+    model.setNumberOfHeaderRows(settings.getValueInt(SettingType::NumberOfHeaderRows));
+    model.setNumberOfHeaderCols(settings.getValueInt(SettingType::NumberOfHeaderColumns));
+    model.setHighlightHeaderRows(settings.getValueBool(SettingType::HighlightHeaderRows));
+    model.setHighlightHeaderColumns(settings.getValueBool(SettingType::HighlightHeaderColumns));
+    model.setFirstRowIndex(settings.getValueInt(SettingType::FirstRowIndex));
+    model.setFirstColIndex(settings.getValueInt(SettingType::FirstColumnIndex));
+>>>>>>> prefs
 }
