@@ -273,6 +273,8 @@ private:
     void onMainCellLengthChanged(int length);
     void updateStatsLabel();
     void connectStatusBar(TableView* table);
+    void connectDialectLabels(TableView* table);
+    void updateDialectLabels();
     void onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols);
 
     Theme theme;

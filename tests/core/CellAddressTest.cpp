@@ -36,7 +36,8 @@ TEST(CellAddress, ReadsRowsAndColumnsAsNumbers) {
                              {"99999999999", none, none, "(No cell selected)"}};
     for (Address const& wanted : cases) {
         int row = 0, col = 0;
-        EXPECT_EQ(parseCellLocationString(row, col, wanted.text, false, false), row != none || col != none);
+        bool const found = parseCellLocationString(row, col, wanted.text, false, false);
+        EXPECT_EQ(found, row != none || col != none) << wanted.text;
         EXPECT_EQ(row, wanted.row) << wanted.text;
         EXPECT_EQ(col, wanted.col) << wanted.text;
         EXPECT_EQ(computeCellRangeFeedbackString(row, col, false), wanted.feedback) << wanted.text;
@@ -55,7 +56,8 @@ TEST(CellAddress, ReadsColumnsAsLetters) {
                              {"zzzzzzzzz", none, none, "(No cell selected)"}};
     for (Address const& wanted : cases) {
         int row = 0, col = 0;
-        EXPECT_EQ(parseCellLocationString(row, col, wanted.text, true, false), row != none || col != none);
+        bool const found = parseCellLocationString(row, col, wanted.text, true, false);
+        EXPECT_EQ(found, row != none || col != none) << wanted.text;
         EXPECT_EQ(row, wanted.row) << wanted.text;
         EXPECT_EQ(col, wanted.col) << wanted.text;
         EXPECT_EQ(computeCellRangeFeedbackString(row, col, true), wanted.feedback) << wanted.text;
