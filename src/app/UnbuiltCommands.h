@@ -30,16 +30,7 @@ public slots:
     void commandShowFileInFileSystem() { tellNotBuilt(); }
     void commandOpenTerminalToFilesDirectory() { tellNotBuilt(); }
     void commandOpenFileInTextEditor() { tellNotBuilt(); }
-    void commandSetBehaviorWhenFileIsChangedExternally() { tellNotBuilt(); }
-    void commandSetTextEditor() { tellNotBuilt(); }
     void commandToggleRemoveExtraneousRowsColumnsOnFileSave() { tellNotBuilt(); }
-    void commandReloadFile() { tellNotBuilt(); }
-    void commandReloadFileWithDifferentParameters() { tellNotBuilt(); }
-    void commandSetParametersForFileSave() { tellNotBuilt(); }
-    void commandSetDelimiterForFileSave() { tellNotBuilt(); }
-    void commandSetLineEndingForFileSave() { tellNotBuilt(); }
-    void commandSetEncodingForFileSave() { tellNotBuilt(); }
-    void commandSetParsingStandardForFileSave() { tellNotBuilt(); }
     void commandCopyFilePathToClipboard() { tellNotBuilt(); }
     void commandCopyFolderPathToClipboard() { tellNotBuilt(); }
     void commandCopyFileNameToClipboard() { tellNotBuilt(); }
@@ -50,13 +41,7 @@ public slots:
     void commandCopyCellsToHtml() { tellNotBuilt(); }
     void commandPasteCells() { tellNotBuilt(); }
     void commandPasteCellsSpecial() { tellNotBuilt(); }
-    void commandSetMinimumFileSizeForReadOnlyModeQueryMB() { tellNotBuilt(); }
     void commandToggleRetainSortAndFiltersUponFileRefresh() { tellNotBuilt(); }
-    void commandMoveCellContentsTo() { tellNotBuilt(); }
-    void commandMoveRowsJustAboveRow() { tellNotBuilt(); }
-    void commandMoveColumnsToTheLeftOfColumn() { tellNotBuilt(); }
-    void commandInsertRowsBeforeMultipleTimes() { tellNotBuilt(); }
-    void commandInsertColumnsBeforeMultipleTimes() { tellNotBuilt(); }
     void commandInsertCellsMoveRestOfRowRight() { tellNotBuilt(); }
     void commandInsertCellsMoveRestOfColumnDown() { tellNotBuilt(); }
     void commandTransposeSelectedCells() { tellNotBuilt(); }
@@ -98,13 +83,10 @@ public slots:
     void commandSortSelectedCellsVerticallyAscending() { tellNotBuilt(); }
     void commandSortSelectedCellsVerticallyDescending() { tellNotBuilt(); }
     void commandToggleCaseSensitiveSorting() { tellNotBuilt(); }
-    void commandDuplicateCellContentsTo() { tellNotBuilt(); }
     void commandDuplicateSelectedCellContentsUp() { tellNotBuilt(); }
     void commandDuplicateSelectedCellContentsDown() { tellNotBuilt(); }
     void commandDuplicateSelectedCellContentsLeft() { tellNotBuilt(); }
     void commandDuplicateSelectedCellContentsRight() { tellNotBuilt(); }
-    void commandDuplicateRowsMultipleTimes() { tellNotBuilt(); }
-    void commandDuplicateColumnsMultipleTimes() { tellNotBuilt(); }
     void commandCopyMainCellContentsToAllSelectedCells() { tellNotBuilt(); }
     void commandFillSelectedCellsWithSeries() { tellNotBuilt(); }
     void commandReshapeSelectedCellsRowWise() { tellNotBuilt(); }
@@ -147,14 +129,11 @@ public slots:
     void commandAppendCellContents() { tellNotBuilt(); }
     void commandTrimSelectedCells() { tellNotBuilt(); }
     void commandFillSelectedCellsWithUuidGuid() { tellNotBuilt(); }
-    void commandListCharacterEncodings() { tellNotBuilt(); }
     void commandRemoveExtraneousRowsAndColumns() { tellNotBuilt(); }
     void commandAddOrUpdateIDColumn() { tellNotBuilt(); }
     void commandParseSelectedCellContentsAsTable() { tellNotBuilt(); }
-    void commandSetUUIDType() { tellNotBuilt(); }
     void commandSelectDuplicateRows() { tellNotBuilt(); }
     void commandSelectDuplicateColumns() { tellNotBuilt(); }
-    void commandSelectFromMainCellTo() { tellNotBuilt(); }
     void commandSelectDuplicateRowsBasedOnSelectedColumnsOnly() { tellNotBuilt(); }
     void commandSelectDuplicateColumnsBasedOnSelectedRowsOnly() { tellNotBuilt(); }
     void commandAddNextMatchToSelection() { tellNotBuilt(); }
@@ -167,12 +146,6 @@ public slots:
     void commandReplaceNextMatch() { tellNotBuilt(); }
     void commandReplacePreviousMatch() { tellNotBuilt(); }
     void commandReplaceAllMatches() { tellNotBuilt(); }
-    void commandSetSelectedRowHeights() { tellNotBuilt(); }
-    void commandSetSelectedColumnWidths() { tellNotBuilt(); }
-    void commandSetDefaultRowHeight() { tellNotBuilt(); }
-    void commandSetDefaultColumnWidth() { tellNotBuilt(); }
-    void commandSetMaximumRowHeightForAutoFit() { tellNotBuilt(); }
-    void commandSetMaximumColumnWidthForAutoFit() { tellNotBuilt(); }
     void commandSetHeaderRowsToSelectedRow() { tellNotBuilt(); }
     void commandSetHeaderColumnsToSelectedColumn() { tellNotBuilt(); }
     void commandSetHeadersToSelectedCell() { tellNotBuilt(); }
@@ -180,8 +153,6 @@ public slots:
     void commandRemoveHeaderColumns() { tellNotBuilt(); }
     void commandRemoveAllHeaders() { tellNotBuilt(); }
     void commandToggleFreezeHeaderRowsAndColumns() { tellNotBuilt(); }
-    void commandSetNumberOfHeaderRows() { tellNotBuilt(); }
-    void commandSetNumberOfHeaderColumns() { tellNotBuilt(); }
     void commandToggleHighlightHeaderRows() { tellNotBuilt(); }
     void commandToggleHighlightHeaderColumns() { tellNotBuilt(); }
     void commandToggleFreezeHeaderRows() { tellNotBuilt(); }
@@ -196,7 +167,6 @@ public slots:
     void commandUniqueValuesSelectedColumn() { tellNotBuilt(); }
     void commandPivotTableSelectedColumns() { tellNotBuilt(); }
     void commandColumnLookup() { tellNotBuilt(); }
-    void commandGoToCell() { tellNotBuilt(); }
     void commandScrollToTop() { tellNotBuilt(); }
     void commandScrollToBottom() { tellNotBuilt(); }
     void commandScrollToFarLeft() { tellNotBuilt(); }
@@ -205,8 +175,6 @@ public slots:
     void commandEmailSelectedEmailAddresses() { tellNotBuilt(); }
     void commandWebSearchForSelectedTerms() { tellNotBuilt(); }
     void commandWebSearchForSelectedPlacesInMap() { tellNotBuilt(); }
-    void commandSetSearchEngine() { tellNotBuilt(); }
-    void commandSetOnlineMap() { tellNotBuilt(); }
     void commandPreferences() { tellNotBuilt(); }
     void commandReportABug() { tellNotBuilt(); }
     void commandRequestAFeature() { tellNotBuilt(); }
@@ -237,15 +205,6 @@ public slots:
     void commandToggleShowSideBarFolders() { tellNotBuilt(); }
     void commandToggleShowRowLabels() { tellNotBuilt(); }
     void commandToggleShowColumnLabels() { tellNotBuilt(); }
-    void commandSetFirstRowIndex() { tellNotBuilt(); }
-    void commandSetFirstColumnIndex() { tellNotBuilt(); }
-    void commandSetFont() { tellNotBuilt(); }
-    void commandSetTextSize() { tellNotBuilt(); }
-    void commandSetTheme() { tellNotBuilt(); }
-    void commandSetMinimumNumberOfTableRows() { tellNotBuilt(); }
-    void commandSetMinimumNumberOfTableColumns() { tellNotBuilt(); }
-    void commandSetNumberOfBufferRows() { tellNotBuilt(); }
-    void commandSetNumberOfBufferColumns() { tellNotBuilt(); }
 
 private:
     /// Names the command by the action that triggered the running slot.

@@ -1,17 +1,26 @@
 #include "app/MainWindow.h"
+#include "app/PaneView.h"
+#include "app/launcher/Launcher.h"
+#include "app/launcher/PromptChain.h"
 #include "app/prompts/CellPrompts.h"
 #include "app/prompts/DialectPrompts.h"
 #include "app/prompts/RepeatPrompts.h"
 #include "app/prompts/SettingPrompts.h"
+#include "commands/PreferenceFiles.h"
 #include "commands/Settings.h"
+#include "core/PathUtilities.h"
+#include "tests/support/MsgBoxAnswers.h"
 #include "tests/support/ScriptedAsker.h"
 #include "view/TableView.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QLineEdit>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -47,6 +56,22 @@ protected:
     QString mainCell() const {
         Range const cell = table()->getMainCell();
         return QString("%1,%2").arg(cell.row).arg(cell.col);
+    }
+
+    QByteArray read(QString const& path) const {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+
+    /// Runs a command and types the answers to its questions.
+    void run(QString const& command, QStringList const& answers) {
+        window.runCommand(command);
+        for (QString const& answer : answers) {
+            ASSERT_NE(window.getPaneView()->getLauncher(), nullptr) << qPrintable(command);
+            auto* const editor = window.getPaneView()->getLauncher()->findChild<QLineEdit*>();
+            editor->setText(answer);
+            QTest::keyClick(editor, Qt::Key_Return);
+        }
     }
 
     void selectCell(int row, int col) { table()->setMainCellAsSelection(Range(row, col, RangeIndexType::Model)); }
@@ -264,4 +289,88 @@ TEST_F(PromptsTest, AReloadAsksForThePartsAndLooksIntoTheFileForWhatIsLeftOpen) 
 TEST_F(PromptsTest, AnEncodingOfTheListGoesToTheClipboard) {
     ScriptedAsker({"KOI8-R (Russian)"}).ask(Prompts::listCharacterEncodings());
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "KOI8-R (Russian)");
+}
+
+TEST_F(PromptsTest, EachCommandPutsItsQuestion) {
+    std::pair<char const*, char const*> const titles[] = {
+        {"Go to Cell", "Go to Cell:"},
+        {"Select From Main Cell To ...", "Select From Main Cell To:"},
+        {"Move Cell Contents To ...", "Move Cell Contents To:"},
+        {"Duplicate Cell Contents To ...", "Duplicate Cell Contents To:"},
+        {"Move Row(s) Just Above Row ...", "Move Row(s) Just Above Row:"},
+        {"Move Column(s) to the Left of Column ...", "Move Column(s) to the Left of Column:"},
+        {"Insert Row(s) Before Multiple Times", "Number of Times to Insert Row(s):"},
+        {"Insert Column(s) Before Multiple Times", "Number of Times to Insert Column(s):"},
+        {"Duplicate Row(s) Multiple Times", "Number of Times to Duplicate Row(s):"},
+        {"Duplicate Column(s) Multiple Times", "Number of Times to Duplicate Column(s):"},
+        {"Reload File with Different Parameters", "Delimiter:"},
+        {"Reload File with Parsing Standard", "Parsing Standard:"},
+        {"Set Parameters for File Save", "Delimiter:"},
+        {"Set Line Ending for File Save", "Line Ending:"},
+        {"Set Encoding for File Save", "Encoding:"},
+        {"List Character Encodings", "Character Encodings:"},
+        {"Set Selected Row Height(s)", "Row Height:"},
+        {"Set Selected Column Width(s)", "Column Width:"},
+        {"Set UUID Type", "Select UUID type:"},
+        {"Set Search Engine", "Select a Search Engine Domain:"},
+        {"Set Online Map", "Select a Map Domain:"},
+    };
+    for (auto const& [command, title] : titles) {
+        window.runCommand(command);
+        EXPECT_EQ(window.getPrompts()->currentTitle(), title) << command;
+        window.closeLauncher();
+    }
+    for (Setting const& setting : window.getSettings().sorted()) {
+        QString const command = "Set " + setting.name;
+        if (setting.dataType == SettingDataType::Bool || setting.dataType == SettingDataType::UuidType ||
+            setting.dataType == SettingDataType::Domain || !setting.inFile)
+            continue;
+        window.runCommand(command);
+        EXPECT_EQ(window.getPrompts()->currentTitle(), setting.name + ':') << qPrintable(command);
+        window.closeLauncher();
+    }
+}
+
+TEST_F(PromptsTest, ASettingOfTheProgramReachesItsFileAndEveryTableAndOneOfATableOnlyThatTable) {
+    QDir().mkpath(Utilities::getAppDataLocation());
+    ASSERT_TRUE(PreferenceFiles::makeSettingsFile());
+    window.commandNewFile();
+    MsgBoxAnswers box;
+    box.next("OK");
+    run("Set Minimum Number of Table Rows", {"none", "70"});
+    EXPECT_EQ(box.texts(), QStringList{"Must be a whole number 1 or greater."});
+    run("Set First Row Index", {"-5"});
+    run("Set Number of Header Columns", {"2"});
+    run("Set Maximum Column Width for Auto-Fit", {"90"});
+    for (TableView const* each : window.getPaneView()->getTables()) {
+        EXPECT_EQ(each->tableModel()->getMinNumTableRows(), 70);
+        EXPECT_EQ(each->tableModel()->getFirstRowIndex(), each == table() ? -5 : 0);
+        EXPECT_EQ(each->tableModel()->getNumHeaderCols(), each == table() ? 2 : 0);
+        EXPECT_EQ(each->getMaximumColumnWidth(), each == table() ? 90 : 800);
+    }
+    EXPECT_EQ(table()->getSettings().getValueInt(SettingType::FirstRowIndex), -5);
+    EXPECT_EQ(window.getSettings().getValueInt(SettingType::FirstRowIndex), 0);
+    QByteArray const file = read(Utilities::getSettingsFilepath());
+    EXPECT_TRUE(file.contains("Minimum Number of Table Rows,50,70")) << file.constData();
+    EXPECT_TRUE(file.contains("First Row Index,0,,")) << file.constData();
+}
+
+TEST_F(PromptsTest, AReloadReadsTheFileAgainAndAsksBeforeChangesAreLost) {
+    TableView* const reloaded = table();
+    auto const waitForLoad = [&] { return QTest::qWaitFor([&] { return !reloaded->isLoading(); }); };
+    run("Reload File with Delimiter", {"tab"});
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(cells(), "a,b,c/d,e,f/g,h,i");
+    EXPECT_EQ(window.getStatusBar()->text(StatusBar::Label::Delimiter), "Delimiter: tab");
+    run("Insert Row(s) Before Multiple Times", {"1"});
+    EXPECT_FALSE(table()->undoStack()->isClean());
+    MsgBoxAnswers box;
+    box.next("Cancel");
+    window.runCommand("Reload File");
+    EXPECT_FALSE(table()->undoStack()->isClean());
+    box.next("Discard");
+    window.runCommand("Reload File");
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_TRUE(table()->undoStack()->isClean());
+    EXPECT_EQ(cells(), "a,b,c/d,e,f/g,h,i");
 }
