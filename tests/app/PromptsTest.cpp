@@ -351,8 +351,9 @@ TEST_F(PromptsTest, ASettingOfTheProgramReachesItsFileAndEveryTableAndOneOfATabl
     EXPECT_EQ(table()->getSettings().getValueInt(SettingType::FirstRowIndex), -5);
     EXPECT_EQ(window.getSettings().getValueInt(SettingType::FirstRowIndex), 0);
     QByteArray const file = read(Utilities::getSettingsFilepath());
-    EXPECT_TRUE(file.contains("Minimum Number of Table Rows,50,70")) << file.constData();
-    EXPECT_TRUE(file.contains("First Row Index,0,,")) << file.constData();
+    EXPECT_TRUE(file.contains("Minimum Number of Table Rows,Global,integer >= 1,50,70\n")) << file.constData();
+    QFile::remove(Utilities::getSettingsFilepath());
+    EXPECT_TRUE(file.contains("First Row Index,Table,integer,0,\n")) << file.constData();
 }
 
 TEST_F(PromptsTest, AReloadReadsTheFileAgainAndAsksBeforeChangesAreLost) {
