@@ -21,18 +21,15 @@ void TableView::propagateSettings(Settings const& newSettings) {
 
 void TableView::applyGlobalSettings() {
     TableModel& model = *tableModel();
+    auto const setIfNew = [this](auto&& setter, auto const& present, auto const& wanted) {
+        if (!hasSettings || present != wanted)
+            (this->*setter)(wanted);
+    };
     auto const on = [this](SettingType type) { return settings.getValueBool(type); };
     auto const number = [this](SettingType type) { return settings.getValueInt(type); };
-<<<<<<< HEAD
-    if (getDefaultRowHeight() != number(SettingType::DefaultRowHeight))
-        setDefaultRowHeight(number(SettingType::DefaultRowHeight));
-    if (getDefaultColumnWidth() != number(SettingType::DefaultColumnWidth))
-        setDefaultColumnWidth(number(SettingType::DefaultColumnWidth));
-=======
     // Sizes and fonts fit the whole table anew, so only what has changed is set.
     setIfNew(&TableView::setDefaultRowHeight, defaultRowHeight, number(SettingType::DefaultRowHeight));
     setIfNew(&TableView::setDefaultColumnWidth, defaultColumnWidth, number(SettingType::DefaultColumnWidth));
->>>>>>> prefs
     setLetEditorPaneConsumeNavigationKeystrokes(on(SettingType::LetEditorPaneConsumeNavigationKeystrokes));
     model.setShadeEveryOtherRow(on(SettingType::ShadeEveryOtherRow));
     model.setShadeEveryOtherColumn(on(SettingType::ShadeEveryOtherColumn));
@@ -42,17 +39,9 @@ void TableView::applyGlobalSettings() {
     model.setCaseSensitiveSorting(on(SettingType::CaseSensitiveSorting));
     setSnapToRowAfterScrolling(on(SettingType::SnapToRowAfterScrolling));
     setSnapToColumnAfterScrolling(on(SettingType::SnapToColumnAfterScrolling));
-<<<<<<< HEAD
-    setSuppressAutoFitWarnings(on(SettingType::SuppressAutoFitWarnings));
-    if (model.getFont().family() != settings.getFont().family())
-        setFont(settings.getFont());
-    if (model.getTextSize() != number(SettingType::TextSize))
-        setTextSize(number(SettingType::TextSize));
-=======
     suppressAutoFitWarnings = on(SettingType::SuppressAutoFitWarnings);
     setIfNew(&TableView::setFont, tableFont.family(), settings.getFont().family());
     setIfNew(&TableView::setTextSize, textSize, number(SettingType::TextSize));
->>>>>>> prefs
     setTheme(settings.getTheme());
     model.setMinNumTableRows(number(SettingType::MinimumNumberOfTableRows));
     model.setMinNumTableCols(number(SettingType::MinimumNumberOfTableColumns));
@@ -64,20 +53,6 @@ void TableView::applyGlobalSettings() {
 
 void TableView::applyTableSettings() {
     TableModel& model = *tableModel();
-<<<<<<< HEAD
-    auto const on = [this](SettingType type) { return settings.getValueBool(type); };
-    auto const number = [this](SettingType type) { return settings.getValueInt(type); };
-    setMaximumRowHeight(number(SettingType::MaximumRowHeightForAutoFit), false);
-    setMaximumColumnWidth(number(SettingType::MaximumColumnWidthForAutoFit), false);
-    setAutoFitRowHeight(on(SettingType::AutoFitRowHeight), false);
-    setAutoFitColWidth(on(SettingType::AutoFitColumnWidth), false);
-    model.setNumberOfHeaderRows(number(SettingType::NumberOfHeaderRows));
-    model.setNumberOfHeaderCols(number(SettingType::NumberOfHeaderColumns));
-    model.setHighlightHeaderRows(on(SettingType::HighlightHeaderRows));
-    model.setHighlightHeaderColumns(on(SettingType::HighlightHeaderColumns));
-    model.setFirstRowIndex(number(SettingType::FirstRowIndex));
-    model.setFirstColIndex(number(SettingType::FirstColumnIndex));
-=======
     setMaximumRowHeight(settings.getValueInt(SettingType::MaximumRowHeightForAutoFit), false);
     setMaximumColumnWidth(settings.getValueInt(SettingType::MaximumColumnWidthForAutoFit), false);
     setAutoFitRowHeight(settings.getValueBool(SettingType::AutoFitRowHeight), false);
@@ -88,5 +63,4 @@ void TableView::applyTableSettings() {
     model.setHighlightHeaderColumns(settings.getValueBool(SettingType::HighlightHeaderColumns));
     model.setFirstRowIndex(settings.getValueInt(SettingType::FirstRowIndex));
     model.setFirstColIndex(settings.getValueInt(SettingType::FirstColumnIndex));
->>>>>>> prefs
 }
