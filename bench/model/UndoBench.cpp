@@ -93,7 +93,7 @@ std::unique_ptr<TableUndoCommand> camelCase(TableModel& model) {
 }
 
 std::unique_ptr<TableUndoCommand> insertCellAtTop(TableModel& model) {
-    RangeVector const cell{Range(0, 1, RangeIndexType::Model)};
+    RangeVector const cell{Range(0, 0, RangeIndexType::Model)}; // above a million different numbers
     return std::make_unique<WriteCellsCommand>(&model, cell,
                                                shiftedCells(model, cell, Axis::Columns, CellShift::Insert), true);
 }
