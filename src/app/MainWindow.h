@@ -332,6 +332,17 @@ public slots:
     void commandSetSelectedRowHeights();
     void commandSetSelectedColumnWidths();
 
+    // Sorting (MainWindow_Sort.cpp).
+    void commandSortSelectedColumnAscending();
+    void commandSortSelectedColumnDescending();
+    void commandSortSelectedRowAscending();
+    void commandSortSelectedRowDescending();
+    void commandSortSelectedCellsHorizontallyAscending();
+    void commandSortSelectedCellsHorizontallyDescending();
+    void commandSortSelectedCellsVerticallyAscending();
+    void commandSortSelectedCellsVerticallyDescending();
+    void commandToggleCaseSensitiveSorting() { toggleSetting(SettingType::CaseSensitiveSorting); }
+
 signals:
     void mainWindowClosedSignal();
     void mainWindowFocusChangedSignal();
@@ -386,6 +397,9 @@ private:
     template <class Command, class... Arguments>
     void push(Arguments... arguments);
     void selectAlong(Direction direction, bool toBlockEdge);
+    /// Sorts along an axis by the main cell's column or row.
+    void sortBySelectedLine(Axis axis, SortType type);
+    void sortSelectedCells(Axis axis, SortType type);
 
     // What commands on cells and lines share.
 

@@ -69,7 +69,8 @@ void MainWindow::commandRemoveLeadingZeros() {
 }
 
 void MainWindow::commandFillSelectedCellsWithUuidGuid() {
-    changeSelectedTexts([](QString const&) { return Utilities::generateUuid(false, false, UuidType::Random); });
+    UuidType const type = settings.getUuidType();
+    changeSelectedTexts([type](QString const&) { return Utilities::generateUuid(false, false, type); });
 }
 
 void MainWindow::commandCopyMainCellContentsToAllSelectedCells() {

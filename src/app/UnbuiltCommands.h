@@ -46,15 +46,6 @@ public slots:
     void commandRandomIntegersInSelectedCells() { tellNotBuilt(); }
     void commandRandomDecimalsFloatsInSelectedCells() { tellNotBuilt(); }
     void commandSetNumberOfDecimals() { tellNotBuilt(); }
-    void commandSortSelectedColumnAscending() { tellNotBuilt(); }
-    void commandSortSelectedColumnDescending() { tellNotBuilt(); }
-    void commandSortSelectedRowAscending() { tellNotBuilt(); }
-    void commandSortSelectedRowDescending() { tellNotBuilt(); }
-    void commandSortSelectedCellsHorizontallyAscending() { tellNotBuilt(); }
-    void commandSortSelectedCellsHorizontallyDescending() { tellNotBuilt(); }
-    void commandSortSelectedCellsVerticallyAscending() { tellNotBuilt(); }
-    void commandSortSelectedCellsVerticallyDescending() { tellNotBuilt(); }
-    void commandToggleCaseSensitiveSorting() { tellNotBuilt(); }
     void commandFillSelectedCellsWithSeries() { tellNotBuilt(); }
     void commandReshapeSelectedCellsRowWise() { tellNotBuilt(); }
     void commandReshapeSelectedCellsColumnWise() { tellNotBuilt(); }

@@ -148,7 +148,8 @@ void sortByBytes(std::vector<int>& places, TextOf&& textOf, bool descending, Pac
         std::string_view const textA = textOf(a.place);
         std::string_view const textB = textOf(b.place);
         // Bytes that are missing are zero in the prefix, so the lengths decide there too.
-        int const order = textA.substr(std::min(inPrefix, textA.size())).compare(textB.substr(std::min(inPrefix, textB.size())));
+        int const order =
+            textA.substr(std::min(inPrefix, textA.size())).compare(textB.substr(std::min(inPrefix, textB.size())));
         if (order != 0)
             return (order < 0) != descending;
         if (textA.size() != textB.size())
@@ -192,8 +193,8 @@ void TextOrderKeys::addAscii(std::string_view text) {
         text = lowered;
     }
     // A letter at the start, other than that of an exponent, spares the attempt.
-    bool const startsWord = !text.empty() && std::isalpha(static_cast<unsigned char>(text[0])) != 0 &&
-                            text[0] != 'e' && text[0] != 'E';
+    bool const startsWord =
+        !text.empty() && std::isalpha(static_cast<unsigned char>(text[0])) != 0 && text[0] != 'e' && text[0] != 'E';
     bool const mayBeNumber = !startsWord && !text.empty() && text.find('_') == std::string_view::npos;
     addUnits(text, mayBeNumber ? Utilities::convertStringToDouble(
                                      QByteArray::fromRawData(text.data(), static_cast<int>(text.size())), false)
@@ -222,8 +223,8 @@ void TextOrderKeys::noteKind(Key& key, View text, double number) {
         return;
     }
     std::size_t const start = blanksAtStart(text);
-    key.isIdentifier = start < text.size() && text[start] == identifierStart &&
-                       (start + 1 == text.size() || text[start + 1] != '.');
+    key.isIdentifier =
+        start < text.size() && text[start] == identifierStart && (start + 1 == text.size() || text[start + 1] != '.');
     key.kind = number == number ? Kind::Number : Kind::Text;
     key.number = number;
     if (key.isIdentifier) {
@@ -269,11 +270,14 @@ std::vector<int> TextOrderKeys::sortedOrder(bool descending, Progress const& pro
     Pace pace(filled.size(), progress);
     try {
         if (allAreNumbers())
-            sortByNumbers(filled, [this](int place) { return keys[std::size_t(place)].number; }, descending, pace);
+            sortByNumbers(
+                filled, [this](int place) { return keys[std::size_t(place)].number; }, descending, pace);
         else if (words == filled.size())
-            sortByBytes(filled, [this](int place) { return natural(keys[std::size_t(place)]); }, descending, pace);
+            sortByBytes(
+                filled, [this](int place) { return natural(keys[std::size_t(place)]); }, descending, pace);
         else if (words + numbers == 0)
-            sortByBytes(filled, [this](int place) { return plain(keys[std::size_t(place)]); }, descending, pace);
+            sortByBytes(
+                filled, [this](int place) { return plain(keys[std::size_t(place)]); }, descending, pace);
         else
             std::stable_sort(filled.begin(), filled.end(), [&](int a, int b) {
                 pace.step();

@@ -52,19 +52,17 @@ private:
     template <class View>
     void noteKind(Key& key, View text, double number);
     std::string_view natural(Key const& key) const { return {bytes.data() + key.begin, key.naturalSize}; }
-    std::string_view plain(Key const& key) const {
-        return {bytes.data() + key.begin + key.naturalSize, key.plainSize};
-    }
+    std::string_view plain(Key const& key) const { return {bytes.data() + key.begin + key.naturalSize, key.plainSize}; }
     bool allAreNumbers() const;
 
     bool caseSensitive;
     std::vector<Key> keys;
     std::string bytes;
     std::size_t emptyKeys = 0;
-    std::size_t numbers = 0;       ///< that are no identifiers
-    std::size_t words = 0;         ///< texts that are no numbers and no identifiers
-    std::size_t bareZeros = 0;     ///< "0" alone: an identifier that stands where the number would
-    bool zeroFitsNumbers = true;   ///< whether that holds beside the numbers that are there
+    std::size_t numbers = 0;     ///< that are no identifiers
+    std::size_t words = 0;       ///< texts that are no numbers and no identifiers
+    std::size_t bareZeros = 0;   ///< "0" alone: an identifier that stands where the number would
+    bool zeroFitsNumbers = true; ///< whether that holds beside the numbers that are there
 };
 
 namespace Utilities {

@@ -34,6 +34,7 @@ TableModel::TableModel(QObject* parent) : QAbstractTableModel(parent) {
     connect(&tableData, &TableData::tableSizeChangedSignal, this, [this] { highlighted.invalidate(); });
     connect(&tableData, &TableData::tableSizeChangedSignal, this, &TableModel::tableSizeChangedSignal);
     connect(&tableData, &TableData::loadFinishedSignal, this, &TableModel::onLoadFinished);
+    connect(&tableData, &TableData::updateProgressSignal, this, &TableModel::updateProgress);
     connect(&tableData, &TableData::saveStartedSignal, this, &TableModel::onSaveStarted);
     connect(&tableData, &TableData::saveFinishedSignal, this, &TableModel::onSaveFinished);
     tableData.setProgressUpdateMutex(&progressMutex, &progressCondition);

@@ -366,8 +366,20 @@ public:
     void setColSortData(SortData const& data);
     SortData const& getRowSortData() const { return rowSortData; }
     SortData const& getColSortData() const { return colSortData; }
-    void setCaseSensitiveSorting(bool on) { caseSensitiveSorting = on; }
-    bool getCaseSensitiveSorting() const { return caseSensitiveSorting; }
+    void setCaseSensitiveSorting(bool on) { tableData.setCaseSensitiveSorting(on); }
+    bool getCaseSensitiveSorting() const { return tableData.getCaseSensitiveSorting(); }
+
+    // Sorting (TableModel_Sorting.cpp).
+
+    /// The flag by which a long job is canceled; it belongs to the caller too.
+    void setCancelPointers(std::shared_ptr<bool> flag, std::shared_ptr<QMutex> mutex);
+    /// The raw indexes of all rows (columns) in the order that `sort` asks for, header lines in front. Empty if the
+    /// sort was canceled. Long work is done in a thread, under a local event loop and with updateProgressSignal.
+    Indexes getSortIndexes(SortData const& sort);
+    /// Puts the rows (columns) in an order and marks the line that they are sorted by.
+    void sortLines(Indexes const& order, SortData const& sort);
+    /// Takes that back; then nothing marks a sort along this axis.
+    void unsortLines(Indexes const& order, Axis axis);
 
     // A column's label is its text in the last visible header row. Lists are empty if the table has no such row.
     void getColumnLabels(QList<QString>& out, Indexes const& cols) const;
@@ -432,6 +444,8 @@ public:
     void enforceAutoFitColWidth(int col) { emit enforceAutoFitColWidthSignal(col); }
     void enforceAutoFitColWidths(Indexes const& cols) { emit enforceAutoFitColWidthsSignal(cols); }
     void enforceAutoFit(Indexes const& rows, Indexes const& cols);
+    /// Fits all rows (columns).
+    void enforceAutoFitAll(Axis axis) { emit enforceAutoFitAllSignal(axis); }
     /// Fits the rows and columns that the ranges touch.
     void enforceAutoFitOnModel(RangeVector const& ranges);
     void scrollToMainCell(bool ifNeeded, bool minimal) { emit scrollToMainCellSignal(ifNeeded, minimal); }
@@ -495,6 +509,7 @@ signals:
     void enforceAutoFitRowHeightsSignal(std::vector<int> rows);
     void enforceAutoFitColWidthSignal(int col);
     void enforceAutoFitColWidthsSignal(std::vector<int> cols);
+    void enforceAutoFitAllSignal(Axis axis);
     void scrollToMainCellSignal(bool ifNeeded, bool minimal);
     void scrollToRowSignal(int row, bool ifNeeded, bool minimal);
     void scrollToColSignal(int col, bool ifNeeded, bool minimal);
@@ -579,7 +594,6 @@ private:
     int firstRowIndex = 0;
     int firstColIndex = 0;
     bool representColumnsAsLetters = false;
-    bool caseSensitiveSorting = true;
     SortData colSortData;
     SortData rowSortData;
     int loadNumber = 0;            ///< tells the steps after one load from those of an earlier one

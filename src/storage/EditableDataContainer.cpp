@@ -260,6 +260,24 @@ bool EditableDataContainer::setCol(int col, Cells const& cells) {
     return storeCols(col, single);
 }
 
+void EditableDataContainer::permuteRows(std::vector<int> const& order) {
+    growStoredRows(numRowsStored);
+    rows.permute(order);
+}
+
+void EditableDataContainer::permuteCols(std::vector<int> const& order) {
+    std::vector<std::string_view> cells;
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        cells.clear();
+        for (int const col : order)
+            cells.push_back(rows.cell(row, static_cast<std::size_t>(col)));
+        // What a row does not store reads as empty.
+        while (!cells.empty() && cells.back().empty())
+            cells.pop_back();
+        rows.setRow(row, cells);
+    }
+}
+
 bool EditableDataContainer::insertRow(int row, Cells const& cells) {
     return insertEmptyRows(row, 1) && setRow(row, cells);
 }

@@ -53,6 +53,10 @@ public:
     bool copyRowContentsToAnotherRow(int from, int to) override;
     bool copyColContentsToAnotherCol(int from, int to) override;
 
+    /// Order the lines so that line i is what was line order[i]; need a permutation of all lines.
+    void permuteRows(std::vector<int> const& order);
+    void permuteCols(std::vector<int> const& order);
+
     // Many blocks of rows or columns at once, to be put back later. The blocks lie inside the table.
 
     void takeRows(TakenRows& taken, TakenRows::Blocks const& blocks);

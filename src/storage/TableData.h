@@ -6,6 +6,7 @@
 #include "storage/CellCodec.h"
 #include "storage/ConcealedList.h"
 
+#include <QMutex>
 #include <QObject>
 #include <QString>
 #include <QThread>
@@ -191,6 +192,20 @@ public:
     /// Counts the container's rows and has no other effect.
     void cemTableContents() const;
 
+    // Sorting.
+
+    void setCaseSensitiveSorting(bool on) { caseSensitiveSorting = on; }
+    bool getCaseSensitiveSorting() const { return caseSensitiveSorting; }
+    /// The flag by which a sort is canceled; it belongs to the caller too.
+    void setCancelPointers(std::shared_ptr<bool> flag, std::shared_ptr<QMutex> mutex);
+    /// Fills `out` as TableDataWorker::getSortIndexes does. With `useThread` a thread does the work and this runs a
+    /// local event loop meanwhile, which takes no input of the user for its first moments. False if canceled.
+    bool getSortIndexes(Indexes& out, int key, Axis axis, SortType type, int start, bool useThread) const;
+    /// Order the rows (columns) so that raw line i is what was line order[i]; concealed ones go with their content.
+    void sortLines(Axis axis, Indexes const& order);
+    /// Takes sortLines with the same order back.
+    void unsortLines(Axis axis, Indexes const& order);
+
     // Words.
 
     void setWordDelimiters(QString const& characters);
@@ -203,6 +218,7 @@ signals:
     void tableSizeChangedSignal(int rawRows, int rawCols, int modelRows, int modelCols);
     void saveStartedSignal(QString path);
     void saveFinishedSignal(QString path);
+    void updateProgressSignal(float percent) const;
 
 public slots:
     /// Ends the load thread and takes over the counts of the container that it has filled.
@@ -264,6 +280,9 @@ private:
     QMutex* progressMutex = nullptr;
     QWaitCondition* progressCondition = nullptr;
     bool saveWithTrailingDelimiters = true;
+    bool caseSensitiveSorting = true;
+    std::shared_ptr<bool> cancelFlag;
+    std::shared_ptr<QMutex> cancelMutex;
     QString extension = QStringLiteral("csv");
     QString delimiter = QStringLiteral(",");
     QString saveDelimiter = QStringLiteral(",");

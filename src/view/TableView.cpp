@@ -158,6 +158,8 @@ void TableView::connectSizesWithModel() {
     connect(model, &TableModel::enforceTableSizeSignal, this, &TableView::enforceTableSize);
     connect(model, &TableModel::toggleTransposeSignal, this, &TableView::refreshView);
     connect(model, &TableModel::refreshHeadersSignal, this, &TableView::refreshHeaders);
+    connect(model, &TableModel::enforceAutoFitAllSignal, this,
+            [this](Axis axis) { axis == Axis::Rows ? enforceAutoFitRowHeight(true) : enforceAutoFitColWidth(true); });
     connectSizesAlong(Axis::Rows);
     connectSizesAlong(Axis::Columns);
 }

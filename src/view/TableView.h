@@ -92,6 +92,14 @@ public:
     /// The last save after an edit has failed, and the table has not been clean, saved or loaded since.
     bool hasAutoSaveFailed() const { return autoSaveFailed; }
 
+    // Sorting (TableView_Sorting.cpp).
+
+    /// Sorts the table, with a dialog to watch and to cancel it if it takes long.
+    void sortRowsOrCols(SortData const& sort);
+    /// Sorts the rows by a column (with Axis::Columns, the columns by a row): ascending, or descending if they are
+    /// sorted by it in ascending order now. `line` is Model.
+    void toggleSort(Axis axis, int line);
+
     // Moving.
 
     void moveSelectionRelative(int rows, int cols) override;

@@ -1,0 +1,50 @@
+// Sorting, by the commands.
+
+#include "app/MainWindow.h"
+#include "model/SelectionOrder.h"
+#include "view/TableView.h"
+
+void MainWindow::sortBySelectedLine(Axis axis, SortType type) {
+    TableModel const& model = *activeTable->tableModel();
+    TableData const& data = model.getTableData();
+    Range const& mainCell = model.getMainCell();
+    int const raw = axis == Axis::Rows ? data.getRawFromModelCol(mainCell.col) : data.getRawFromModelRow(mainCell.row);
+    activeTable->sortRowsOrCols({type, axis, raw});
+}
+
+void MainWindow::sortSelectedCells(Axis axis, SortType type) {
+    TableModel const* const model = settledModel();
+    writeCells(sortedCells(*model, model->getSelection(), axis, type));
+}
+
+void MainWindow::commandSortSelectedColumnAscending() {
+    sortBySelectedLine(Axis::Rows, SortType::Ascending);
+}
+
+void MainWindow::commandSortSelectedColumnDescending() {
+    sortBySelectedLine(Axis::Rows, SortType::Descending);
+}
+
+void MainWindow::commandSortSelectedRowAscending() {
+    sortBySelectedLine(Axis::Columns, SortType::Ascending);
+}
+
+void MainWindow::commandSortSelectedRowDescending() {
+    sortBySelectedLine(Axis::Columns, SortType::Descending);
+}
+
+void MainWindow::commandSortSelectedCellsHorizontallyAscending() {
+    sortSelectedCells(Axis::Rows, SortType::Ascending);
+}
+
+void MainWindow::commandSortSelectedCellsHorizontallyDescending() {
+    sortSelectedCells(Axis::Rows, SortType::Descending);
+}
+
+void MainWindow::commandSortSelectedCellsVerticallyAscending() {
+    sortSelectedCells(Axis::Columns, SortType::Ascending);
+}
+
+void MainWindow::commandSortSelectedCellsVerticallyDescending() {
+    sortSelectedCells(Axis::Columns, SortType::Descending);
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "appearance/Theme.h"
+
+#include <QDialog>
+#include <QTimer>
+
+class QProgressBar;
+
+/// Stands before a window while a long job of one of its tables runs, and shows how far it is. Shows itself only after
+/// a moment, so that short jobs do not flash. The job is to be canceled on the signal rejected().
+class ProgressDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    ProgressDialog(QString const& what, Theme const& theme, QWidget* parent);
+
+public slots:
+    void setPercent(float percent);
+
+private:
+    QProgressBar* bar;
+    QTimer showTimer;
+};

@@ -1,0 +1,37 @@
+// Sorting.
+
+#include "model/undo/SortCommand.h"
+#include "view/ProgressDialog.h"
+#include "view/TableView.h"
+
+#include <memory>
+
+void TableView::sortRowsOrCols(SortData const& sort) {
+    if (sort.sortType == SortType::None || sort.index < 0 || loading)
+        return;
+    stopEditing();
+    auto const cancelFlag = std::make_shared<bool>(false);
+    auto const cancelMutex = std::make_shared<QMutex>();
+    TableModel* const model = tableModel();
+    model->setCancelPointers(cancelFlag, cancelMutex);
+    ProgressDialog progress(tr("Sorting ..."), model->getTheme(), window());
+    connect(model, &TableModel::updateProgressSignal, &progress, &ProgressDialog::setPercent);
+    connect(&progress, &QDialog::rejected, &progress, [&] {
+        QMutexLocker const lock(cancelMutex.get());
+        *cancelFlag = true;
+    });
+    auto command = std::make_unique<SortCommand>(model, sort);
+    model->setCancelPointers(nullptr, nullptr);
+    if (!command->isCanceled())
+        pushUndoCommand(command.release());
+}
+
+void TableView::toggleSort(Axis axis, int line) {
+    TableModel const& model = *tableModel();
+    bool const rows = axis == Axis::Rows;
+    TableData const& data = model.getTableData();
+    int const raw = rows ? data.getRawFromModelCol(line) : data.getRawFromModelRow(line);
+    SortData const& present = rows ? model.getRowSortData() : model.getColSortData();
+    bool const isAscending = present.index == raw && present.sortType == SortType::Ascending;
+    sortRowsOrCols({isAscending ? SortType::Descending : SortType::Ascending, axis, raw});
+}
