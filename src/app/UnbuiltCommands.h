@@ -177,19 +177,8 @@ public slots:
     void commandSetDefaultColumnWidth() { tellNotBuilt(); }
     void commandSetMaximumRowHeightForAutoFit() { tellNotBuilt(); }
     void commandSetMaximumColumnWidthForAutoFit() { tellNotBuilt(); }
-    void commandSetHeaderRowsToSelectedRow() { tellNotBuilt(); }
-    void commandSetHeaderColumnsToSelectedColumn() { tellNotBuilt(); }
-    void commandSetHeadersToSelectedCell() { tellNotBuilt(); }
-    void commandRemoveHeaderRows() { tellNotBuilt(); }
-    void commandRemoveHeaderColumns() { tellNotBuilt(); }
-    void commandRemoveAllHeaders() { tellNotBuilt(); }
-    void commandToggleFreezeHeaderRowsAndColumns() { tellNotBuilt(); }
     void commandSetNumberOfHeaderRows() { tellNotBuilt(); }
     void commandSetNumberOfHeaderColumns() { tellNotBuilt(); }
-    void commandToggleHighlightHeaderRows() { tellNotBuilt(); }
-    void commandToggleHighlightHeaderColumns() { tellNotBuilt(); }
-    void commandToggleFreezeHeaderRows() { tellNotBuilt(); }
-    void commandToggleFreezeHeaderColumns() { tellNotBuilt(); }
     void commandCommandLauncher() { tellNotBuilt(); }
     void commandOpenFileAnalysisWindow() { tellNotBuilt(); }
     void commandStatisticsSelectedColumns() { tellNotBuilt(); }
