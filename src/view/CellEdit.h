@@ -19,6 +19,7 @@ public:
     CellEdit(TableModel& model, bool overwrite);
 
     Range const& mainRange() const { return editMainRange; }
+    RangeVector const& ranges() const { return editRanges; }
     bool isOverwrite() const { return overwriteEdit; }
     bool isTextChanged() const { return cellTextChanged; }
     bool isMultiCell() const { return editRanges.size() > 1 || editRanges.front().type != RangeType::Cell; }

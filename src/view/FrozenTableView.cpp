@@ -69,7 +69,9 @@ void FrozenTableView::setTheme(Theme const& theme) {
         sheet += QStringLiteral("border-top: 1px solid %1;\n"
                                 "border-bottom: 1px solid %1;\n");
     sheet += QStringLiteral("}\n");
-    setStyleSheet(sheet.arg(theme.getBackground5Color().name()));
+    // A new sheet has all of the band's parts styled anew.
+    if (QString const text = sheet.arg(theme.getBackground5Color().name()); text != styleSheet())
+        setStyleSheet(text);
     tableDelegate()->setEditorBackgroundColor(theme.getCellColor());
     tableDelegate()->setTextColor(theme.getTextColor());
 }

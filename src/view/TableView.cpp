@@ -193,14 +193,27 @@ bool TableView::reloadFile(QString const& delimiter, EncodingType encoding, Pars
     if (same || getFilepath().isEmpty())
         return false;
     stack.clear();
+    startBackgroundLoad();
+    return model.reloadFile(delimiter, encoding, standard);
+}
+
+void TableView::reloadFileReadOnly(bool on) {
+    setReadOnly(on);
+    if (!getFilepath().isEmpty()) {
+        stack.clear();
+        loadCSV(getFilepath(), true);
+    }
+}
+
+void TableView::startBackgroundLoad() {
     hide();
     loading = true;
     setUpdatesEnabled(false);
-    return model.reloadFile(delimiter, encoding, standard);
 }
 
 void TableView::setReadOnly(bool on) {
     readOnly = on;
+    settings.setValue(SettingType::ReadOnly, on);
     tableModel()->setReadOnly(on);
 }
 
@@ -214,11 +227,8 @@ void TableView::setExtensionData(ExtensionData const& data) {
 }
 
 void TableView::loadCSV(QString const& path, bool background) {
-    if (background) {
-        hide();
-        loading = true;
-        setUpdatesEnabled(false);
-    }
+    if (background)
+        startBackgroundLoad();
     TableModel* const model = tableModel();
     model->loadCSV(path, background, readOnly, model->getDelimiter(), model->getSaveDelimiter(), model->getEncoding(),
                    model->getParsingStandard());

@@ -30,7 +30,8 @@ int TableView::calculateAutoFitRowHeight(int row) const {
 }
 
 int TableView::calculateAutoFitRowHeight(int row, int precision) const {
-    return RowFit(*this, tableFont, numHeaderCols, tableModel()->columnCountModel(), precision, maximumRowHeight)
+    return RowFit(*this, tableFont, tableModel()->getNumHeaderCols(), tableModel()->columnCountModel(), precision,
+                  maximumRowHeight)
         .heightOf(row);
 }
 
@@ -61,7 +62,7 @@ void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
         return;
     resizeTogether([&] {
         if (autoFitRowHeight) {
-            RowFit const fit(*this, tableFont, numHeaderCols, tableModel()->columnCountModel(),
+            RowFit const fit(*this, tableFont, tableModel()->getNumHeaderCols(), tableModel()->columnCountModel(),
                              verticalHeader()->resizeContentsPrecision(), maximumRowHeight);
             int const count = tableModel()->rowCountModel();
             for (int const row : rows) {
@@ -93,7 +94,7 @@ int TableView::estimateMaxWidthForColumnMainTable(int col, int precision, int de
     allEmpty = true;
     TableModel const& model = *tableModel();
     ColumnSample sample(averageCharWidth, maxWidth);
-    for (int const row : SampledLines(numHeaderRows, model.rowCountModel(), precision)) {
+    for (int const row : SampledLines(model.getNumVisibleHeaderRows(), model.rowCountModel(), precision)) {
         if (!sample.add(model.index(row, col).data().toString()))
             return maxWidth;
     }
@@ -108,7 +109,8 @@ int TableView::headerRowsWidth(int col) {
     QStyleOptionViewItem option;
     initViewItemOption(&option);
     int width = 0;
-    for (int const row : SampledLines(0, std::min(numHeaderRows, tableModel()->rowCountModel()), editPrecision)) {
+    for (int const row : SampledLines(
+             0, std::min(tableModel()->getNumVisibleHeaderRows(), tableModel()->rowCountModel()), editPrecision)) {
         QModelIndex const cell = tableModel()->index(row, col);
         QString const text = cell.data().toString();
         if (text.isEmpty())
@@ -135,6 +137,25 @@ void TableView::resizeColumnsToContents() {
         for (int col = 0; col < horizontalHeader()->count(); ++col)
             resizeColumnToContents(col, precision);
     });
+}
+
+/// While a text is typed its columns only grow; the cells above and below are not looked at before the edit is over.
+void TableView::widenTo(QString const& text, RangeVector const& ranges) {
+    if (!autoFitColWidth)
+        return;
+    bool const tooLong = qint64(averageCharWidth) * text.size() > maximumColumnWidth;
+    int const width = tooLong ? maximumColumnWidth : std::min(measuringTable.widthOf({text}), maximumColumnWidth);
+    auto const widen = [&](int col) { colSizes->raise(col, width); };
+    for (Range const& range : ranges) {
+        if (range.type == RangeType::Cell || range.type == RangeType::Column) {
+            widen(range.col);
+            continue;
+        }
+        for (int col = std::max(range.col, 0); col < tableModel()->columnCount(); ++col) {
+            if (std::find(range.excludedCols.begin(), range.excludedCols.end(), col) == range.excludedCols.end())
+                widen(col);
+        }
+    }
 }
 
 void TableView::enforceAutoFitColWidth(bool scroll) {

@@ -213,8 +213,21 @@ void TableView::onCellTextEdited(QString const& text) {
     hold(together);
     pendingEdit->setText(text, cellEditor != nullptr);
     hold(false);
+    widenTo(text, pendingEdit->ranges());
+    keepEditorInSight();
     if (together)
         refreshView();
+}
+
+/// The text may have widened the column of the editor past the edge of the view.
+void TableView::keepEditorInSight() {
+    if (!autoFitColWidth || cellEditor == nullptr || getCurrentlyEditedView() != this)
+        return;
+    int const col = pendingEdit->mainRange().col;
+    if (columnViewportPosition(col) + columnWidth(col) > viewport()->width()) {
+        scrollToMainCell(true, true);
+        updateEditorGeometries();
+    }
 }
 
 // How it ends.
@@ -230,6 +243,7 @@ void TableView::stopEditing(bool commit) {
         setFocus(Qt::OtherFocusReason);
         if (!commit) {
             pendingEdit->revert();
+            tableModel()->enforceAutoFitOnModel(pendingEdit->ranges());
             refreshView();
             pendingEdit.reset();
         }
@@ -244,12 +258,15 @@ void TableView::onCellEditingFinished() {
         return;
     // Pushing may show a message, and the edit is over by then.
     bool const changed = pendingEdit->isTextChanged();
+    RangeVector const ranges = pendingEdit->ranges();
     std::unique_ptr<QUndoCommand> command = pendingEdit->finish();
     pendingEdit.reset();
     if (command)
         pushUndoCommand(command.release());
-    else if (changed)
+    else if (changed) {
+        tableModel()->enforceAutoFitOnModel(ranges);
         refreshView();
+    }
     emit addContextSignal(Context::Navigating);
 }
 

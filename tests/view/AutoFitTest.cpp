@@ -1,0 +1,267 @@
+#include "TableFixture.h"
+#include "tests/support/MsgBoxAnswers.h"
+#include "view/ColumnSample.h"
+#include "view/SampledLines.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+namespace {
+
+TEST(SampledLines, AreTheFirstHundredAndThenAsManyAsThePrecision) {
+    struct {
+        int first, count, precision, lines, hundredth, last;
+    } const cases[] = {{0, 99, 50, 99, -1, 98},      {0, 1000, 50, 145, 100, 980}, {1, 1000, 50, 144, 120, 980},
+                       {0, 300, 500, 300, 100, 299}, {5, 5, 50, 0, -1, -1},        {7, 3, 50, 0, -1, -1}};
+    for (auto const& expected : cases) {
+        std::vector<int> lines;
+        for (int const line : SampledLines(expected.first, expected.count, expected.precision))
+            lines.push_back(line);
+        EXPECT_EQ(lines.size(), std::size_t(expected.lines)) << expected.count;
+        EXPECT_EQ(lines.empty() ? -1 : lines.back(), expected.last);
+        EXPECT_EQ(lines.size() > 100 ? lines[100] : -1, expected.hundredth);
+    }
+}
+
+TEST(ColumnSample, KeepsTheFiveLongestTextsUntilOneIsTooLong) {
+    ColumnSample sample(10, 95);
+    for (char const* text : {"", "ccc", "a", "dddd", "bb", "eeeee", "ffffff", "xx"})
+        EXPECT_TRUE(sample.add(QString::fromLatin1(text)));
+    EXPECT_EQ(sample.texts(), (std::vector<QString>{"ffffff", "eeeee", "dddd", "ccc", "bb"}));
+    EXPECT_FALSE(sample.add(QString(10, u'w')));
+    EXPECT_TRUE(ColumnSample(10, -1).add(QString(10000, u'w')));
+}
+
+class AutoFit : public TableFixture {
+protected:
+    void loadText(QByteArray const& text) {
+        ASSERT_TRUE(file.open());
+        file.write(text);
+        file.flush();
+        view.resize(640, 480);
+        view.loadCSV(file.fileName(), false);
+        view.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    }
+    void type(int row, int col, QString const& text) { model().setData(model().index(row, col), text); }
+    static QString words(int count) { return QStringLiteral("word ").repeated(count).trimmed(); }
+};
+
+TEST_F(AutoFit, ColumnIsAsWideAsItsContentsWithinItsBounds) {
+    view.setAutoFitColWidth(true, false);
+    loadText("head,\"a header wider than eighty pixels\",,x\n1," + QByteArray() + ",,\n" +
+             QByteArray("a text of middling length,,,") + QByteArray(10000, 'w') + "\n");
+    int const fitted = view.columnWidth(0);
+    EXPECT_GT(fitted, 100);
+    EXPECT_LT(fitted, 300);
+    EXPECT_GT(view.columnWidth(1), 150) << "the header row decides over an empty column";
+    EXPECT_EQ(view.columnWidth(2), view.getDefaultColumnWidth()) << "an empty column";
+    EXPECT_EQ(view.columnWidth(3), view.getMaximumColumnWidth());
+    view.setMaximumColumnWidth(90, false);
+    EXPECT_EQ(view.columnWidth(0), 90);
+    EXPECT_EQ(view.columnWidth(2), 80);
+}
+
+TEST_F(AutoFit, ColumnNarrowerThanTheDefaultHugsItsTexts) {
+    view.setAutoFitColWidth(true, false);
+    loadText("a,b\n1,2\n");
+    EXPECT_LT(view.columnWidth(0), view.getDefaultColumnWidth());
+    bool allEmpty = true;
+    int const width = view.estimateMaxWidthForColumnMainTable(0, 50, 80, 800, allEmpty);
+    EXPECT_FALSE(allEmpty);
+    EXPECT_EQ(view.estimateMaxWidthForColumnMainTable(0, 50, 80, width - 1, allEmpty), width - 1);
+    view.estimateMaxWidthForColumnMainTable(5, 50, 80, 800, allEmpty);
+    EXPECT_TRUE(allEmpty);
+}
+
+TEST_F(AutoFit, WidensWithAnEditAndWithTyping) {
+    view.setAutoFitColWidth(true, false);
+    load(3, 3);
+    select(1, 1);
+    int const before = view.columnWidth(1);
+    key(Qt::Key_A);
+    auto* const editor = view.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClicks(editor, words(12));
+    int const typed = view.columnWidth(1);
+    EXPECT_GT(typed, before * 3);
+    view.stopEditing();
+    int const committed = view.columnWidth(1);
+    EXPECT_GT(committed, before * 3);
+    view.undo();
+    EXPECT_EQ(view.columnWidth(1), before);
+    view.redo();
+    EXPECT_EQ(view.columnWidth(1), committed);
+}
+
+TEST_F(AutoFit, EditorStaysInSightAsItsColumnGrowsPastTheEdge) {
+    view.setAutoFitColWidth(true, false);
+    load(3, 12);
+    view.scrollToTopLeft();
+    int const col = view.columnAt(view.viewport()->width() - 2);
+    view.scrollToCol(col, true, true);
+    select(1, col);
+    key(Qt::Key_A);
+    auto* const editor = view.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClicks(editor, words(8));
+    EXPECT_EQ(view.findChild<QLineEdit*>(), editor);
+    EXPECT_EQ(editor->text(), "a" + words(8));
+    EXPECT_LE(editor->geometry().right(), view.viewport()->width());
+}
+
+TEST_F(AutoFit, RowIsAsHighAsItsWrappedTexts) {
+    loadText("h\n\"one\ntwo\nthree\nfour\"\nshort\n\n");
+    type(2, 0, words(200));
+    EXPECT_EQ(view.rowHeight(1), 24);
+    view.setAutoFitRowHeight(true, false);
+    QFontMetrics const metrics(model().getFont());
+    EXPECT_GE(view.rowHeight(1), 4 * metrics.height());
+    EXPECT_LE(view.rowHeight(1), 5 * metrics.height() + 8);
+    EXPECT_EQ(view.rowHeight(2), 400) << "no higher than the greatest height";
+    EXPECT_EQ(view.rowHeight(3), 24) << "an empty row";
+    int const withGrid = view.calculateAutoFitRowHeight(1);
+    view.setShowGrid(false);
+    EXPECT_EQ(view.calculateAutoFitRowHeight(1), withGrid - 1);
+    EXPECT_EQ(view.calculateAutoFitRowHeight(3), 0);
+    model().setNumberOfHeaderCols(1);
+    EXPECT_EQ(view.calculateAutoFitRowHeight(1), 0) << "header columns do not count";
+    model().setNumberOfHeaderCols(0);
+    view.setMaximumRowHeight(50, false);
+    EXPECT_EQ(view.rowHeight(2), 50);
+}
+
+TEST_F(AutoFit, HeightIsThatOfQtsLayoutForEveryKindOfText) {
+    QStringList const texts{"plain",
+                            words(9),
+                            QString::fromUtf8("größer als ein Wort, mehr als eine Zeile"),
+                            "a\nb",
+                            "tab\there",
+                            QString::fromUtf8("\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d"),
+                            QString(14, u'W'),
+                            QString(14, u'i')};
+    load(2, 1);
+    view.setAutoFitRowHeight(true, false);
+    QFontMetrics const metrics(model().getFont());
+    for (int width = 60; width <= 240; width += 45) {
+        view.setColumnWidth(0, width);
+        for (QString const& text : texts) {
+            type(1, 0, text);
+            int const margin = (view.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &view) + 1) * 2;
+            QRect const laidOut = metrics.boundingRect(0, 0, width - margin - 1, 99999, 4129, text);
+            EXPECT_EQ(view.calculateAutoFitRowHeight(1), std::min(laidOut.height() + margin + 1, 400))
+                << qPrintable(text) << width;
+        }
+    }
+}
+
+TEST_F(AutoFit, RowLooksAtEveryColumnUpToTheHundredthAndThenAtSome) {
+    load(2, 400);
+    QString const tall = "a\nb\nc\nd";
+    int const flat = view.calculateAutoFitRowHeight(1, 50); // every eighth column from the hundredth on
+    struct {
+        int col;
+        bool counts;
+    } const cases[] = {{99, true}, {100, true}, {101, false}, {107, false}, {108, true}};
+    for (auto const& [col, counts] : cases) {
+        type(1, col, tall);
+        EXPECT_EQ(view.calculateAutoFitRowHeight(1, 50) > flat, counts) << col;
+        type(1, col, "x");
+    }
+}
+
+TEST_F(AutoFit, CountsDownWhatItSkips) {
+    load(2, 2);
+    view.setAutoFitColWidth(true, false);
+    int const fitted = view.columnWidth(0);
+    view.setAutoFitColumnCountdown(1);
+    for (int const expected : {fitted, 200}) {
+        view.setColumnWidth(0, 200);
+        view.enforceAutoFitColWidth(false);
+        EXPECT_EQ(view.columnWidth(0), expected);
+    }
+    view.setAutoFitColumnCountdown(-1);
+    view.enforceAutoFitColWidth(false);
+    EXPECT_EQ(view.columnWidth(0), fitted);
+}
+
+TEST_F(AutoFit, TextSizeAndFontRefit) {
+    load(3, 2);
+    view.setAutoFitColWidth(true, false);
+    view.setAutoFitRowHeight(true, false);
+    int const width = view.columnWidth(0);
+    view.setTextSize(36);
+    EXPECT_GT(view.columnWidth(0), width);
+    EXPECT_GT(view.rowHeight(0), 36);
+    EXPECT_EQ(model().getFont().pixelSize(), 36);
+    QFont other = model().getFont();
+    other.setPixelSize(9);
+    view.setFont(other);
+    EXPECT_EQ(model().getFont().pixelSize(), 36) << "the text size stays";
+}
+
+class AutoFitWarning : public AutoFit, public testing::WithParamInterface<std::array<int, 5>> {
+protected:
+    ~AutoFitWarning() override { TableView::setSuppressAutoFitWarnings(false); }
+};
+
+// Rows, columns, whether each is fitted, and the lines of the text.
+TEST_P(AutoFitWarning, AsksAboutWhatTakesAWhile) {
+    auto const [rows, cols, fitRows, fitCols, text] = GetParam();
+    static char const* const texts[] = {
+        "",
+        "This file has a lot of rows (10001).\nAuto-Fit Row Height is enabled, so loading will take a while.\n"
+        "Would you like to disable Auto-Fit Row Height?",
+        "This file has a lot of columns (10001).\nAuto-Fit Column Width is enabled, so loading will take a while.\n"
+        "Would you like to disable Auto-Fit Column Width?",
+        "This file has a lot of rows (10001) and columns (10001).\n"
+        "Auto-Fit Row Height and Auto-Fit Column Width are enabled, so loading will take a while.\n"
+        "Would you like to disable them?"};
+    load(1, 1);
+    MsgBoxAnswers answers;
+    if (fitRows != 0)
+        view.setAutoFitRowHeight(true, false);
+    if (fitCols != 0)
+        view.setAutoFitColWidth(true, false);
+    view.setAutoFitColumnCountdown(0);
+    model().insertRows(1, rows - 1);
+    model().insertColumns(1, cols - 1);
+    if (text != 0)
+        answers.next("Disable Auto-Fit");
+    QSignalSpy const kept(&view, &TableView::fileMetadataChangedSignal);
+    view.warnAutoFitIfLargeFile();
+    EXPECT_EQ(answers.texts().value(0), texts[text]);
+    EXPECT_EQ(view.isAutoFitRowHeight(), fitRows != 0 && (text & 1) == 0);
+    EXPECT_EQ(view.isAutoFitColWidth(), fitCols != 0 && (text & 2) == 0);
+    EXPECT_EQ(kept.isEmpty(), text == 0);
+}
+
+using Case = std::array<int, 5>;
+INSTANTIATE_TEST_SUITE_P(Sizes, AutoFitWarning,
+                         testing::Values(Case{10000, 1, 1, 1, 0}, Case{10001, 1, 1, 1, 1}, Case{10001, 1, 0, 1, 0},
+                                         Case{1, 10000, 1, 1, 0}, Case{1, 10001, 1, 1, 2}, Case{1, 10001, 1, 0, 0},
+                                         Case{10001, 10001, 1, 1, 3}, Case{10001, 10001, 0, 1, 2}));
+
+TEST_F(AutoFitWarning, IsNotShownAgainOnceUnwanted) {
+    load(1, 1);
+    view.setAutoFitRowHeight(true, false);
+    model().insertRows(1, 10001);
+    QSignalSpy const unwanted(&view, &TableView::suppressAutoFitWarningsChangedSignal);
+    int shown = 0;
+    MsgBox::setAnswer([&](MsgBox const& box) {
+        ++shown;
+        EXPECT_EQ(box.checkBox()->text(), "Don't ask me again");
+        box.checkBox()->setChecked(shown == 2);
+        return box.buttons()[1];
+    });
+    for (int time = 0; time < 4; ++time)
+        view.warnAutoFitIfLargeFile();
+    MsgBox::setAnswer({});
+    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(unwanted.count(), 1);
+    EXPECT_TRUE(view.isAutoFitRowHeight());
+}
+
+} // namespace
