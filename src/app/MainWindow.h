@@ -30,6 +30,8 @@ class TableModel;
 class TableView;
 class QMenu;
 class QScrollArea;
+enum class DialectPart;
+struct Dialect;
 struct MenuItem;
 
 /// One window of the program with all its open tables. A face: it owns the widgets and passes what a person asks on to
@@ -97,9 +99,6 @@ public slots:
     void commandCloseFile();
     void commandCloseAllFiles();
     void commandExit();
-    void commandReloadFileWithDelimiter();
-    void commandReloadFileWithEncoding();
-    void commandReloadFileWithParsingStandard();
 
     // The active table (MainWindow_Table.cpp).
     void commandUndo();
@@ -296,6 +295,55 @@ public slots:
     void commandScrollToBottom();
     void commandScrollToFarLeft();
     void commandScrollToFarRight();
+    // Questions for a place or a count in the active table (MainWindow_GoTo.cpp).
+    void commandGoToCell();
+    void commandSelectFromMainCellTo();
+    void commandMoveCellContentsTo();
+    void commandDuplicateCellContentsTo();
+    void commandMoveRowsJustAboveRow();
+    void commandMoveColumnsToTheLeftOfColumn();
+    void commandInsertRowsBeforeMultipleTimes();
+    void commandInsertColumnsBeforeMultipleTimes();
+    void commandDuplicateRowsMultipleTimes();
+    void commandDuplicateColumnsMultipleTimes();
+
+    // Questions for a dialect (MainWindow_Dialect.cpp).
+    void commandReloadFile();
+    void commandReloadFileWithDifferentParameters();
+    void commandReloadFileWithDelimiter();
+    void commandReloadFileWithEncoding();
+    void commandReloadFileWithParsingStandard();
+    void commandSetParametersForFileSave();
+    void commandSetDelimiterForFileSave();
+    void commandSetLineEndingForFileSave();
+    void commandSetEncodingForFileSave();
+    void commandSetParsingStandardForFileSave();
+    void commandListCharacterEncodings();
+
+    // Questions for a setting or a size (MainWindow_Prompts.cpp).
+    void commandSetBehaviorWhenFileIsChangedExternally();
+    void commandSetTextEditor();
+    void commandSetMinimumFileSizeForReadOnlyModeQueryMB();
+    void commandSetUUIDType();
+    void commandSetSearchEngine();
+    void commandSetOnlineMap();
+    void commandSetFont();
+    void commandSetTextSize();
+    void commandSetTheme();
+    void commandSetDefaultRowHeight();
+    void commandSetDefaultColumnWidth();
+    void commandSetMaximumRowHeightForAutoFit();
+    void commandSetMaximumColumnWidthForAutoFit();
+    void commandSetNumberOfHeaderRows();
+    void commandSetNumberOfHeaderColumns();
+    void commandSetFirstRowIndex();
+    void commandSetFirstColumnIndex();
+    void commandSetMinimumNumberOfTableRows();
+    void commandSetMinimumNumberOfTableColumns();
+    void commandSetNumberOfBufferRows();
+    void commandSetNumberOfBufferColumns();
+    void commandSetSelectedRowHeights();
+    void commandSetSelectedColumnWidths();
 
 signals:
     void mainWindowClosedSignal();
@@ -320,6 +368,8 @@ private:
     void loadSettingsFromFile();
     void setupExtensions();
     void openPreferenceFile(QString const& path);
+    /// The user has said in a table's warning that no more are wanted.
+    void onSuppressAutoFitWarningsChanged(bool suppress);
     void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
     TableView* makeEmptyTableObject();
@@ -335,9 +385,13 @@ private:
     void onSavedStatusChanged(TableView* table, bool clean);
     /// The bits that the table brings to the window's context.
     Context contextOfTable(TableView const* table) const;
-    /// Asks for one of `options` and gives its index; -1 if the user wants none.
-    int askForOption(QString const& title, QStringList const& options, QString const& current);
-    void reloadActiveFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
+    void askForReload(std::vector<DialectPart> const& parts);
+    void askForSaveDialect(std::vector<DialectPart> const& parts);
+    void reloadTable(TableView* table, Dialect const& dialect);
+    /// Asks for the value of a setting: of the active table for one of table scope, else of the window.
+    void askForSetting(SettingType type);
+    /// Keeps the value of a setting for the window and in the settings file, and puts it in force.
+    void storeSetting(SettingType type, QString const& value);
     bool confirmDiscardUnsavedEditsForReload(TableView* table);
     /// Asks whether to save, to discard or to cancel; true if the changes are saved or the user lets them go.
     bool mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel);
@@ -384,6 +438,8 @@ private:
     void onMainCellLengthChanged(int length);
     void updateStatsLabel();
     void connectStatusBar(TableView* table);
+    void connectDialectLabels(TableView* table);
+    void updateDialectLabels();
     void onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols);
 
     Theme theme;

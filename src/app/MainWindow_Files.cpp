@@ -131,6 +131,8 @@ TableView* MainWindow::makeEmptyTableObject() {
     table->setupContextMenus(actions);
     table->setExtensionData(settledOptions(ExtensionTable::find(extensions, QStringLiteral("csv")), QString()));
     connectStatusBar(table);
+    connect(table, &TableView::suppressAutoFitWarningsChangedSignal, this,
+            &MainWindow::onSuppressAutoFitWarningsChanged);
     connect(table, &TableView::undoStackCleanChangedSignal, this,
             [this, table](bool clean) { onSavedStatusChanged(table, clean); });
     return table;

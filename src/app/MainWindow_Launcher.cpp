@@ -7,7 +7,7 @@
 #include "app/launcher/PromptChain.h"
 
 #include <QAction>
-#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QPointer>
 
@@ -97,8 +97,12 @@ void MainWindow::onCommandLauncherResponseReceived(QString const& response) {
     }
 }
 
-QString MainWindow::settingPill(Command const&) const {
-    return {};
+QString MainWindow::settingPill(Command const& command) const {
+    if (command.setting == SettingType::None) {
+        return {};
+    }
+    Settings const& inForce = command.scope == ScopeType::Table ? activeTable->getSettings() : settings;
+    return inForce.displayText(command.setting);
 }
 
 void MainWindow::onDelimiterOptionsPrompt() {
@@ -146,7 +150,9 @@ void MainWindow::commandGoToFile() {
     std::vector<QPointer<TableView>> tables;
     for (int i = 0; i < tabBar->count(); ++i) {
         TableView* const table = tabBar->tableAt(i);
-        OptionData option(table->tableModel()->getTableName(), QDir::toNativeSeparators(table->getFilepath()));
+        QString const path = table->getFilepath();
+        OptionData option(table->tableModel()->getTableName(),
+                          path.isEmpty() ? path : QFileInfo(path).absoluteFilePath());
         option.response = QString::number(i); // several files may have one name
         step.options.push_back(option);
         tables.emplace_back(table);

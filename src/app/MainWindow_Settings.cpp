@@ -80,6 +80,11 @@ void MainWindow::toggleSetting(SettingType type) {
     propagateSettings();
 }
 
+void MainWindow::onSuppressAutoFitWarningsChanged(bool suppress) {
+    settings.setValue(SettingType::SuppressAutoFitWarnings, suppress);
+    PreferenceFiles::writeSettingToFile(settings, SettingType::SuppressAutoFitWarnings);
+}
+
 // The edits of a table that is not saved would be lost: the table is read anew, in the other way.
 void MainWindow::commandToggleReadOnly() {
     TableView* const table = activeTable;

@@ -8,12 +8,13 @@
 #include <QScrollBar>
 
 void MainWindow::commandCloseAllFilesExceptCurrent() {
-    TableView const* const kept = activeTable;
+    TableView* const kept = activeTable;
     for (TableView* const table : paneView->getTables()) {
         if (table != kept && !closeFile(table)) {
             return;
         }
     }
+    setActiveTable(kept);
 }
 
 void MainWindow::switchToExistingTab(int index) {

@@ -30,16 +30,7 @@ public slots:
     void commandShowFileInFileSystem() { tellNotBuilt(); }
     void commandOpenTerminalToFilesDirectory() { tellNotBuilt(); }
     void commandOpenFileInTextEditor() { tellNotBuilt(); }
-    void commandSetBehaviorWhenFileIsChangedExternally() { tellNotBuilt(); }
-    void commandSetTextEditor() { tellNotBuilt(); }
     void commandToggleRemoveExtraneousRowsColumnsOnFileSave() { tellNotBuilt(); }
-    void commandReloadFile() { tellNotBuilt(); }
-    void commandReloadFileWithDifferentParameters() { tellNotBuilt(); }
-    void commandSetParametersForFileSave() { tellNotBuilt(); }
-    void commandSetDelimiterForFileSave() { tellNotBuilt(); }
-    void commandSetLineEndingForFileSave() { tellNotBuilt(); }
-    void commandSetEncodingForFileSave() { tellNotBuilt(); }
-    void commandSetParsingStandardForFileSave() { tellNotBuilt(); }
     void commandCutCells() { tellNotBuilt(); }
     void commandCopyCells() { tellNotBuilt(); }
     void commandCopyCellsWithHeader() { tellNotBuilt(); }
@@ -47,13 +38,7 @@ public slots:
     void commandCopyCellsToHtml() { tellNotBuilt(); }
     void commandPasteCells() { tellNotBuilt(); }
     void commandPasteCellsSpecial() { tellNotBuilt(); }
-    void commandSetMinimumFileSizeForReadOnlyModeQueryMB() { tellNotBuilt(); }
     void commandToggleRetainSortAndFiltersUponFileRefresh() { tellNotBuilt(); }
-    void commandMoveCellContentsTo() { tellNotBuilt(); }
-    void commandMoveRowsJustAboveRow() { tellNotBuilt(); }
-    void commandMoveColumnsToTheLeftOfColumn() { tellNotBuilt(); }
-    void commandInsertRowsBeforeMultipleTimes() { tellNotBuilt(); }
-    void commandInsertColumnsBeforeMultipleTimes() { tellNotBuilt(); }
     void commandConvertDateTimeFormat() { tellNotBuilt(); }
     void commandConvertNumberFormat() { tellNotBuilt(); }
     void commandPlaceCurrentDateTimeStampNowInSelectedCells() { tellNotBuilt(); }
@@ -70,9 +55,6 @@ public slots:
     void commandSortSelectedCellsVerticallyAscending() { tellNotBuilt(); }
     void commandSortSelectedCellsVerticallyDescending() { tellNotBuilt(); }
     void commandToggleCaseSensitiveSorting() { tellNotBuilt(); }
-    void commandDuplicateCellContentsTo() { tellNotBuilt(); }
-    void commandDuplicateRowsMultipleTimes() { tellNotBuilt(); }
-    void commandDuplicateColumnsMultipleTimes() { tellNotBuilt(); }
     void commandFillSelectedCellsWithSeries() { tellNotBuilt(); }
     void commandReshapeSelectedCellsRowWise() { tellNotBuilt(); }
     void commandReshapeSelectedCellsColumnWise() { tellNotBuilt(); }
@@ -100,11 +82,8 @@ public slots:
     void commandRefreshFilters() { tellNotBuilt(); }
     void commandPrependCellContents() { tellNotBuilt(); }
     void commandAppendCellContents() { tellNotBuilt(); }
-    void commandListCharacterEncodings() { tellNotBuilt(); }
     void commandAddOrUpdateIDColumn() { tellNotBuilt(); }
     void commandParseSelectedCellContentsAsTable() { tellNotBuilt(); }
-    void commandSetUUIDType() { tellNotBuilt(); }
-    void commandSelectFromMainCellTo() { tellNotBuilt(); }
     void commandAddNextMatchToSelection() { tellNotBuilt(); }
     void commandSelectAllMatches() { tellNotBuilt(); }
     void commandFind() { tellNotBuilt(); }
@@ -115,14 +94,6 @@ public slots:
     void commandReplaceNextMatch() { tellNotBuilt(); }
     void commandReplacePreviousMatch() { tellNotBuilt(); }
     void commandReplaceAllMatches() { tellNotBuilt(); }
-    void commandSetSelectedRowHeights() { tellNotBuilt(); }
-    void commandSetSelectedColumnWidths() { tellNotBuilt(); }
-    void commandSetDefaultRowHeight() { tellNotBuilt(); }
-    void commandSetDefaultColumnWidth() { tellNotBuilt(); }
-    void commandSetMaximumRowHeightForAutoFit() { tellNotBuilt(); }
-    void commandSetMaximumColumnWidthForAutoFit() { tellNotBuilt(); }
-    void commandSetNumberOfHeaderRows() { tellNotBuilt(); }
-    void commandSetNumberOfHeaderColumns() { tellNotBuilt(); }
     void commandOpenFileAnalysisWindow() { tellNotBuilt(); }
     void commandStatisticsSelectedColumns() { tellNotBuilt(); }
     void commandStatisticsAllColumns() { tellNotBuilt(); }
@@ -133,13 +104,10 @@ public slots:
     void commandUniqueValuesSelectedColumn() { tellNotBuilt(); }
     void commandPivotTableSelectedColumns() { tellNotBuilt(); }
     void commandColumnLookup() { tellNotBuilt(); }
-    void commandGoToCell() { tellNotBuilt(); }
     void commandFollowSelectedHyperlinks() { tellNotBuilt(); }
     void commandEmailSelectedEmailAddresses() { tellNotBuilt(); }
     void commandWebSearchForSelectedTerms() { tellNotBuilt(); }
     void commandWebSearchForSelectedPlacesInMap() { tellNotBuilt(); }
-    void commandSetSearchEngine() { tellNotBuilt(); }
-    void commandSetOnlineMap() { tellNotBuilt(); }
     void commandPreferences() { tellNotBuilt(); }
     void commandReportABug() { tellNotBuilt(); }
     void commandRequestAFeature() { tellNotBuilt(); }
@@ -159,15 +127,6 @@ public slots:
     void commandToggleShowSideBarFolders() { tellNotBuilt(); }
     void commandToggleShowRowLabels() { tellNotBuilt(); }
     void commandToggleShowColumnLabels() { tellNotBuilt(); }
-    void commandSetFirstRowIndex() { tellNotBuilt(); }
-    void commandSetFirstColumnIndex() { tellNotBuilt(); }
-    void commandSetFont() { tellNotBuilt(); }
-    void commandSetTextSize() { tellNotBuilt(); }
-    void commandSetTheme() { tellNotBuilt(); }
-    void commandSetMinimumNumberOfTableRows() { tellNotBuilt(); }
-    void commandSetMinimumNumberOfTableColumns() { tellNotBuilt(); }
-    void commandSetNumberOfBufferRows() { tellNotBuilt(); }
-    void commandSetNumberOfBufferColumns() { tellNotBuilt(); }
 
 private:
     /// Names the command by the action that triggered the running slot.

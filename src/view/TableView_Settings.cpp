@@ -1,5 +1,6 @@
 // What the user has set, put in force in a table.
 
+#include "view/HeaderView.h"
 #include "view/TableView.h"
 
 // What is set for tables are defaults for new ones: a table takes them once and keeps its own from then on.
@@ -8,7 +9,6 @@ void TableView::propagateSettings(Settings const& newSettings) {
         settings.takeGlobalValues(newSettings);
     } else {
         settings = newSettings;
-        settings.setValue(SettingType::ReadOnly, readOnly);
     }
     applyGlobalSettings();
     if (!hasSettings) {
@@ -19,32 +19,31 @@ void TableView::propagateSettings(Settings const& newSettings) {
     refreshView();
 }
 
-// What is the same already stays untouched: a new default size takes back those that the user has pulled, and a new
-// font measures all texts.
 void TableView::applyGlobalSettings() {
     TableModel& model = *tableModel();
+    auto const setIfNew = [this](auto&& setter, auto const& present, auto const& wanted) {
+        if (!hasSettings || present != wanted)
+            (this->*setter)(wanted);
+    };
     auto const on = [this](SettingType type) { return settings.getValueBool(type); };
     auto const number = [this](SettingType type) { return settings.getValueInt(type); };
-    if (getDefaultRowHeight() != number(SettingType::DefaultRowHeight))
-        setDefaultRowHeight(number(SettingType::DefaultRowHeight));
-    if (getDefaultColumnWidth() != number(SettingType::DefaultColumnWidth))
-        setDefaultColumnWidth(number(SettingType::DefaultColumnWidth));
+    // Sizes and fonts fit the whole table anew, so only what has changed is set.
+    setIfNew(&TableView::setDefaultRowHeight, defaultRowHeight, number(SettingType::DefaultRowHeight));
+    setIfNew(&TableView::setDefaultColumnWidth, defaultColumnWidth, number(SettingType::DefaultColumnWidth));
     setLetEditorPaneConsumeNavigationKeystrokes(on(SettingType::LetEditorPaneConsumeNavigationKeystrokes));
-    setShadeEveryOtherRow(on(SettingType::ShadeEveryOtherRow));
-    setShadeEveryOtherColumn(on(SettingType::ShadeEveryOtherColumn));
-    setHighlightMainCellRow(on(SettingType::HighlightMainSelectedCellsRow));
-    setHighlightMainCellColumn(on(SettingType::HighlightMainSelectedCellsColumn));
+    model.setShadeEveryOtherRow(on(SettingType::ShadeEveryOtherRow));
+    model.setShadeEveryOtherColumn(on(SettingType::ShadeEveryOtherColumn));
+    model.setHighlightMainCellRow(on(SettingType::HighlightMainSelectedCellsRow));
+    model.setHighlightMainCellColumn(on(SettingType::HighlightMainSelectedCellsColumn));
     setShowRowLabels(on(SettingType::ShowRowLabels));
     setShowColLabels(on(SettingType::ShowColumnLabels));
     setRepresentColumnsAsLetters(on(SettingType::RepresentColumnsAsLetters));
     model.setCaseSensitiveSorting(on(SettingType::CaseSensitiveSorting));
     setSnapToRowAfterScrolling(on(SettingType::SnapToRowAfterScrolling));
     setSnapToColumnAfterScrolling(on(SettingType::SnapToColumnAfterScrolling));
-    setSuppressAutoFitWarnings(on(SettingType::SuppressAutoFitWarnings));
-    if (model.getFont().family() != settings.getFont().family())
-        setFont(settings.getFont());
-    if (model.getTextSize() != number(SettingType::TextSize))
-        setTextSize(number(SettingType::TextSize));
+    suppressAutoFitWarnings = on(SettingType::SuppressAutoFitWarnings);
+    setIfNew(&TableView::setFont, tableFont.family(), settings.getFont().family());
+    setIfNew(&TableView::setTextSize, textSize, number(SettingType::TextSize));
     setTheme(settings.getTheme());
     model.setMinNumTableRows(number(SettingType::MinimumNumberOfTableRows));
     model.setMinNumTableCols(number(SettingType::MinimumNumberOfTableColumns));

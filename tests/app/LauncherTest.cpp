@@ -81,11 +81,11 @@ TEST_F(LauncherTest, TypingRanksWhatMatchesAndErasingBringsTheOrderBack) {
     offer(all);
     press(Qt::Key_Down);
     launcher->setEditorText("row");
-    EXPECT_EQ(shown(), (QStringList{"Hide Row", "Row", "r-o-w", "Insert Row(s) Before"}));
+    EXPECT_EQ(shown(), (QStringList{"Hide Row", "Insert Row(s) Before", "Row", "r-o-w"}));
     EXPECT_EQ(list().getSelectedIndex(), 0);
     EXPECT_EQ(list().shownRow(0)->getHighlightedText(),
               "<span style=\"color:#ffffff;\">Hide <b style=\"color:#ff0000;\">Row</b></span>");
-    EXPECT_EQ(list().shownRow(2)->getHighlightedText().count("<b "), 3);
+    EXPECT_EQ(list().shownRow(3)->getHighlightedText().count("<b "), 3);
     launcher->setEditorText("rows");
     EXPECT_EQ(shown(), QStringList{"Insert Row(s) Before"});
     EXPECT_TRUE(list().shownRow(0)->isSelected());

@@ -155,6 +155,11 @@ TEST_F(PromptChainTest, TheCommandLauncherRunsWhatIsLiveAndNothingElse) {
     window.commandCommandLauncher();
     EXPECT_TRUE(prompts.options().contains("Data/Insert: Insert Row(s) Before"));
     EXPECT_FALSE(prompts.options().contains("File: Save Visible Data As")); // nothing is concealed
+    prompts.type("Command:", "Toggle Read-Only");
+    OptionListWidget const& list = *window.getPaneView()->getLauncher()->getOptionList();
+    EXPECT_EQ(list.shownRow(0)->getData().valuePill,
+              window.getActiveTable()->getSettings().displayText(SettingType::ReadOnly));
+    EXPECT_NE(list.shownRow(0)->getData().valuePill, "");
     int const rows = window.getActiveTable()->tableModel()->rowCountRaw();
     prompts.choose("Command:", "Data/Insert: Insert Row(s) Before");
     EXPECT_EQ(window.getActiveTable()->tableModel()->rowCountRaw(), rows + 1);

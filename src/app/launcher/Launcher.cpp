@@ -82,6 +82,7 @@ void Launcher::setOptions(std::vector<OptionData> const& options) {
     delete optionList;
     optionList = new OptionListWidget(options, theme, this);
     layout()->addWidget(optionList);
+    optionList->show(); // at once, so that it counts in the height
     connect(editor, &QLineEdit::textChanged, optionList, &OptionListWidget::updateOptionList);
     connect(optionList, &OptionListWidget::itemClicked, this, &Launcher::respond);
     connect(optionList, &OptionListWidget::selectionChangedSignal, this, &Launcher::selectionChangedSignal);
@@ -111,19 +112,19 @@ void Launcher::setTheme(Theme const& newTheme) {
 }
 
 void Launcher::adjustHeight(int extra) {
-    QVBoxLayout const* const column = static_cast<QVBoxLayout*>(layout());
-    int rest = extra;
+    auto* const column = static_cast<QVBoxLayout*>(layout());
     if (optionList != nullptr) {
         optionList->setFixedHeight(0);
-        rest += optionList->contentHeight();
+        extra += optionList->contentHeight();
     }
-    layout()->invalidate();
+    column->invalidate();
     int const parts =
         column->hasHeightForWidth() ? column->totalHeightForWidth(width()) : column->totalSizeHint().height();
-    int const whole = std::min(parts + rest, std::max(mostHeight, parts));
+    int const whole = std::max(std::min(parts + extra, mostHeight), parts);
     if (optionList != nullptr) {
-        optionList->setFixedHeight(std::max(whole - parts, 0));
+        optionList->setFixedHeight(whole - parts);
     }
+    column->activate();
     resize(width(), whole);
 }
 

@@ -5,9 +5,9 @@
 
 #include <QScrollBar>
 #include <QTimer>
-#include <QVBoxLayout>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace {
@@ -29,24 +29,20 @@ OptionListWidget::OptionListWidget(std::vector<OptionData> const& options, Theme
     setFocusPolicy(Qt::NoFocus);
     setStyleSheet(style.sheet);
     auto* const content = new QWidget;
-    column = new QVBoxLayout(content);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
     rows.reserve(options.size());
     for (OptionData const& option : options) {
         auto* const row = new OptionWidget(option, static_cast<int>(rows.size()), style, content);
         connect(row, &OptionWidget::pressedSignal, this,
                 [this](OptionWidget const* pressed) { emit itemClicked(pressed->getData().response); });
-        column->addWidget(row);
+        row->hide();
         rows.push_back(row);
     }
-    column->addStretch();
     setWidget(content);
-    setWidgetResizable(true);
     shown = rows;
+    resizeContent();
     select(rows.empty() ? -1 : 0);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
-        fillRowsInSight();
+        placeRowsInSight();
         emit scrolledSignal();
     });
     QTimer::singleShot(0, this, &OptionListWidget::fillListWidgets);
@@ -85,7 +81,10 @@ void OptionListWidget::moveSelection(int rowsDown) {
     if (selected == nullptr)
         return;
     select(std::clamp(selectedIndex + rowsDown, 0, shownCount() - 1));
-    ensureWidgetVisible(selected, 0, 0);
+    auto const end = shown.begin() + selectedIndex + 1;
+    int const bottom = heightOf(shown.begin(), end);
+    QScrollBar* const bar = verticalScrollBar();
+    bar->setValue(std::min(std::max(bar->value(), bottom - viewport()->height()), bottom - selected->height()));
 }
 
 void OptionListWidget::select(int index) {
@@ -99,28 +98,33 @@ void OptionListWidget::select(int index) {
     }
 }
 
+int OptionListWidget::heightOf(Rows::const_iterator begin, Rows::const_iterator end) {
+    return std::accumulate(begin, end, 0, [](int sum, OptionWidget const* row) { return sum + row->height(); });
+}
+
 int OptionListWidget::contentHeight() const {
-    int height = 0;
-    for (int i = 0; i < std::min(shownCount(), mostRowsInSight); ++i) {
-        height += shownRow(i)->height();
-    }
-    return height;
+    return heightOf(shown.begin(), shown.begin() + std::min(shownCount(), mostRowsInSight));
+}
+
+void OptionListWidget::resizeContent() {
+    widget()->resize(viewport()->width(), heightOf(shown.begin(), shown.end()));
 }
 
 void OptionListWidget::updateOptionList(QString const& query) {
     int const heightBefore = contentHeight();
-    arrange(match(query));
+    shown = match(query);
+    resizeContent();
     verticalScrollBar()->setValue(0);
     select(shown.empty() ? -1 : 0);
-    fillRowsInSight();
+    placeRowsInSight();
     if (contentHeight() != heightBefore)
         emit contentHeightChangedSignal();
 }
 
 /// The rows to show for `query`, in their order from the top. Equal scores keep the order of the list.
-std::vector<OptionWidget*> OptionListWidget::match(QString const& query) {
+OptionListWidget::Rows OptionListWidget::match(QString const& query) {
     bool const everything = query.trimmed().isEmpty();
-    std::vector<OptionWidget*> matching;
+    Rows matching;
     std::vector<int> positions;
     for (OptionWidget* const row : rows) {
         int score = -1;
@@ -138,49 +142,34 @@ std::vector<OptionWidget*> OptionListWidget::match(QString const& query) {
     return matching;
 }
 
-void OptionListWidget::arrange(std::vector<OptionWidget*> newShown) {
-    if (newShown == shown)
-        return;
-    QWidget* const content = widget();
-    content->setUpdatesEnabled(false);
-    for (OptionWidget* const row : shown) {
-        column->removeWidget(row);
-    }
-    std::vector<OptionWidget*> const before = std::exchange(shown, std::move(newShown));
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        column->insertWidget(static_cast<int>(i), shown[i]);
-    }
-    // Only what comes or goes is shown or hidden: both are costly.
-    std::vector<bool> stays(rows.size(), false);
-    for (OptionWidget const* const row : shown) {
-        stays[static_cast<std::size_t>(row->getOriginalIndex())] = true;
-    }
-    for (OptionWidget* const row : before) {
-        row->setVisible(stays[static_cast<std::size_t>(row->getOriginalIndex())]);
-    }
-    for (OptionWidget* const row : shown) {
-        row->setVisible(true);
-    }
-    column->activate();
-    content->setUpdatesEnabled(true);
-}
-
 void OptionListWidget::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
-    fillRowsInSight();
+    resizeContent();
+    placeRowsInSight();
 }
 
-void OptionListWidget::fillRowsInSight() {
+// Each row that is shown, hidden or moved costs time, so all others stay hidden where they are.
+void OptionListWidget::placeRowsInSight() {
     int const top = verticalScrollBar()->value();
     int const bottom = top + viewport()->height();
+    Rows inSight;
     int y = 0;
-    for (OptionWidget* const row : shown) {
-        if (y >= bottom)
-            break;
-        if (y + row->height() > top)
-            row->fillWidget();
-        y += row->height();
+    for (auto row = shown.begin(); row != shown.end() && y < bottom; ++row) {
+        int const height = (*row)->height();
+        if (y + height > top) {
+            (*row)->fillWidget();
+            (*row)->setGeometry(0, y, widget()->width(), height);
+            inSight.push_back(*row);
+        }
+        y += height;
     }
+    for (OptionWidget* const row : placed) {
+        row->setVisible(std::find(inSight.begin(), inSight.end(), row) != inSight.end());
+    }
+    for (OptionWidget* const row : inSight) {
+        row->show();
+    }
+    placed = std::move(inSight);
 }
 
 // A few rows at a time, so that keys come through between them.

@@ -9,11 +9,10 @@
 #include <vector>
 
 class OptionWidget;
-class QVBoxLayout;
 
-/// The rows that a launcher offers: filtered and ranked by what is typed, one of them selected. All rows are made at
-/// once and only moved, shown and hidden later; their labels are filled in when they come in sight, and the rest while
-/// the program has nothing else to do.
+/// The rows that a launcher offers, in a column: filtered and ranked by what is typed, one of them selected. All rows
+/// are made at once and only moved, shown and hidden later; their labels are filled in when they come in sight, and the
+/// rest while the program has nothing else to do.
 class OptionListWidget : public QScrollArea {
     Q_OBJECT
 
@@ -51,18 +50,21 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    using Rows = std::vector<OptionWidget*>;
+
     static OptionStyle makeOptionWidgetStyleSheetsAndHTMLTags(Theme const& theme);
-    std::vector<OptionWidget*> match(QString const& query);
-    void arrange(std::vector<OptionWidget*> newShown);
+    Rows match(QString const& query);
+    static int heightOf(Rows::const_iterator begin, Rows::const_iterator end);
+    void resizeContent();
+    void placeRowsInSight();
     void select(int index);
     void fillListWidgets();
-    void fillRowsInSight();
 
     OptionStyle style;
-    QVBoxLayout* column;
-    std::vector<OptionWidget*> rows;  ///< in their original order
-    std::vector<OptionWidget*> shown; ///< from the top
-    std::size_t filledRows = 0;       ///< so many of `rows`, from the first on, were filled in idle time
+    Rows rows;                  ///< in their original order
+    Rows shown;                 ///< those that match, from the top
+    Rows placed;                ///< those of them that are in sight
+    std::size_t filledRows = 0; ///< so many of `rows`, from the first on, were filled in idle time
     int selectedIndex = -1;
     OptionWidget* selected = nullptr;
 };
