@@ -93,6 +93,49 @@ void scrollScreen(benchmark::State& state) {
     });
 }
 
+/// A few rows on, with or without frozen bands, and all views painted.
+void scrollStep(benchmark::State& state) {
+    bool const frozen = state.range(1) != 0;
+    TableView& view = tableOf(state).view;
+    view.setNumberOfHeaderRows(1, false);
+    view.setNumberOfHeaderColumns(2, false);
+    view.setFreezeHeaderRows(frozen, false);
+    view.setFreezeHeaderColumns(frozen, false);
+    QApplication::processEvents();
+    timeFrames(state, [](TableView& table, int number) {
+        table.scroll(number / 100 % 2 == 0 ? Direction::Down : Direction::Up, false);
+    });
+    view.setFreezeHeaderRows(false, false);
+    view.setFreezeHeaderColumns(false, false);
+}
+
+/// The bands are shown for the first time and take the table and its sizes over.
+void firstFreeze(benchmark::State& state) {
+    QTemporaryFile file;
+    file.open();
+    for (int row = 0; row < int(state.range(0)); ++row)
+        file.write("1,2,3\n");
+    file.flush();
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto view = std::make_unique<TableView>();
+        view->resize(1280, 800);
+        view->loadCSV(file.fileName(), false);
+        view->setNumberOfHeaderColumns(2, false);
+        view->setRowHeight(5000, 50);
+        view->show();
+        QApplication::processEvents();
+        state.ResumeTiming();
+        view->setFreezeHeaderRows(true, false);
+        QApplication::processEvents();
+        view->setFreezeHeaderColumns(true, false);
+        QApplication::processEvents();
+        state.PauseTiming();
+        view.reset();
+        state.ResumeTiming();
+    }
+}
+
 void selectAll(benchmark::State& state) {
     timeFrames(state, [](TableView& view, int) { view.selectEntireTable(); });
 }
@@ -118,6 +161,14 @@ void growByARow(benchmark::State& state) {
 
 BENCHMARK(keyPress)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(scrollScreen)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(scrollStep)
+    ->Args({1000, 0})
+    ->Args({1000, 1})
+    ->Args({1000000, 0})
+    ->Args({1000000, 1})
+    ->ArgNames({"rows", "frozen"})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(firstFreeze)->Arg(1000000)->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(selectAll)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(selectColumn)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(selectRow)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);

@@ -125,6 +125,19 @@ public slots:
     void commandTransposeTable();
     void commandToggleShowEditorPane();
 
+    // Header rows and columns of the active table (MainWindow_Headers.cpp).
+    void commandSetHeaderRowsToSelectedRow();
+    void commandSetHeaderColumnsToSelectedColumn();
+    void commandSetHeadersToSelectedCell();
+    void commandRemoveHeaderRows();
+    void commandRemoveHeaderColumns();
+    void commandRemoveAllHeaders();
+    void commandToggleFreezeHeaderRowsAndColumns();
+    void commandToggleFreezeHeaderRows();
+    void commandToggleFreezeHeaderColumns();
+    void commandToggleHighlightHeaderRows();
+    void commandToggleHighlightHeaderColumns();
+
     // Selecting and moving in the active table (MainWindow_Selection.cpp).
     void commandSelectUp();
     void commandSelectDown();

@@ -85,17 +85,6 @@ public slots:
     void commandReplaceNextMatch() { tellNotBuilt(); }
     void commandReplacePreviousMatch() { tellNotBuilt(); }
     void commandReplaceAllMatches() { tellNotBuilt(); }
-    void commandSetHeaderRowsToSelectedRow() { tellNotBuilt(); }
-    void commandSetHeaderColumnsToSelectedColumn() { tellNotBuilt(); }
-    void commandSetHeadersToSelectedCell() { tellNotBuilt(); }
-    void commandRemoveHeaderRows() { tellNotBuilt(); }
-    void commandRemoveHeaderColumns() { tellNotBuilt(); }
-    void commandRemoveAllHeaders() { tellNotBuilt(); }
-    void commandToggleFreezeHeaderRowsAndColumns() { tellNotBuilt(); }
-    void commandToggleHighlightHeaderRows() { tellNotBuilt(); }
-    void commandToggleHighlightHeaderColumns() { tellNotBuilt(); }
-    void commandToggleFreezeHeaderRows() { tellNotBuilt(); }
-    void commandToggleFreezeHeaderColumns() { tellNotBuilt(); }
     void commandOpenFileAnalysisWindow() { tellNotBuilt(); }
     void commandStatisticsSelectedColumns() { tellNotBuilt(); }
     void commandStatisticsAllColumns() { tellNotBuilt(); }

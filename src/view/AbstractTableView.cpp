@@ -39,6 +39,11 @@ AbstractTableView::AbstractTableView(TableType type, QWidget* parent)
     setAttribute(Qt::WA_InputMethodEnabled);
     setHorizontalHeader(horizontalHeaderView);
     setVerticalHeader(verticalHeaderView);
+    for (HeaderView const* const header : {horizontalHeaderView, verticalHeaderView}) {
+        // What a press or a drag on the labels selects is the model's and not Qt's.
+        disconnect(header, &QHeaderView::sectionPressed, this, nullptr);
+        disconnect(header, &QHeaderView::sectionEntered, this, nullptr);
+    }
     horizontalHeaderView->setTableType(type);
     verticalHeaderView->setTableType(type);
     setTabKeyNavigation(false);

@@ -1,12 +1,16 @@
 #include "view/HeaderView.h"
 
 #include <QMenu>
+#include <QMouseEvent>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int sampledSections = 50;
+/// How many pixels at either edge of a section resize it.
+constexpr int resizeGrip = 3;
 
 } // namespace
 
@@ -17,7 +21,6 @@ HeaderView::HeaderView(Qt::Orientation orientation, QWidget* parent) : QHeaderVi
     setResizeContentsPrecision(sampledSections);
     setSortIndicatorShown(true);
     setSortIndicator(-1, Qt::AscendingOrder);
-    setSectionsClickable(true);
     // The labels do not follow Qt's selection, which is not the table's; asking it would walk whole columns.
     setHighlightSections(false);
 }
@@ -34,6 +37,96 @@ QSize HeaderView::sizeHint() const {
         hint.setWidth(std::max(hint.width(), sectionSizeFromContents(count() - 1).width()));
     return hint;
 }
+
+void HeaderView::relayOut() {
+    // One section is enough to have the size of all judged anew.
+    headerDataChanged(orientation(), 0, 0);
+    viewport()->update();
+    emit geometriesChanged();
+}
+
+void HeaderView::copySizes(QHeaderView const& from, int count) {
+    // With signals and updates on, every single section would have all those behind it moved.
+    bool const wereOn = updatesEnabled();
+    setUpdatesEnabled(false);
+    {
+        QSignalBlocker const blocker(this);
+        for (int section = 0; section < std::min({count, from.count(), this->count()}); ++section) {
+            if (int const size = from.sectionSize(section); size != sectionSize(section))
+                resizeSection(section, size);
+        }
+    }
+    setUpdatesEnabled(wereOn);
+}
+
+// The mouse.
+
+int HeaderView::along(QPointF const& point) const {
+    QPoint const pixel = point.toPoint();
+    return orientation() == Qt::Horizontal ? pixel.x() : pixel.y();
+}
+
+bool HeaderView::isOnGrip(int section, int pixel) const {
+    int const start = sectionViewportPosition(section);
+    return pixel <= start + resizeGrip || pixel >= start + sectionSize(section) - resizeGrip;
+}
+
+/// While the sections are fixed Qt resizes none of them, wherever the drag goes.
+void HeaderView::beginSelecting(int section) {
+    pressedSection = section;
+    setSectionResizeMode(QHeaderView::Fixed);
+}
+
+void HeaderView::mousePressEvent(QMouseEvent* event) {
+    int const pixel = along(event->position());
+    int const section = logicalIndexAt(pixel);
+    bool const left = event->button() == Qt::LeftButton;
+    bool const ctrl = event->modifiers() == Qt::ControlModifier;
+    if (event->button() == Qt::RightButton) {
+        emit sectionRightClicked(section);
+        return;
+    }
+    if (left && (ctrl || event->modifiers() == Qt::NoModifier) && !isOnGrip(section, pixel)) {
+        beginSelecting(section);
+        if (ctrl)
+            emit sectionCtrlClicked(section);
+        else
+            emit sectionClicked(section);
+        return;
+    }
+    if (left && event->modifiers() == Qt::ShiftModifier) {
+        arrayDragArmed = true;
+        pressedSection = section;
+        emit sectionShiftClicked(section);
+    }
+    QHeaderView::mousePressEvent(event);
+}
+
+void HeaderView::mouseMoveEvent(QMouseEvent* event) {
+    int const section = logicalIndexAt(along(event->position()));
+    if (sectionLimit >= 0 && section >= sectionLimit)
+        return;
+    if (section < 0 || pressedSection < 0 || section == pressedSection) {
+        QHeaderView::mouseMoveEvent(event);
+        return;
+    }
+    pressedSection = section;
+    emit sectionEntered(section);
+}
+
+void HeaderView::mouseReleaseEvent(QMouseEvent* event) {
+    int const section = logicalIndexAt(along(event->position()));
+    pressedSection = -1;
+    setSectionResizeMode(QHeaderView::Interactive);
+    emit mouseReleased(section);
+    if (arrayDragArmed) {
+        emit arrayDragStopSignal(getAxis(), section);
+        arrayDragArmed = false;
+    }
+    QHeaderView::mouseReleaseEvent(event);
+}
+
+// The context menu.
 
 void HeaderView::onCustomContextMenu(QPoint const& point) {
     if (logicalIndexAt(point) < 0)

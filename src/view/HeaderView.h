@@ -6,7 +6,8 @@
 
 #include <QHeaderView>
 
-/// The labels of the rows or columns of a table.
+/// The labels of the rows or columns of a table. A press on a label selects, which is left to the table; a press near
+/// the edge of one resizes, which is Qt's. Sections are Model, -1 behind the last one.
 class HeaderView : public QHeaderView {
     Q_OBJECT
 
@@ -18,14 +19,45 @@ public:
     /// As of the view that the header belongs to.
     TableType getTableType() const { return tableType; }
     void setTableType(TableType type) { tableType = type; }
+    /// A drag along the labels ends at this many sections; negative for no limit.
+    void setSectionLimit(int limit) { sectionLimit = limit; }
+    int getSectionLimit() const { return sectionLimit; }
+    /// While set, a release ends a drag of sections.
+    void setArrayDragArmed(bool on) { arrayDragArmed = on; }
     /// The context menu offers the commands among `actions`.
     void setupContextMenus(CommandActions const& actions);
     /// A header of rows is wide enough for the label of the last row.
     QSize sizeHint() const override;
+    /// Lays the labels out anew after their texts have changed.
+    void relayOut();
+    /// Takes the sizes of the first `count` sections of another header over without telling anyone; the view is to be
+    /// laid out by the caller.
+    void copySizes(QHeaderView const& from, int count);
+
+signals:
+    // Beside sectionClicked and sectionEntered, which are Qt's.
+    void sectionCtrlClicked(int section);
+    void sectionShiftClicked(int section);
+    void sectionRightClicked(int section);
+    /// Any release, wherever it is.
+    void mouseReleased(int section);
+    /// The release that ends a drag of sections.
+    void arrayDragStopSignal(Axis axis, int section);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    int along(QPointF const& point) const;
+    bool isOnGrip(int section, int pixel) const;
+    void beginSelecting(int section);
     void onCustomContextMenu(QPoint const& point);
 
     TableType tableType = TableType::Unset;
+    int pressedSection = -1; ///< under the running press
+    int sectionLimit = -1;
+    bool arrayDragArmed = false;
     CommandActions commands;
 };

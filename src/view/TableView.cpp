@@ -65,38 +65,11 @@ void TableView::setupSections() {
     colSizes = new LineSizes(*horizontalHeader(), this);
 }
 
-void TableView::setupFrozenHeaders() {
-    horizontalFrozenView = new FrozenTableView(TableType::HorizontalFrozen, this);
-    verticalFrozenView = new FrozenTableView(TableType::VerticalFrozen, this);
-    cornerFrozenView = new FrozenTableView(TableType::CornerFrozen, this);
-    horizontalFrozenView->stackUnder(cornerFrozenView);
-    verticalFrozenView->stackUnder(cornerFrozenView);
-    for (FrozenTableView* const view : frozenViews()) {
-        view->setNumRows(numHeaderRows);
-        view->setNumCols(numHeaderCols);
-        view->verticalHeader()->setDefaultSectionSize(defaultRowHeight);
-        view->horizontalHeader()->setDefaultSectionSize(defaultColumnWidth);
-        view->hide();
-        view->viewport()->installEventFilter(this);
-        connect(view, &FrozenTableView::moveSelectionRelativeSignal, this, &TableView::moveSelectionRelativeSlot);
-        connect(view, &AbstractTableView::scrollSignal, this, &AbstractTableView::scrollSignal);
-        connect(view, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
-        connect(view, &AbstractTableView::addContextSignal, this, &AbstractTableView::addContextSignal);
-        connect(view, &AbstractTableView::removeContextSignal, this, &AbstractTableView::removeContextSignal);
-        connect(view, qOverload<bool>(&AbstractTableView::startEditingSignal), this,
-                qOverload<bool>(&AbstractTableView::startEditingSignal));
-        connect(view, qOverload<bool, QKeyEvent*>(&AbstractTableView::startEditingSignal), this,
-                qOverload<bool, QKeyEvent*>(&AbstractTableView::startEditingSignal));
-        // A drag in a band shows in all views.
-        connect(view, &AbstractTableView::selectionExpandingSignal, this, &TableView::refreshView);
-    }
-}
-
 void TableView::setupCorners() {
     topLeftCornerButton = new TLCornerButton(this);
     topLeftCornerButton->installEventFilter(this);
-    connect(horizontalHeader(), &QHeaderView::geometriesChanged, this, &TableView::placeCornerButton);
-    connect(verticalHeader(), &QHeaderView::geometriesChanged, this, &TableView::placeCornerButton);
+    connectHeader(getHorizontalHeaderView());
+    connectHeader(getVerticalHeaderView());
     bottomRightCorner = new ScrollAreaBottomRightCornerWidget(this);
     setCornerWidget(bottomRightCorner);
 }
@@ -107,17 +80,12 @@ void TableView::setupScrollBars() {
     connect(&wheelSnapTimer, &QTimer::timeout, this, &TableView::onWheelSnapTimerStopped);
     for (Axis const axis : {Axis::Rows, Axis::Columns}) {
         QScrollBar const* const bar = scrollBarOf(axis);
-        connect(bar, &QScrollBar::valueChanged, this, &TableView::onScrollBarValueChanged);
+        connect(bar, &QScrollBar::valueChanged, this, [this, axis] {
+            followScrollBar(axis);
+            onScrollBarValueChanged();
+        });
         connect(bar, &QScrollBar::sliderReleased, this, [this, axis] { snapScrollBarPosition(axis); });
     }
-}
-
-std::array<FrozenTableView*, 3> TableView::frozenViews() const {
-    return {horizontalFrozenView, verticalFrozenView, cornerFrozenView};
-}
-
-std::array<AbstractTableView*, 4> TableView::allViews() {
-    return {this, horizontalFrozenView, verticalFrozenView, cornerFrozenView};
 }
 
 void TableView::setModel(QAbstractItemModel* model) {
@@ -204,10 +172,10 @@ void TableView::setupContextMenus(CommandActions const& actions) {
 void TableView::setTheme(Theme const& theme) {
     tableModel()->setTheme(theme);
     bottomRightCorner->setColor(theme.getBackground1Color());
-    for (AbstractTableView const* const view : allViews()) {
-        view->tableDelegate()->setEditorBackgroundColor(theme.getCellColor());
-        view->tableDelegate()->setTextColor(theme.getTextColor());
-    }
+    tableDelegate()->setEditorBackgroundColor(theme.getCellColor());
+    tableDelegate()->setTextColor(theme.getTextColor());
+    for (FrozenTableView* const view : frozenViews())
+        view->setTheme(theme);
 }
 
 void TableView::refreshView() {
@@ -216,11 +184,6 @@ void TableView::refreshView() {
         if (view->isVisible())
             view->refreshView();
     }
-}
-
-void TableView::refreshHeaders() {
-    horizontalHeader()->headerDataChanged(Qt::Horizontal, 0, std::max(horizontalHeader()->count() - 1, 0));
-    verticalHeader()->headerDataChanged(Qt::Vertical, 0, std::max(verticalHeader()->count() - 1, 0));
 }
 
 // The file.
@@ -297,9 +260,4 @@ void TableView::onLoadFinished() {
     setUpdatesEnabled(true);
     loading = false;
     show();
-}
-
-void TableView::placeCornerButton() {
-    int const frame = frameWidth();
-    topLeftCornerButton->setGeometry(frame, frame, verticalHeader()->width(), horizontalHeader()->height());
 }

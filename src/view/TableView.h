@@ -7,6 +7,7 @@
 #include "view/AbstractTableView.h"
 #include "view/CellEdit.h"
 #include "view/ColumnSample.h"
+#include "view/HeaderGestures.h"
 #include "view/LineSizes.h"
 #include "view/MeasuringTable.h"
 #include "view/SelectionMoves.h"
@@ -20,6 +21,7 @@
 #include <utility>
 
 class FrozenTableView;
+class HeaderView;
 class LineAnimation;
 class RowFit;
 class ScrollAreaBottomRightCornerWidget;
@@ -152,6 +154,46 @@ public:
     /// The cell in the main cell's row or column on the line of SelectionMoves::farthestSelectedLine.
     Range findFarthestSelectedCellInDirection(Direction direction) const;
 
+    // Header rows and columns, and the bands that keep them in sight. With `emitChange` a new value belongs to what is
+    // kept about the file.
+
+    /// Visible ones; see TableModel::setNumberOfHeaderRows for what counts.
+    int getNumHeaderRows() const { return numHeaderRows; }
+    int getNumHeaderCols() const { return numHeaderCols; }
+    void setNumberOfHeaderRows(int count, bool emitChange);
+    void setNumberOfHeaderColumns(int count, bool emitChange);
+    /// Takes `count` visible header rows over from the model.
+    void applyVisibleHeaderRows(int count, bool emitChange, bool autoFit);
+    /// The same if the model has come to another count, as by concealing rows.
+    void syncVisibleHeaderRowsFromModel(bool emitChange);
+    bool areHeaderRowsFrozen() const { return freezeHeaderRows; }
+    bool areHeaderColsFrozen() const { return freezeHeaderColumns; }
+    void setFreezeHeaderRows(bool on, bool emitChange);
+    void setFreezeHeaderColumns(bool on, bool emitChange);
+    bool areHeaderRowsHighlighted() const { return tableModel()->getCellColorOptions().highlightHeaderRows; }
+    bool areHeaderColsHighlighted() const { return tableModel()->getCellColorOptions().highlightHeaderColumns; }
+    void setHighlightHeaderRows(bool on, bool emitChange);
+    void setHighlightHeaderColumns(bool on, bool emitChange);
+    FrozenTableView* getHorizontalFrozenView() const { return horizontalFrozenView; }
+    FrozenTableView* getVerticalFrozenView() const { return verticalFrozenView; }
+    FrozenTableView* getCornerFrozenView() const { return cornerFrozenView; }
+    /// Copies the sizes of the header columns to the bands, with `all` those of all columns.
+    void setFrozenColWidths(bool all);
+    void setFrozenRowHeights(bool all);
+
+    // Labels.
+
+    bool isShowRowLabels() const { return showRowLabels; }
+    bool isShowColLabels() const { return showColLabels; }
+    void setShowRowLabels(bool on);
+    void setShowColLabels(bool on);
+    /// The number of the first row.
+    void setFirstRowIndex(int index, bool emitChange);
+    /// The number of the first column, kept aside while columns are letters, which begin at A. With `restore` the
+    /// number that is kept counts again and `index` does not matter.
+    void setFirstColIndex(int index, bool emitChange, bool restore);
+    void setRepresentColumnsAsLetters(bool on);
+
     // Sizes of rows and columns, in pixels.
 
     /// Also the least height of a row.
@@ -238,6 +280,35 @@ public:
     void setHighlightMainCellColumn(bool on);
 
 public slots:
+    // Presses on the labels. Sections are Model, -1 behind the last one.
+    void onHorizontalSectionClicked(int col) { onSectionClicked(Axis::Columns, col); }
+    void onHorizontalSectionCtrlClicked(int col) { onSectionCtrlClicked(Axis::Columns, col); }
+    void onHorizontalSectionShiftClicked(int col) { onSectionShiftClicked(Axis::Columns, col); }
+    void onHorizontalSectionRightClicked(int col) { onSectionRightClicked(Axis::Columns, col); }
+    void onHorizontalSectionEntered(int col) { onSectionEntered(Axis::Columns, col); }
+    void onHorizontalSectionDoubleClicked(int col) { onSectionDoubleClicked(Axis::Columns, col); }
+    void onHorizontalMouseReleased() { gestures.release(Axis::Columns); }
+    void onHorizontalGeometryChanged();
+    void onVerticalSectionClicked(int row) { onSectionClicked(Axis::Rows, row); }
+    void onVerticalSectionCtrlClicked(int row) { onSectionCtrlClicked(Axis::Rows, row); }
+    void onVerticalSectionShiftClicked(int row) { onSectionShiftClicked(Axis::Rows, row); }
+    void onVerticalSectionRightClicked(int row) { onSectionRightClicked(Axis::Rows, row); }
+    void onVerticalSectionEntered(int row) { onSectionEntered(Axis::Rows, row); }
+    void onVerticalSectionDoubleClicked(int row) { onSectionDoubleClicked(Axis::Rows, row); }
+    void onVerticalMouseReleased() { gestures.release(Axis::Rows); }
+    void onVerticalGeometryChanged();
+    void onTopLeftCornerButtonClicked();
+    void onTopLeftCornerButtonCtrlClicked();
+    /// The labels, or which rows are header rows, may have changed.
+    void refreshHeaders();
+    // What the status bar and preferences set; the change belongs to what is kept about the file.
+    void setNumHeaderRowsSlot(int count) { setNumberOfHeaderRows(count, true); }
+    void setNumHeaderColsSlot(int count) { setNumberOfHeaderColumns(count, true); }
+    void setHeaderRowsFrozenSlot(bool on) { setFreezeHeaderRows(on, true); }
+    void setHeaderColsFrozenSlot(bool on) { setFreezeHeaderColumns(on, true); }
+    void setHeaderRowsHighlightedSlot(bool on) { setHighlightHeaderRows(on, true); }
+    void setHeaderColsHighlightedSlot(bool on) { setHighlightHeaderColumns(on, true); }
+
     // Where auto-fit is off these only keep the sizes within their bounds. With `scroll` the main cell is in sight
     // after.
     void enforceAutoFitRowHeight(bool scroll);
@@ -298,22 +369,63 @@ signals:
     void suppressAutoFitWarningsChangedSignal(bool suppress);
     /// What is kept about the file has changed.
     void fileMetadataChangedSignal();
+    /// The table is to be sorted, by a double click on a label.
+    void sortRowsOrColsSignal(SortData sort);
+    /// A Shift press on a label begins a drag of the selected rows or columns.
+    void arrayDragStartSignal(Axis axis, int section);
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool edit(QModelIndex const& index, EditTrigger trigger, QEvent* event) override;
     void dropPendingEdit() override;
+    void updateGeometries() override;
 
 private:
     // Construction.
     void setupSections();
     void setupFrozenHeaders();
+    void connectFrozenView(FrozenTableView* view);
+    void connectHeader(HeaderView* header);
     void setupCorners();
     void setupScrollBars();
     void connectSignalsWithModel();
     void connectSizesWithModel();
     void connectSizesAlong(Axis axis);
+
+    // Labels.
+    void onSectionClicked(Axis axis, int section);
+    void onSectionCtrlClicked(Axis axis, int section);
+    void onSectionShiftClicked(Axis axis, int section);
+    void onSectionRightClicked(Axis axis, int section);
+    void onSectionEntered(Axis axis, int section);
+    void onSectionDoubleClicked(Axis axis, int section);
+    bool filterCornerButtonEvent(QObject const* watched, QEvent const* event);
+    void onHeaderCountChanged(bool emitChange, bool autoFit);
+    void onHighlightChanged(bool emitChange);
+    void placeCornerButton();
+
+    // Frozen bands.
+    std::array<FrozenTableView*, 3> frozenViews() const;
+    std::array<AbstractTableView*, 4> allViews();
+    void onFreezeChanged(bool emitChange);
+    void showFrozenViews();
+    int headerExtent(Axis axis) const;
+    int bandExtent(Axis axis) const;
+    void placeFrozenViews();
+    void setFrozenPos();
+    void setHorizontalFrozenWidth();
+    void setHorizontalFrozenHeight();
+    void setVerticalFrozenWidth();
+    void setVerticalFrozenHeight();
+    void setCornerFrozenWidth();
+    void setCornerFrozenHeight();
+    void onColResized(int col, int oldWidth, int newWidth);
+    void onRowResized(int row, int oldHeight, int newHeight);
+    void frozenColResized(int col, int oldWidth, int newWidth);
+    void frozenRowResized(int row, int oldHeight, int newHeight);
+    void followScrollBar(Axis axis);
+    bool filterFrozenEvent(QObject const* watched, QEvent* event);
 
     // Sizes.
     LineSizes& sizesOf(Axis axis) { return axis == Axis::Rows ? *rowSizes : *colSizes; }
@@ -345,7 +457,6 @@ private:
     bool askToDisableAutoFit(QString const& text);
 
     void startBackgroundLoad();
-    void refreshHeaders();
     void applyGlobalSettings();
     void applyTableSettings();
 
@@ -377,13 +488,10 @@ private:
     void selectWholeLines(Axis axis, int start);
     void selectToEdge(Direction direction);
     void setMultiCellSelection(Range const& mainCell, RangeVector const& ranges);
-    void placeCornerButton();
     void onScrollBarValueChanged();
     void onWheelSnapTimerStopped();
 
     QUndoStack stack;
-    std::array<FrozenTableView*, 3> frozenViews() const;
-    std::array<AbstractTableView*, 4> allViews();
     FrozenTableView* horizontalFrozenView = nullptr;
     FrozenTableView* verticalFrozenView = nullptr;
     FrozenTableView* cornerFrozenView = nullptr;
@@ -424,6 +532,11 @@ private:
     bool freezeHeaderColumns = false;
     int numHeaderRows = 1; ///< visible header rows
     int numHeaderCols = 1;
+    bool showRowLabels = true;
+    bool showColLabels = true;
+    bool representColumnsAsLetters = false;
+    int firstColIndex = 0; ///< while columns are letters the model has 0
+    HeaderGestures gestures;
     int initialVerticalScroll = -1; ///< -1 for none
     int initialHorizontalScroll = -1;
 };

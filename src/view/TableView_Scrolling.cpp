@@ -160,24 +160,14 @@ void TableView::onScrollBarValueChanged() {
 // Events of the parts of the view.
 
 bool TableView::eventFilter(QObject* watched, QEvent* event) {
-    bool const isBar = watched == verticalScrollBar() || watched == horizontalScrollBar();
-    if (isBar && (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::HoverLeave))
-        snapScrollBarPosition(watched == verticalScrollBar() ? Axis::Rows : Axis::Columns);
-    if (event->type() == QEvent::Wheel &&
-        (watched == horizontalFrozenView->viewport() || watched == verticalFrozenView->viewport())) {
-        QAbstractScrollArea::wheelEvent(static_cast<QWheelEvent*>(event));
+    if (watched == verticalScrollBar() || watched == horizontalScrollBar()) {
+        Axis const axis = watched == verticalScrollBar() ? Axis::Rows : Axis::Columns;
+        if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::HoverLeave)
+            snapScrollBarPosition(axis);
+        else if (event->type() == QEvent::Paint)
+            followScrollBar(axis);
+    }
+    if (filterFrozenEvent(watched, event) || filterCornerButtonEvent(watched, event))
         return true;
-    }
-    if (watched == topLeftCornerButton && event->type() == QEvent::MouseButtonPress) {
-        auto const* const press = static_cast<QMouseEvent*>(event);
-        if (press->button() == Qt::LeftButton) {
-            if (press->modifiers() == Qt::NoModifier)
-                selectEntireTable();
-            else if (press->modifiers() == Qt::ControlModifier)
-                addWholeTableToSelection();
-            setFocus(Qt::OtherFocusReason);
-            return true;
-        }
-    }
     return AbstractTableView::eventFilter(watched, event);
 }

@@ -35,7 +35,9 @@ void TableView::applyGlobalSettings() {
     model.setShadeEveryOtherColumn(on(SettingType::ShadeEveryOtherColumn));
     model.setHighlightMainCellRow(on(SettingType::HighlightMainSelectedCellsRow));
     model.setHighlightMainCellColumn(on(SettingType::HighlightMainSelectedCellsColumn));
-    model.setRepresentColumnsAsLetters(on(SettingType::RepresentColumnsAsLetters));
+    setShowRowLabels(on(SettingType::ShowRowLabels));
+    setShowColLabels(on(SettingType::ShowColumnLabels));
+    setRepresentColumnsAsLetters(on(SettingType::RepresentColumnsAsLetters));
     model.setCaseSensitiveSorting(on(SettingType::CaseSensitiveSorting));
     setSnapToRowAfterScrolling(on(SettingType::SnapToRowAfterScrolling));
     setSnapToColumnAfterScrolling(on(SettingType::SnapToColumnAfterScrolling));
@@ -52,15 +54,18 @@ void TableView::applyGlobalSettings() {
 }
 
 void TableView::applyTableSettings() {
-    TableModel& model = *tableModel();
-    setMaximumRowHeight(settings.getValueInt(SettingType::MaximumRowHeightForAutoFit), false);
-    setMaximumColumnWidth(settings.getValueInt(SettingType::MaximumColumnWidthForAutoFit), false);
-    setAutoFitRowHeight(settings.getValueBool(SettingType::AutoFitRowHeight), false);
-    setAutoFitColWidth(settings.getValueBool(SettingType::AutoFitColumnWidth), false);
-    model.setNumberOfHeaderRows(settings.getValueInt(SettingType::NumberOfHeaderRows));
-    model.setNumberOfHeaderCols(settings.getValueInt(SettingType::NumberOfHeaderColumns));
-    model.setHighlightHeaderRows(settings.getValueBool(SettingType::HighlightHeaderRows));
-    model.setHighlightHeaderColumns(settings.getValueBool(SettingType::HighlightHeaderColumns));
-    model.setFirstRowIndex(settings.getValueInt(SettingType::FirstRowIndex));
-    model.setFirstColIndex(settings.getValueInt(SettingType::FirstColumnIndex));
+    auto const on = [this](SettingType type) { return settings.getValueBool(type); };
+    auto const number = [this](SettingType type) { return settings.getValueInt(type); };
+    setMaximumRowHeight(number(SettingType::MaximumRowHeightForAutoFit), false);
+    setMaximumColumnWidth(number(SettingType::MaximumColumnWidthForAutoFit), false);
+    setAutoFitRowHeight(on(SettingType::AutoFitRowHeight), false);
+    setAutoFitColWidth(on(SettingType::AutoFitColumnWidth), false);
+    setHighlightHeaderRows(on(SettingType::HighlightHeaderRows), false);
+    setHighlightHeaderColumns(on(SettingType::HighlightHeaderColumns), false);
+    setNumberOfHeaderRows(number(SettingType::NumberOfHeaderRows), false);
+    setNumberOfHeaderColumns(number(SettingType::NumberOfHeaderColumns), false);
+    setFreezeHeaderRows(on(SettingType::FreezeHeaderRows), false);
+    setFreezeHeaderColumns(on(SettingType::FreezeHeaderColumns), false);
+    setFirstRowIndex(number(SettingType::FirstRowIndex), false);
+    setFirstColIndex(number(SettingType::FirstColumnIndex), false, false);
 }

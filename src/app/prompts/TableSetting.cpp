@@ -6,14 +6,6 @@
 
 namespace {
 
-template <auto set>
-void onModel(TableView& table, int value) {
-    TableModel& model = *table.tableModel();
-    (model.*set)(value);
-    emit model.refreshHeadersSignal();
-    table.refreshView();
-}
-
 constexpr TableSetting TableSettings[] = {
     {SettingType::MaximumRowHeightForAutoFit, [](TableView const& table) { return table.getMaximumRowHeight(); },
      [](TableView& table, int value) { table.setMaximumRowHeight(value, true); }},
@@ -21,13 +13,13 @@ constexpr TableSetting TableSettings[] = {
      [](TableView& table, int value) { table.setMaximumColumnWidth(value, true); }},
     {SettingType::NumberOfHeaderRows,
      [](TableView const& table) { return table.tableModel()->getNumVisibleHeaderRows(); },
-     onModel<&TableModel::setNumberOfHeaderRows>},
+     [](TableView& table, int value) { table.setNumberOfHeaderRows(value, true); }},
     {SettingType::NumberOfHeaderColumns, [](TableView const& table) { return table.tableModel()->getNumHeaderCols(); },
-     onModel<&TableModel::setNumberOfHeaderCols>},
+     [](TableView& table, int value) { table.setNumberOfHeaderColumns(value, true); }},
     {SettingType::FirstRowIndex, [](TableView const& table) { return table.tableModel()->getFirstRowIndex(); },
-     onModel<&TableModel::setFirstRowIndex>},
+     [](TableView& table, int value) { table.setFirstRowIndex(value, true); }},
     {SettingType::FirstColumnIndex, [](TableView const& table) { return table.tableModel()->getFirstColIndex(); },
-     onModel<&TableModel::setFirstColIndex>},
+     [](TableView& table, int value) { table.setFirstColIndex(value, true, false); }},
 };
 
 } // namespace

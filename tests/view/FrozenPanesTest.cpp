@@ -1,0 +1,229 @@
+#include "tests/view/TableFixture.h"
+#include "view/FrozenTableView.h"
+#include "view/HeaderView.h"
+#include "view/TLCornerButton.h"
+
+#include <functional>
+
+namespace {
+
+/// 300 rows by 40 columns with two header rows and three header columns, frozen.
+class FrozenPanes : public TableFixture {
+protected:
+    void SetUp() override {
+        load(300, 40);
+        view.setNumberOfHeaderRows(2, false);
+        view.setNumberOfHeaderColumns(3, false);
+        view.setFreezeHeaderRows(true, false);
+        view.setFreezeHeaderColumns(true, false);
+        QApplication::processEvents();
+    }
+    FrozenTableView& top() { return *view.getHorizontalFrozenView(); }
+    FrozenTableView& left() { return *view.getVerticalFrozenView(); }
+    FrozenTableView& corner() { return *view.getCornerFrozenView(); }
+    /// Where a view shows a cell, in pixels of the main view.
+    QRect placeIn(AbstractTableView& shown, int row, int col) {
+        QRect const rect = shown.visualRect(model().index(row, col));
+        return {shown.viewport()->mapTo(&view, rect.topLeft()), rect.size()};
+    }
+    /// The bands show their cells at the sizes of, and exactly over, those of the main view.
+    void expectInStep(char const* after) {
+        SCOPED_TRACE(after);
+        for (int const line : {3, 17, 30}) {
+            EXPECT_EQ(placeIn(top(), 1, line).x(), placeIn(view, 1, line).x());
+            EXPECT_EQ(placeIn(top(), 1, line).width(), placeIn(view, 1, line).width());
+            EXPECT_EQ(placeIn(left(), line, 1).y(), placeIn(view, line, 1).y());
+            EXPECT_EQ(placeIn(left(), line, 1).height(), placeIn(view, line, 1).height());
+        }
+        QPoint const body = view.viewport()->pos();
+        QSize const cross(view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2),
+                          view.rowHeight(0) + view.rowHeight(1));
+        EXPECT_EQ(corner().geometry(), QRect(body, cross));
+        EXPECT_EQ(top().y(), body.y());
+        EXPECT_EQ(top().height(), cross.height() + 2);
+        EXPECT_EQ(left().x(), body.x());
+        EXPECT_EQ(left().width(), cross.width());
+        EXPECT_EQ(placeIn(corner(), 1, 2), placeIn(top(), 1, 2).translated(colsBar().value(), 0));
+        EXPECT_EQ(placeIn(corner(), 1, 2), placeIn(left(), 1, 2).translated(0, rowsBar().value()));
+    }
+};
+
+} // namespace
+
+TEST_F(FrozenPanes, StayInStepWithTheViewBeneath) {
+    expectInStep("freezing");
+    view.wheelScroll(Axis::Rows, 1234);
+    view.wheelScroll(Axis::Columns, 567);
+    expectInStep("scrolling");
+    view.setColumnWidth(1, 130);
+    view.setColumnWidth(17, 44);
+    view.setRowHeight(0, 51);
+    view.setRowHeight(17, 33);
+    QApplication::processEvents();
+    expectInStep("resizing");
+    model().insertRows(5, 3);
+    model().insertColumns(5, 2);
+    QApplication::processEvents();
+    expectInStep("inserting");
+    model().removeRows(1, 2);
+    model().removeColumns(0, 1);
+    QApplication::processEvents();
+    expectInStep("removing");
+    view.resize(500, 390);
+    QApplication::processEvents();
+    expectInStep("a smaller window");
+    view.setShowRowLabels(false);
+    view.setShowColLabels(false);
+    QApplication::processEvents();
+    expectInStep("hiding the labels");
+    EXPECT_TRUE(view.findChild<TLCornerButton*>()->size().isEmpty());
+    view.setShowRowLabels(true);
+    view.setShowColLabels(true);
+    view.setDefaultRowHeight(40);
+    view.setFirstRowIndex(1000000, false);
+    QApplication::processEvents();
+    expectInStep("higher rows and wider labels");
+    view.goToBottom();
+    view.goToFarRight();
+    expectInStep("the last cell");
+}
+
+TEST_F(FrozenPanes, TheBandsAreWhereTheViewIsBeforeAnyOfThemIsPainted) {
+    struct PaintCheck : QObject {
+        std::function<bool()> isInStep;
+        int paints = 0;
+        int late = 0;
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::Paint) {
+                ++paints;
+                late += isInStep() ? 0 : 1;
+            }
+            return QObject::eventFilter(watched, event);
+        }
+    } check;
+    check.isInStep = [this] {
+        return left().verticalScrollBar()->value() == rowsBar().value() &&
+               top().horizontalScrollBar()->value() == colsBar().value();
+    };
+    for (AbstractTableView const* shown : std::initializer_list<AbstractTableView const*>{&view, &top(), &left()})
+        shown->viewport()->installEventFilter(&check);
+    for (int step = 0; step < 5; ++step) {
+        wheel({0, -120});
+        wheel({-120, 0});
+        view.scrollToCell(299 - step, 39 - step, true, false, Axis::Both);
+        QApplication::processEvents();
+    }
+    EXPECT_GE(check.paints, 15);
+    EXPECT_EQ(check.late, 0);
+    // A bar that moves unheard is seen when it is painted.
+    rowsBar().blockSignals(true);
+    rowsBar().setValue(480);
+    rowsBar().blockSignals(false);
+    QApplication::processEvents();
+    EXPECT_EQ(left().verticalScrollBar()->value(), 480);
+}
+
+TEST_F(FrozenPanes, OnlyWhatIsFrozenIsShownAndTheCornerOnlyWhereBandsCross) {
+    EXPECT_TRUE(corner().isVisible());
+    QList<QObject*> const order = view.children();
+    EXPECT_GT(order.indexOf(&corner()), order.indexOf(&top()));
+    EXPECT_GT(order.indexOf(&corner()), order.indexOf(&left()));
+    view.setFreezeHeaderColumns(false, false);
+    EXPECT_FALSE(corner().isVisible() || left().isVisible());
+    EXPECT_TRUE(top().isVisible());
+    view.setFreezeHeaderColumns(true, false);
+    view.setNumberOfHeaderColumns(0, false);
+    EXPECT_FALSE(corner().isVisible());
+    EXPECT_EQ(left().width(), 0);
+    view.setNumberOfHeaderColumns(1, false);
+    EXPECT_TRUE(corner().isVisible());
+    view.setNumberOfHeaderRows(0, false);
+    EXPECT_EQ(top().height(), 2);
+    view.setNumberOfHeaderRows(1000, false); // no more than there is room for
+    EXPECT_LE(top().height(), view.viewport()->height());
+}
+
+TEST_F(FrozenPanes, ConcealedHeaderRowsAreNotInTheBand) {
+    model().concealRawRows({0});
+    view.enforceTableSize();
+    EXPECT_EQ(view.getNumHeaderRows(), 1);
+    EXPECT_EQ(model().getNumHeaderRows(), 2);
+    EXPECT_EQ(top().height(), view.rowHeight(0) + 2);
+    model().showAllRows();
+    view.setNumberOfHeaderRows(3, false);
+    EXPECT_EQ(top().getNumRows(), 3);
+}
+
+TEST_F(FrozenPanes, LabelsInABandResizeAndSelectAndADragEndsWithTheBand) {
+    QWidget* const labels = left().horizontalHeader()->viewport();
+    int const edge = view.columnWidth(0) + view.columnWidth(1) - 2;
+    QTest::mousePress(labels, Qt::LeftButton, Qt::NoModifier, {edge, 5});
+    QMouseEvent move(QEvent::MouseMove, QPoint(edge + 25, 5), labels->mapToGlobal(QPoint(edge + 25, 5)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(labels, &move);
+    QTest::mouseRelease(labels, Qt::LeftButton, Qt::NoModifier, {edge + 25, 5});
+    QApplication::processEvents();
+    EXPECT_EQ(view.columnWidth(1), 105);
+    expectInStep("resizing by a label of a band");
+    view.wheelScroll(Axis::Columns, 900);
+    QTest::mousePress(labels, Qt::LeftButton, Qt::NoModifier, {20, 5});
+    EXPECT_TRUE(model().isColSelected(0));
+    for (int const x : {120, 2000}) {
+        QMouseEvent drag(QEvent::MouseMove, QPoint(x, 5), labels->mapToGlobal(QPoint(x, 5)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(labels, &drag);
+    }
+    QTest::mouseRelease(labels, Qt::LeftButton, Qt::NoModifier, {120, 5});
+    EXPECT_TRUE(model().isColSelected(1));
+    EXPECT_FALSE(model().isColSelected(2) || model().isColSelected(3));
+}
+
+TEST_F(FrozenPanes, ADragOutOfABandGoesOnInTheBody) {
+    view.wheelScroll(Axis::Rows, 240);
+    auto const dragFrom = [this](AbstractTableView& band, QPoint from, QPoint to) {
+        QTest::mousePress(band.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+        QMouseEvent move(QEvent::MouseMove, to, band.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(band.viewport(), &move);
+        QTest::mouseRelease(band.viewport(), Qt::LeftButton, Qt::NoModifier, to);
+    };
+    QPoint const body = top().viewport()->mapFrom(&view, placeIn(view, 14, 6).center());
+    dragFrom(top(), top().visualRect(model().index(1, 5)).center(), body);
+    EXPECT_TRUE(model().cellInSelection(Range(14, 6, RangeIndexType::Model)));
+    EXPECT_EQ(model().numSelectedCells(), 14 * 2);
+    EXPECT_EQ(model().getMainCell(), Range(1, 5, RangeIndexType::Model));
+    dragFrom(left(), left().visualRect(model().index(15, 2)).center(),
+             left().viewport()->mapFrom(&view, placeIn(view, 16, 4).center()));
+    EXPECT_EQ(model().numSelectedCells(), 2 * 3);
+}
+
+TEST_F(FrozenPanes, TheWheelOverABandScrollsTheView) {
+    for (AbstractTableView const* band : std::initializer_list<AbstractTableView const*>{&top(), &left(), &corner()}) {
+        rowsBar().setValue(0);
+        QPointF const point(5, 5);
+        QWheelEvent event(point, band->viewport()->mapToGlobal(point), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(band->viewport(), &event);
+        EXPECT_GT(rowsBar().value(), 0);
+        EXPECT_EQ(left().verticalScrollBar()->value(), rowsBar().value());
+        EXPECT_EQ(top().verticalScrollBar()->value(), 0);
+        EXPECT_EQ(corner().verticalScrollBar()->value(), 0);
+    }
+}
+
+TEST(FrozenPanesStart, BandsTakeTheTableWhenTheyAreFirstShown) {
+    TableView view;
+    view.tableModel()->setMinNumTableRows(50);
+    view.tableModel()->setMinNumTableCols(20);
+    view.enforceTableSize();
+    view.setColumnWidth(12, 33);
+    view.setRowHeight(0, 60);
+    view.setDefaultColumnWidth(90);
+    EXPECT_FALSE(view.getHorizontalFrozenView()->hasModel());
+    view.setFreezeHeaderRows(true, false);
+    FrozenTableView const& band = *view.getHorizontalFrozenView();
+    EXPECT_EQ(band.columnWidth(12), view.columnWidth(12));
+    EXPECT_EQ(band.columnWidth(13), 90);
+    EXPECT_EQ(band.rowHeight(0), 60);
+    EXPECT_FALSE(view.getVerticalFrozenView()->hasModel());
+}
