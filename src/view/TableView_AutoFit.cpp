@@ -75,6 +75,7 @@ void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
                 if (row >= 0 && row < count)
                     fitRow(fit, row);
             }
+            return;
         }
         for (int const row : rows) {
             enforceMinimumRowHeight(row);
