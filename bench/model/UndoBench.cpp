@@ -1,9 +1,15 @@
 // Times of redo and undo of commands that change many lines of a large table.
 
+#include "model/CellShift.h"
+#include "model/CellTexts.h"
+#include "model/DuplicateLines.h"
 #include "model/TableModel.h"
+#include "model/text/CaseConversion.h"
+#include "model/text/LeadingZeros.h"
 #include "model/undo/InsertLinesCommand.h"
 #include "model/undo/RemoveLinesCommand.h"
 #include "model/undo/SetModelDataCommand.h"
+#include "model/undo/WriteCellsCommand.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -74,6 +80,60 @@ std::unique_ptr<TableUndoCommand> clearColumn(TableModel& model) {
     return std::make_unique<SetModelDataCommand>(&model, column, false);
 }
 
+RangeVector const secondColumn{Range(1, RangeType::Column, RangeIndexType::Model)};
+
+std::unique_ptr<TableUndoCommand> upperCase(TableModel& model) {
+    auto const toUpper = [](QString const& text) { return text.toUpper(); };
+    return std::make_unique<WriteCellsCommand>(&model, secondColumn, changedTexts(model, secondColumn, toUpper), true);
+}
+
+std::unique_ptr<TableUndoCommand> camelCase(TableModel& model) {
+    return std::make_unique<WriteCellsCommand>(
+        &model, secondColumn, changedTexts(model, secondColumn, Utilities::convertToLowerCamelCase), true);
+}
+
+std::unique_ptr<TableUndoCommand> insertCellAtTop(TableModel& model) {
+    RangeVector const cell{Range(0, 0, RangeIndexType::Model)}; // above a million different numbers
+    return std::make_unique<WriteCellsCommand>(&model, cell,
+                                               shiftedCells(model, cell, Axis::Columns, CellShift::Insert), true);
+}
+
+/// What is worked out before a command can be made.
+template <class Work>
+void measureWork(char const* name, Work work) {
+    benchmark::RegisterBenchmark(name,
+                                 [work](benchmark::State& state) {
+                                     QTemporaryDir const directory;
+                                     TableModel model;
+                                     model.loadCSV(writeTable(directory), false, false, QStringLiteral(","),
+                                                   QStringLiteral(","), EncodingType::Utf8, ParsingStandard::Rfc4180);
+                                     for (auto _ : state)
+                                         benchmark::DoNotOptimize(work(model));
+                                 })
+        ->Iterations(3)
+        ->Unit(benchmark::kMillisecond);
+}
+
+void registerWork() {
+    measureWork("upper case texts of a column of 1000000 rows", [](TableModel const& model) {
+        return changedTexts(model, secondColumn, [](QString const& text) { return text.toUpper(); }).size();
+    });
+    measureWork("title case texts of a column of 1000000 rows", [](TableModel const& model) {
+        return changedTexts(model, secondColumn, Utilities::convertToTitleCase).size();
+    });
+    measureWork("leading zeros of a column of 1000000 rows", [](TableModel const& model) {
+        return changedTexts(model, secondColumn, Utilities::removeLeadingZeros).size();
+    });
+    measureWork("duplicates among 1000000 rows",
+                [](TableModel const& model) { return findDuplicateLines(model, Axis::Rows, nullptr).size(); });
+    measureWork("duplicates among 1000000 rows, by one column", [](TableModel const& model) {
+        std::vector<int> const last{5};
+        return findDuplicateLines(model, Axis::Rows, &last).size();
+    });
+    measureWork("duplicates among 6 columns of 1000000 rows",
+                [](TableModel const& model) { return findDuplicateLines(model, Axis::Columns, nullptr).size(); });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -84,7 +144,11 @@ int main(int argc, char** argv) {
     } const commands[] = {{"remove 100000 scattered rows of 1000000", removeRows},
                           {"remove 2 columns of 1000000 rows", removeColumns},
                           {"insert 100000 scattered rows into 1000000", insertRows},
-                          {"clear a column of 1000000 rows", clearColumn}};
+                          {"clear a column of 1000000 rows", clearColumn},
+                          {"upper case of a column of 1000000 rows", upperCase},
+                          {"camel case of a column of 1000000 rows", camelCase},
+                          {"a cell inserted above 1000000 others", insertCellAtTop}};
+    registerWork();
     for (auto const& command : commands) {
         for (bool const undo : {false, true})
             benchmark::RegisterBenchmark((std::string(undo ? "undo: " : "redo: ") + command.name).c_str(),

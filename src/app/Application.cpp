@@ -3,6 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/HandOverMessage.h"
 #include "app/MainWindow.h"
+#include "app/PreferenceStartup.h"
 #include "app/WindowGeometry.h"
 #include "core/PathUtilities.h"
 
@@ -26,16 +27,20 @@ Application::Application(int& argc, char** argv, bool allowSecondary, QFlags<Mod
     setApplicationName(QStringLiteral("Gridwright"));
     setApplicationVersion(QStringLiteral("2.4.4"));
     preferenceDirectory = Utilities::getAppDataLocation();
-    handleAppDataInRedundantFolders();
-    QDir().mkpath(preferenceDirectory);
+    PreferenceStartup preferences(preferenceDirectory);
     if (makeTutorialFile()) {
         QDir::setCurrent(QDir::homePath());
     }
     MainWindow* const window = addMainWindow(false);
     applyDefaultGeometry(*window);
+    if (preferences.isVersionChanged()) {
+        window->setUpdating(true);
+        preferences.update(window->getCommands());
+    }
     onThemeChanged(window->getTheme());
     makeMainWindowConnections(window);
     window->show();
+    window->propagateSettings();
     handleCommandLineArguments(arguments());
     window->activateWindow();
 }
@@ -46,22 +51,6 @@ Application::~Application() {
         window->close();
         delete window;
     }
-}
-
-// Older versions kept their files one folder deeper, under the program's name once more.
-void Application::handleAppDataInRedundantFolders() const {
-    QDir redundant(preferenceDirectory + QStringLiteral("/Gridwright"));
-    if (!redundant.exists()) {
-        return;
-    }
-    for (QFileInfo const& file : redundant.entryInfoList(QDir::Files | QDir::Hidden)) {
-        QString const target = preferenceDirectory + QLatin1Char('/') + file.fileName();
-        QFile::remove(target);
-        if (!QFile::rename(file.absoluteFilePath(), target)) {
-            return; // What cannot be moved stays where it is, with its folder.
-        }
-    }
-    redundant.removeRecursively();
 }
 
 bool Application::makeTutorialFile() const {
@@ -106,6 +95,7 @@ MainWindow* Application::addMainWindow(bool centred) {
     if (centred) {
         applyDefaultGeometry(*window);
         window->show();
+        window->propagateSettings();
     }
     connect(window, &MainWindow::mainWindowClosedSignal, this, &Application::onMainWindowClosed);
     connect(window, &MainWindow::mainWindowFocusChangedSignal, this, &Application::onMainWindowFocusChanged);
@@ -120,6 +110,7 @@ void Application::createNewInstance(bool centred, QStringList const& files) {
         window->resize(model->size());
         window->setWindowState(model->windowState());
         window->show();
+        window->propagateSettings();
     }
     window->openFiles(files);
     makeMainWindowConnections(window);
@@ -132,7 +123,10 @@ void Application::makeMainWindowConnections(MainWindow* window) {
 }
 
 void Application::onThemeChanged(Theme const& theme) {
-    setStyleSheet(theme.getStyleSheet());
+    QString const sheet = theme.getStyleSheet();
+    if (sheet != styleSheet()) { // All widgets of the program are styled anew.
+        setStyleSheet(sheet);
+    }
 }
 
 void Application::onMainWindowClosed() {

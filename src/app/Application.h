@@ -34,7 +34,6 @@ public slots:
     void closeProgram();
 
 private:
-    void handleAppDataInRedundantFolders() const;
     /// Writes the sample table of a first run. True if it was not there.
     bool makeTutorialFile() const;
     MainWindow* addMainWindow(bool centred);

@@ -1,12 +1,18 @@
 #include "app/MainWindow.h"
 
+#include "app/FileMetadataWidget.h"
+#include "app/FindReplaceWidget.h"
+#include "app/FindResultsWidget.h"
 #include "app/PaneView.h"
+#include "app/SideBar.h"
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "commands/ExtensionTable.h"
 
 #include <QCloseEvent>
 #include <QMimeData>
+#include <QScrollArea>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(ExtensionTable::defaultRows()) {
@@ -16,6 +22,7 @@ MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(Ex
     setAcceptDrops(true);
     buildWidgets();
     commands.populate(this);
+    loadPreferences();
     setupMenus();
     commandNewFile();
 }
@@ -23,14 +30,40 @@ MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(Ex
 MainWindow::~MainWindow() = default;
 
 void MainWindow::buildWidgets() {
-    auto* centre = new QWidget(this);
-    auto* column = new QVBoxLayout(centre);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    tabBar = new TabBar(centre);
-    paneView = new PaneView(centre);
-    column->addWidget(tabBar);
-    column->addWidget(paneView, 1);
+    constexpr int handleWidth = 5;
+    auto const plainLayout = [](QWidget* widget) {
+        auto* const layout = new QVBoxLayout(widget);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        return layout;
+    };
+    auto* const centre = new QWidget(this);
+    auto* const panes = new QSplitter(Qt::Horizontal, centre);
+    panes->setHandleWidth(handleWidth);
+    plainLayout(centre)->addWidget(panes);
+
+    auto* const column = new QWidget(panes);
+    auto* const tablesAndResults = new QSplitter(Qt::Vertical, column);
+    tablesAndResults->setHandleWidth(handleWidth);
+    tabBar = new TabBar(column);
+    findReplaceWidget = new FindReplaceWidget(column);
+    paneView = new PaneView(tablesAndResults);
+    findResultsWidget = new FindResultsWidget(tablesAndResults);
+    tablesAndResults->setStretchFactor(0, 1);
+    tablesAndResults->setStretchFactor(1, 0);
+    QVBoxLayout* const columnLayout = plainLayout(column);
+    columnLayout->addWidget(tabBar);
+    columnLayout->addWidget(findReplaceWidget);
+    columnLayout->addWidget(tablesAndResults, 1);
+
+    sideBar = new SideBar(panes);
+    panes->insertWidget(0, sideBar);
+    metadataArea = new QScrollArea(panes);
+    fileMetadataWidget = new FileMetadataWidget(metadataArea);
+    fileMetadataWidget->setMaximumHeight(10000);
+    metadataArea->setWidget(fileMetadataWidget);
+    metadataArea->hide();
+    panes->setStretchFactor(panes->indexOf(column), 1);
     setCentralWidget(centre);
     labelBar = new StatusBar(this);
     setStatusBar(labelBar);
@@ -53,6 +86,7 @@ void MainWindow::buildWidgets() {
     connect(&statistics, &SelectionStatistics::finishedSignal, this,
             [this](QString const& text) { labelBar->setText(StatusBar::Label::Stats, text); });
     connect(paneView, &PaneView::tableLoadedSignal, this, &MainWindow::onTableLoaded);
+    setupLauncher();
 }
 
 void MainWindow::setActiveTable(TableView* table) {
@@ -80,6 +114,7 @@ Context MainWindow::contextOfTable(TableView const* table) const {
         bits |= table->getFilepath().isEmpty() ? Context::None : Context::FileOnDisk;
     }
     bits |= table->isReadOnly() ? Context::ReadOnly : Context::None;
+    bits |= table->tableModel()->hasHiddenLines() ? Context::HiddenPresent : Context::None;
     bits |= table->tableModel()->isSelectionMultiCell() ? Context::MultiCellSelection : Context::None;
     return bits;
 }

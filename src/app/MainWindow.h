@@ -2,11 +2,15 @@
 
 #include "app/StatusBar.h"
 #include "app/UnbuiltCommands.h"
+#include "app/launcher/PromptStep.h"
 #include "appearance/Theme.h"
 #include "commands/Commands.h"
+#include "commands/Settings.h"
 #include "core/Context.h"
 #include "core/ExtensionData.h"
 #include "core/RangeSize.h"
+#include "model/CellShift.h"
+#include "model/CellTexts.h"
 #include "model/SelectionStatistics.h"
 #include "view/ContextMenuEntries.h"
 
@@ -14,10 +18,20 @@
 
 #include <vector>
 
+class FileMetadataWidget;
+class FindReplaceWidget;
+class FindResultsWidget;
 class PaneView;
+class PreferenceWatcher;
+class SideBar;
+class PromptChain;
 class TabBar;
+class TableModel;
 class TableView;
 class QMenu;
+class QScrollArea;
+enum class DialectPart;
+struct Dialect;
 struct MenuItem;
 
 /// One window of the program with all its open tables. A face: it owns the widgets and passes what a person asks on to
@@ -45,10 +59,26 @@ public:
     /// Writes the table to its file; a failure is told and leaves both as they were.
     bool saveFile(TableView* table);
 
+    // Preferences (MainWindow_Settings.cpp).
+
+    Settings const& getSettings() const { return settings; }
+    Commands& getCommands() { return commands; }
+    std::vector<ExtensionData> const& getExtensions() const { return extensions; }
+    /// Puts the settings in force in all parts of the window.
+    void propagateSettings();
+    /// While set, changes of the preference files are not looked at. The next propagateSettings only clears it.
+    void setUpdating(bool on) { updating = on; }
+    /// Toggles a setting of the whole program, in its file too.
+    void toggleSetting(SettingType type);
+
     TableView* getActiveTable() const { return activeTable; }
     PaneView* getPaneView() const { return paneView; }
     StatusBar* getStatusBar() const { return labelBar; }
     Theme const& getTheme() const override { return theme; }
+    /// Where the questions of commands are put.
+    PromptChain* getPrompts() const { return prompts; }
+    /// Begins a new chain of questions with `step`.
+    void ask(PromptStep step);
     /// Carries the command of that name out, if it is live.
     void runCommand(QString const& name);
 
@@ -69,9 +99,6 @@ public slots:
     void commandCloseFile();
     void commandCloseAllFiles();
     void commandExit();
-    void commandReloadFileWithDelimiter();
-    void commandReloadFileWithEncoding();
-    void commandReloadFileWithParsingStandard();
 
     // The active table (MainWindow_Table.cpp).
     void commandUndo();
@@ -144,6 +171,167 @@ public slots:
     void commandToggleAutoFitRowHeight();
     void commandToggleAutoFitColumnWidth();
 
+    // Preferences (MainWindow_Settings.cpp).
+    void onPreferenceChanged(QString const& path);
+    void commandToggleSaveAfterEachEdit() { toggleSetting(SettingType::SaveAfterEachEdit); }
+    void commandToggleSaveWithTrailingDelimiters() { toggleSetting(SettingType::SaveWithTrailingDelimiters); }
+    void commandToggleLetEditorPaneConsumeNavigationKeystrokes() {
+        toggleSetting(SettingType::LetEditorPaneConsumeNavigationKeystrokes);
+    }
+    void commandToggleShowTabBar() { toggleSetting(SettingType::ShowTabBar); }
+    void commandToggleRepresentColumnsAsLetters() { toggleSetting(SettingType::RepresentColumnsAsLetters); }
+    void commandToggleShadeEveryOtherRow() { toggleSetting(SettingType::ShadeEveryOtherRow); }
+    void commandToggleShadeEveryOtherColumn() { toggleSetting(SettingType::ShadeEveryOtherColumn); }
+    void commandToggleHighlightMainSelectedCellsRow() { toggleSetting(SettingType::HighlightMainSelectedCellsRow); }
+    void commandToggleHighlightMainSelectedCellsColumn() {
+        toggleSetting(SettingType::HighlightMainSelectedCellsColumn);
+    }
+    void commandToggleSnapToRowAfterScrolling() { toggleSetting(SettingType::SnapToRowAfterScrolling); }
+    void commandToggleSnapToColumnAfterScrolling() { toggleSetting(SettingType::SnapToColumnAfterScrolling); }
+    void commandToggleReadOnly();
+    void commandEditSettings();
+    void commandEditKeyboardShortcuts();
+    void commandEditFileExtensionOptions();
+    void commandOpenPreferenceFileFolder();
+
+    // The launcher (MainWindow_Launcher.cpp).
+    void commandCommandLauncher();
+    void commandGoToFile();
+    void onDelimiterOptionsPrompt();
+    void onEncodingOptionsPrompt();
+    void onLineEndingOptionsPrompt();
+    void onFiltersOptionsPrompt();
+    void onFileModeOptionsPrompt();
+    void onTableDimensionsOptionsPrompt();
+    /// Ends the open chain of questions without an answer.
+    void closeLauncher();
+
+    // Texts and single cells of the active table (MainWindow_Cells.cpp).
+    void commandUpperCase();
+    void commandLowerCase();
+    void commandTitleCase();
+    void commandUpperCamelCase();
+    void commandLowerCamelCase();
+    void commandUpperSnakeCase();
+    void commandLowerSnakeCase();
+    void commandConvertToAcronym();
+    void commandTrimSelectedCells();
+    void commandRemoveLeadingZeros();
+    void commandFillSelectedCellsWithUuidGuid();
+    void commandCopyMainCellContentsToAllSelectedCells();
+    void commandTransposeSelectedCells();
+    void commandInsertCellsMoveRestOfRowRight();
+    void commandInsertCellsMoveRestOfColumnDown();
+    void commandRemoveSelectedCellsMoveRestOfRowLeft();
+    void commandRemoveSelectedCellsMoveRestOfColumnUp();
+    void commandRemoveSelectedCellsAndTheRestOfTheirRows();
+    void commandRemoveSelectedCellsAndTheRestOfTheirColumns();
+    void commandDuplicateSelectedCellContentsUp();
+    void commandDuplicateSelectedCellContentsDown();
+    void commandDuplicateSelectedCellContentsLeft();
+    void commandDuplicateSelectedCellContentsRight();
+
+    // Whole rows and columns of the active table (MainWindow_Lines.cpp).
+    void commandRemoveDuplicateRows();
+    void commandRemoveDuplicateColumns();
+    void commandRemoveDuplicateRowsBasedOnSelectedColumnsOnly();
+    void commandRemoveDuplicateColumnsBasedOnSelectedRowsOnly();
+    void commandSelectDuplicateRows();
+    void commandSelectDuplicateColumns();
+    void commandSelectDuplicateRowsBasedOnSelectedColumnsOnly();
+    void commandSelectDuplicateColumnsBasedOnSelectedRowsOnly();
+    void commandRemoveEmptyRows();
+    void commandRemoveEmptyColumns();
+    void commandRemoveEmptyRowsBasedOnSelectedColumnsOnly();
+    void commandRemoveEmptyColumnsBasedOnSelectedRowsOnly();
+    void commandRemoveExtraneousRowsAndColumns();
+
+    // Hiding in the active table (MainWindow_Hide.cpp).
+    void commandHideSelectedRows();
+    void commandHideSelectedColumns();
+    void commandHideAllButSelectedRows();
+    void commandHideAllButSelectedColumns();
+    void commandHideEmptyRows();
+    void commandHideEmptyColumns();
+    void commandShowAllHiddenRows();
+    void commandShowAllHiddenColumns();
+    void commandShowHiddenRowsInSelection();
+    void commandShowHiddenColumnsInSelection();
+    void commandShowEmptyRows();
+    void commandShowEmptyColumns();
+    void commandRemoveAllFilteredOutAndHiddenData();
+
+    // Where the file is (MainWindow_Clipboard.cpp).
+    void commandCopyFilePathToClipboard();
+    void commandCopyFolderPathToClipboard();
+    void commandCopyFileNameToClipboard();
+
+    // Tabs and scrolling (MainWindow_Tabs.cpp).
+    void commandCloseAllFilesExceptCurrent();
+    void commandSwitchToTab1();
+    void commandSwitchToTab2();
+    void commandSwitchToTab3();
+    void commandSwitchToTab4();
+    void commandSwitchToTab5();
+    void commandSwitchToTab6();
+    void commandSwitchToTab7();
+    void commandSwitchToTab8();
+    void commandSwitchToTab9();
+    void commandSwitchToTab10();
+    void commandScrollToTop();
+    void commandScrollToBottom();
+    void commandScrollToFarLeft();
+    void commandScrollToFarRight();
+    // Questions for a place or a count in the active table (MainWindow_GoTo.cpp).
+    void commandGoToCell();
+    void commandSelectFromMainCellTo();
+    void commandMoveCellContentsTo();
+    void commandDuplicateCellContentsTo();
+    void commandMoveRowsJustAboveRow();
+    void commandMoveColumnsToTheLeftOfColumn();
+    void commandInsertRowsBeforeMultipleTimes();
+    void commandInsertColumnsBeforeMultipleTimes();
+    void commandDuplicateRowsMultipleTimes();
+    void commandDuplicateColumnsMultipleTimes();
+
+    // Questions for a dialect (MainWindow_Dialect.cpp).
+    void commandReloadFile();
+    void commandReloadFileWithDifferentParameters();
+    void commandReloadFileWithDelimiter();
+    void commandReloadFileWithEncoding();
+    void commandReloadFileWithParsingStandard();
+    void commandSetParametersForFileSave();
+    void commandSetDelimiterForFileSave();
+    void commandSetLineEndingForFileSave();
+    void commandSetEncodingForFileSave();
+    void commandSetParsingStandardForFileSave();
+    void commandListCharacterEncodings();
+
+    // Questions for a setting or a size (MainWindow_Prompts.cpp).
+    void commandSetBehaviorWhenFileIsChangedExternally();
+    void commandSetTextEditor();
+    void commandSetMinimumFileSizeForReadOnlyModeQueryMB();
+    void commandSetUUIDType();
+    void commandSetSearchEngine();
+    void commandSetOnlineMap();
+    void commandSetFont();
+    void commandSetTextSize();
+    void commandSetTheme();
+    void commandSetDefaultRowHeight();
+    void commandSetDefaultColumnWidth();
+    void commandSetMaximumRowHeightForAutoFit();
+    void commandSetMaximumColumnWidthForAutoFit();
+    void commandSetNumberOfHeaderRows();
+    void commandSetNumberOfHeaderColumns();
+    void commandSetFirstRowIndex();
+    void commandSetFirstColumnIndex();
+    void commandSetMinimumNumberOfTableRows();
+    void commandSetMinimumNumberOfTableColumns();
+    void commandSetNumberOfBufferRows();
+    void commandSetNumberOfBufferColumns();
+    void commandSetSelectedRowHeights();
+    void commandSetSelectedColumnWidths();
+
 signals:
     void mainWindowClosedSignal();
     void mainWindowFocusChangedSignal();
@@ -153,17 +341,27 @@ signals:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     void buildWidgets();
+    void setupLauncher();
     void setupMenus();
+    /// Reads the three preference files and watches them from now on.
+    void loadPreferences();
+    void loadCommandsFromFile();
+    void loadSettingsFromFile();
+    void setupExtensions();
+    void openPreferenceFile(QString const& path);
+    /// The user has said in a table's warning that no more are wanted.
+    void onSuppressAutoFitWarningsChanged(bool suppress);
     void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
     TableView* makeEmptyTableObject();
     TableView* addEmptyTableEditor();
-    TableView* addTableEditorFromFile(QString const& path, bool readOnly);
+    TableView* addTableEditorFromFile(QString const& path, bool readOnly, bool isPreferenceFile);
     void addTableEditorFromView(TableView* table);
     /// Opens one file of openFiles; null if it cannot be opened.
     TableView* takeTable(QString const& path);
@@ -174,9 +372,13 @@ private:
     void onSavedStatusChanged(TableView* table, bool clean);
     /// The bits that the table brings to the window's context.
     Context contextOfTable(TableView const* table) const;
-    /// Asks for one of `options` and gives its index; -1 if the user wants none.
-    int askForOption(QString const& title, QStringList const& options, QString const& current);
-    void reloadActiveFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
+    void askForReload(std::vector<DialectPart> const& parts);
+    void askForSaveDialect(std::vector<DialectPart> const& parts);
+    void reloadTable(TableView* table, Dialect const& dialect);
+    /// Asks for the value of a setting: of the active table for one of table scope, else of the window.
+    void askForSetting(SettingType type);
+    /// Keeps the value of a setting for the window and in the settings file, and puts it in force.
+    void storeSetting(SettingType type, QString const& value);
     bool confirmDiscardUnsavedEditsForReload(TableView* table);
     /// Asks whether to save, to discard or to cancel; true if the changes are saved or the user lets them go.
     bool mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel);
@@ -184,6 +386,24 @@ private:
     template <class Command, class... Arguments>
     void push(Arguments... arguments);
     void selectAlong(Direction direction, bool toBlockEdge);
+
+    // What commands on cells and lines share.
+
+    /// The active table's model, after an open edit has ended.
+    TableModel* settledModel();
+    /// Writes the cells by a command; none if there are no changes.
+    void writeCells(CellPatch patch);
+    void changeSelectedTexts(TextChange const& change);
+    void shiftSelectedCells(Axis axis, CellShift shift);
+    void duplicateSelectedContents(Direction direction);
+    enum class Basis { WholeLines, SelectedCellsOnly };
+    std::vector<int> duplicateLines(Axis axis, Basis basis);
+    void removeLines(Axis axis, std::vector<int> const& modelLines);
+    void selectLines(Axis axis, std::vector<int> const& modelLines);
+    void removeEmptyLines(Axis axis, Basis basis);
+    void applyHidden(Axis axis, std::vector<int> const& hidden);
+    void switchToExistingTab(int index);
+
     void switchToTab(int index);
     bool saveTo(TableView* table, QString const& path);
     bool isUntouchedEmptyTable(TableView const* table) const;
@@ -191,23 +411,41 @@ private:
     /// Warns of a table that may lack the end of its file.
     void tellIfNotReadWhole(TableView const* table);
 
+    void onCommandLauncher();
+    void onCommandLauncherResponseReceived(QString const& response);
+    /// Offers the commands of those names that are live.
+    void askForCommand(QString const& title, QStringList const& names);
+    OptionData optionOf(Command const& command) const;
+    /// The value of the command's setting in the launcher's words; empty for a command without one.
+    QString settingPill(Command const& command) const;
+
     void updateWindowTitle();
     void updateStatusBar();
     void onSelectionSizeChanged(RangeSize const& size);
     void onMainCellLengthChanged(int length);
     void updateStatsLabel();
     void connectStatusBar(TableView* table);
+    void connectDialectLabels(TableView* table);
+    void updateDialectLabels();
     void onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols);
 
     Theme theme;
+    Settings settings;
+    bool updating = false;
+    PreferenceWatcher* preferenceWatcher = nullptr;
     std::vector<ExtensionData> extensions;
     PaneView* paneView = nullptr;
     Commands commands;
     CommandActions actions;                                       ///< of the commands, by their names
     Context context = Context::TableActive | Context::Navigating; ///< the state by which commands are live
+    PromptChain* prompts = nullptr;
     TabBar* tabBar = nullptr;
+    SideBar* sideBar = nullptr;
+    FindReplaceWidget* findReplaceWidget = nullptr;
+    FindResultsWidget* findResultsWidget = nullptr;
+    FileMetadataWidget* fileMetadataWidget = nullptr;
+    QScrollArea* metadataArea = nullptr;
     StatusBar* labelBar = nullptr;
     SelectionStatistics statistics; ///< of a large selection in the active table
     TableView* activeTable = nullptr;
-    int largeFileSize = 100; ///< in MiB; files from this size on are asked about
 };

@@ -1,62 +1,80 @@
-// Reading the active table's file again in another dialect.
+// What the active table's file is read and written with.
 
 #include "app/MainWindow.h"
-#include "core/DelimiterUtilities.h"
-#include "core/DialectUtilities.h"
-#include "core/EncodingUtilities.h"
+#include "app/prompts/DialectPrompts.h"
 #include "view/TableView.h"
 
-#include <QInputDialog>
+#include <QPointer>
 
-int MainWindow::askForOption(QString const& title, QStringList const& options, QString const& current) {
-    bool accepted = false;
-    QString const chosen = QInputDialog::getItem(this, QStringLiteral("Gridwright"), title, options,
-                                                 std::max<int>(options.indexOf(current), 0), false, &accepted);
-    return accepted ? static_cast<int>(options.indexOf(chosen)) : -1;
+void MainWindow::askForReload(std::vector<DialectPart> const& parts) {
+    activeTable->stopEditing();
+    ask(Prompts::reloadDialect(parts, activeTable,
+                               [this, alive = QPointer<TableView>(activeTable)](Dialect const& dialect) {
+                                   if (!alive.isNull()) {
+                                       reloadTable(alive, dialect);
+                                   }
+                               }));
+}
+
+void MainWindow::askForSaveDialect(std::vector<DialectPart> const& parts) {
+    activeTable->stopEditing();
+    ask(Prompts::saveDialect(parts, activeTable));
+}
+
+void MainWindow::commandReloadFile() {
+    activeTable->stopEditing();
+    if (confirmDiscardUnsavedEditsForReload(activeTable)) {
+        activeTable->undoStack()->clear();
+        activeTable->loadCSV(activeTable->getFilepath(), true);
+        setActiveTable(activeTable);
+    }
+}
+
+void MainWindow::commandReloadFileWithDifferentParameters() {
+    askForReload({DialectPart::Delimiter, DialectPart::Encoding, DialectPart::ParsingStandard});
 }
 
 void MainWindow::commandReloadFileWithDelimiter() {
-    TableModel const& model = *activeTable->tableModel();
-    QStringList const options = Utilities::getDelimiterOptions(false);
-    int const chosen = askForOption(tr("Reload File with Delimiter:"), options,
-                                    Utilities::convertDelimiterFromActualToShortReadable(model.getDelimiter()));
-    if (chosen >= 0) {
-        QString delimiter;
-        Utilities::convertDelimiterFromShortReadableToActual(delimiter, options[chosen]);
-        reloadActiveFile(delimiter, model.getEncoding(), model.getParsingStandard());
-    }
+    askForReload({DialectPart::Delimiter});
 }
 
 void MainWindow::commandReloadFileWithEncoding() {
-    TableModel const& model = *activeTable->tableModel();
-    QStringList const options = Utilities::getEncodingStringList();
-    int const chosen = askForOption(tr("Reload File with Encoding:"), options,
-                                    Utilities::convertEncodingTypeToString(model.getEncoding()));
-    if (chosen >= 0) {
-        EncodingType const named = Utilities::convertEncodingStringToType(options[chosen]);
-        reloadActiveFile(model.getDelimiter(), Utilities::guessEncodingFromFile(named, activeTable->getFilepath()),
-                         model.getParsingStandard());
-    }
+    askForReload({DialectPart::Encoding});
 }
 
 void MainWindow::commandReloadFileWithParsingStandard() {
-    TableModel const& model = *activeTable->tableModel();
-    QStringList options;
-    for (int standard = 0; standard < static_cast<int>(ParsingStandard::Invalid); ++standard) {
-        options.append(Utilities::convertParsingStandardToString(static_cast<ParsingStandard>(standard)));
-    }
-    int const chosen = askForOption(tr("Reload File with Parsing Standard:"), options,
-                                    Utilities::convertParsingStandardToString(model.getParsingStandard()));
-    if (chosen >= 0) {
-        reloadActiveFile(model.getDelimiter(), model.getEncoding(), static_cast<ParsingStandard>(chosen));
-    }
+    askForReload({DialectPart::ParsingStandard});
 }
 
-void MainWindow::reloadActiveFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard) {
-    activeTable->stopEditing();
-    if (confirmDiscardUnsavedEditsForReload(activeTable)) {
-        activeTable->reloadFile(delimiter, encoding, standard);
-        setActiveTable(activeTable);
+void MainWindow::commandSetParametersForFileSave() {
+    askForSaveDialect(
+        {DialectPart::Delimiter, DialectPart::LineEnding, DialectPart::Encoding, DialectPart::ParsingStandard});
+}
+
+void MainWindow::commandSetDelimiterForFileSave() {
+    askForSaveDialect({DialectPart::Delimiter});
+}
+
+void MainWindow::commandSetLineEndingForFileSave() {
+    askForSaveDialect({DialectPart::LineEnding});
+}
+
+void MainWindow::commandSetEncodingForFileSave() {
+    askForSaveDialect({DialectPart::Encoding});
+}
+
+void MainWindow::commandSetParsingStandardForFileSave() {
+    askForSaveDialect({DialectPart::ParsingStandard});
+}
+
+void MainWindow::commandListCharacterEncodings() {
+    ask(Prompts::listCharacterEncodings());
+}
+
+void MainWindow::reloadTable(TableView* table, Dialect const& dialect) {
+    if (confirmDiscardUnsavedEditsForReload(table)) {
+        table->reloadFile(dialect.delimiter, dialect.encoding, dialect.parsingStandard);
+        setActiveTable(table);
     }
 }
 

@@ -7,7 +7,9 @@
 #include "app/TabBar.h"
 #include "commands/ExtensionTable.h"
 #include "core/DelimiterUtilities.h"
+#include "core/DialectUtilities.h"
 #include "core/EncodingUtilities.h"
+#include "core/PathUtilities.h"
 #include "view/MsgBox.h"
 
 #include <QApplication>
@@ -39,27 +41,20 @@ ExtensionData settledOptions(ExtensionData options, QString const& path) {
     if (!Utilities::delimiterValid(options.saveDelimiter)) {
         options.saveDelimiter = options.delimiter;
     }
+    for (QString* const delimiter : {&options.delimiter, &options.saveDelimiter}) {
+        if (*delimiter == QLatin1String("(none)")) {
+            delimiter->clear();
+        }
+    }
     options.encoding = Utilities::guessEncodingFromFile(options.encoding, path);
     return options;
 }
 
-/// Gives a new table what a user finds who has changed no setting: a grid with room to type beyond the data, and a
-/// plain font.
-void applyDefaults(TableView& table) {
-    constexpr int smallestGrid = 50;
-    constexpr int bufferLines = 2;
-    constexpr int textPixels = 13;
-    constexpr int tallestFittedRow = 240;
-    TableModel& model = *table.tableModel();
-    model.setMinNumTableRows(smallestGrid);
-    model.setMinNumTableCols(smallestGrid);
-    model.setNumBufferRows(bufferLines);
-    model.setNumBufferCols(bufferLines);
-    table.setFont(QFont(QStringLiteral("Liberation Sans")));
-    table.setTextSize(textPixels);
-    table.setMaximumRowHeight(tallestFittedRow, false);
-    table.setAutoFitColWidth(true, false);
-    table.setSnapToColumnAfterScrolling(false);
+/// How preference files are written.
+ExtensionData preferenceFileOptions() {
+    ExtensionData options(QStringLiteral("csv"), QStringLiteral(","), QStringLiteral(","));
+    options.lineEnding = Utilities::getLineEndingFromPlatform();
+    return options;
 }
 
 } // namespace
@@ -98,18 +93,21 @@ TableView* MainWindow::takeTable(QString const& path) {
         MsgBox::inform(this, theme, tr("This can't be opened as a table:\n%1\n\n%2").arg(path, reason));
         return nullptr;
     }
-    bool readOnly = !isWritableFile(path);
+    if (Utilities::isPreferenceFilepath(path)) {
+        return addTableEditorFromFile(path, false, true);
+    }
+    bool readOnly = settings.getValueBool(SettingType::ReadOnly) || !isWritableFile(path);
     if (!readOnly && !askHowToOpenLargeFile(path, readOnly)) {
         return nullptr;
     }
-    return addTableEditorFromFile(path, readOnly);
+    return addTableEditorFromFile(path, readOnly, false);
 }
 
 bool MainWindow::askHowToOpenLargeFile(QString const& path, bool& readOnly) {
     constexpr qint64 mebibyte = 1048576;
     constexpr int buttonWidth = 130;
     qint64 const size = QFileInfo(path).size() / mebibyte;
-    if (size < largeFileSize) {
+    if (size < settings.getValueInt(SettingType::MinimumFileSizeForReadOnlyModeQueryMB)) {
         return true;
     }
     MsgBox box(this);
@@ -129,10 +127,12 @@ bool MainWindow::askHowToOpenLargeFile(QString const& path, bool& readOnly) {
 
 TableView* MainWindow::makeEmptyTableObject() {
     auto* table = new TableView(this);
-    applyDefaults(*table);
+    table->propagateSettings(settings);
     table->setupContextMenus(actions);
     table->setExtensionData(settledOptions(ExtensionTable::find(extensions, QStringLiteral("csv")), QString()));
     connectStatusBar(table);
+    connect(table, &TableView::suppressAutoFitWarningsChangedSignal, this,
+            &MainWindow::onSuppressAutoFitWarningsChanged);
     connect(table, &TableView::undoStackCleanChangedSignal, this,
             [this, table](bool clean) { onSavedStatusChanged(table, clean); });
     return table;
@@ -144,12 +144,16 @@ TableView* MainWindow::addEmptyTableEditor() {
     return table;
 }
 
-TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly) {
+TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly, bool isPreferenceFile) {
     TableView* const table = makeEmptyTableObject();
     table->setReadOnly(readOnly);
-    ExtensionData const row = ExtensionTable::find(extensions, ExtensionTable::extensionOfFile(path));
-    table->setExtensionData(settledOptions(row, path));
-    table->loadCSV(path, QFileInfo(path).size() > backgroundLoadSize);
+    if (isPreferenceFile) {
+        table->setExtensionData(preferenceFileOptions());
+    } else {
+        ExtensionData const row = ExtensionTable::find(extensions, ExtensionTable::extensionOfFile(path));
+        table->setExtensionData(settledOptions(row, path));
+    }
+    table->loadCSV(path, !isPreferenceFile && QFileInfo(path).size() > backgroundLoadSize);
     addTableEditorFromView(table);
     tellIfNotReadWhole(table);
     return table;

@@ -32,6 +32,7 @@ void MainWindow::addToMenu(QMenu& menu, std::vector<MenuItem> const& items) {
             auto* const submenu = menu.addMenu(item.title);
             submenu->setFont(menu.font());
             addToMenu(*submenu, item.items);
+            submenu->menuAction()->setEnabled(!submenu->isEmpty());
             break;
         }
         }

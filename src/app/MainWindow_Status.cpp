@@ -35,14 +35,33 @@ void MainWindow::connectStatusBar(TableView* table) {
     connect(table, &TableView::updateStatusBarSignal, this, [this, ifActive] { ifActive([&] { updateStatusBar(); }); });
     connect(table->tableModel(), &TableModel::updateStatsLabelSignal, this,
             [this, ifActive](QString const& text) { ifActive([&] { labelBar->setText(Label::Stats, text); }); });
+    connectDialectLabels(table);
+}
+
+void MainWindow::connectDialectLabels(TableView* table) {
+    TableModel const* const model = table->tableModel();
+    auto const update = [this, table] {
+        if (table == activeTable) {
+            updateDialectLabels();
+        }
+    };
+    connect(model, &TableModel::setDelimiterSignal, this, update);
+    connect(model, &TableModel::setLineEndingSignal, this, update);
+    connect(model, &TableModel::setEncodingSignal, this, update);
+    connect(model, &TableModel::setParsingStandardSignal, this, update);
+}
+
+void MainWindow::updateDialectLabels() {
+    TableModel const& model = *activeTable->tableModel();
+    labelBar->setText(Label::Delimiter, StatusBar::delimiterText(model.getDelimiter(), model.getSaveDelimiter()));
+    labelBar->setText(Label::Encoding, Utilities::convertEncodingTypeToString(model.getEncoding()));
+    labelBar->setText(Label::LineEnding, Utilities::convertLineEndingTypeToShortString(model.getLineEnding(), false));
 }
 
 void MainWindow::updateStatusBar() {
     TableModel const& model = *activeTable->tableModel();
     labelBar->setText(Label::Mode, activeTable->isReadOnly() ? tr("Read-Only") : tr("Editable"));
-    labelBar->setText(Label::Delimiter, StatusBar::delimiterText(model.getDelimiter(), model.getSaveDelimiter()));
-    labelBar->setText(Label::Encoding, Utilities::convertEncodingTypeToString(model.getEncoding()));
-    labelBar->setText(Label::LineEnding, Utilities::convertLineEndingTypeToShortString(model.getLineEnding(), false));
+    updateDialectLabels();
     labelBar->setText(Label::Filters, StatusBar::filtersText({}, {}));
     onSelectionSizeChanged(activeTable->tableModel()->getSelectionSize());
     onMainCellLengthChanged(activeTable->getMainCell(true).value.toString().size());

@@ -96,6 +96,13 @@ void PaneView::setLetEditorPaneConsumeNavigationKeystrokes(bool on) {
         page.table->setLetEditorPaneConsumeNavigationKeystrokes(on);
 }
 
+void PaneView::propagateSettings(Settings const& settings) {
+    editorPane->setLetEditorPaneConsumeNavigationKeystrokes(
+        settings.getValueBool(SettingType::LetEditorPaneConsumeNavigationKeystrokes));
+    for (Page const& page : pageList)
+        page.table->propagateSettings(settings);
+}
+
 // The pane follows the main cell.
 
 /// The cell that the pane shows already keeps its cursor, as when an edit begins or ends.

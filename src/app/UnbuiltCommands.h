@@ -30,21 +30,7 @@ public slots:
     void commandShowFileInFileSystem() { tellNotBuilt(); }
     void commandOpenTerminalToFilesDirectory() { tellNotBuilt(); }
     void commandOpenFileInTextEditor() { tellNotBuilt(); }
-    void commandSetBehaviorWhenFileIsChangedExternally() { tellNotBuilt(); }
-    void commandSetTextEditor() { tellNotBuilt(); }
-    void commandToggleSaveAfterEachEdit() { tellNotBuilt(); }
     void commandToggleRemoveExtraneousRowsColumnsOnFileSave() { tellNotBuilt(); }
-    void commandReloadFile() { tellNotBuilt(); }
-    void commandReloadFileWithDifferentParameters() { tellNotBuilt(); }
-    void commandSetParametersForFileSave() { tellNotBuilt(); }
-    void commandSetDelimiterForFileSave() { tellNotBuilt(); }
-    void commandSetLineEndingForFileSave() { tellNotBuilt(); }
-    void commandSetEncodingForFileSave() { tellNotBuilt(); }
-    void commandSetParsingStandardForFileSave() { tellNotBuilt(); }
-    void commandToggleSaveWithTrailingDelimiters() { tellNotBuilt(); }
-    void commandCopyFilePathToClipboard() { tellNotBuilt(); }
-    void commandCopyFolderPathToClipboard() { tellNotBuilt(); }
-    void commandCopyFileNameToClipboard() { tellNotBuilt(); }
     void commandCutCells() { tellNotBuilt(); }
     void commandCopyCells() { tellNotBuilt(); }
     void commandCopyCellsWithHeader() { tellNotBuilt(); }
@@ -52,47 +38,14 @@ public slots:
     void commandCopyCellsToHtml() { tellNotBuilt(); }
     void commandPasteCells() { tellNotBuilt(); }
     void commandPasteCellsSpecial() { tellNotBuilt(); }
-    void commandToggleReadOnly() { tellNotBuilt(); }
-    void commandSetMinimumFileSizeForReadOnlyModeQueryMB() { tellNotBuilt(); }
     void commandToggleRetainSortAndFiltersUponFileRefresh() { tellNotBuilt(); }
-    void commandToggleLetEditorPaneConsumeNavigationKeystrokes() { tellNotBuilt(); }
-    void commandMoveCellContentsTo() { tellNotBuilt(); }
-    void commandMoveRowsJustAboveRow() { tellNotBuilt(); }
-    void commandMoveColumnsToTheLeftOfColumn() { tellNotBuilt(); }
-    void commandInsertRowsBeforeMultipleTimes() { tellNotBuilt(); }
-    void commandInsertColumnsBeforeMultipleTimes() { tellNotBuilt(); }
-    void commandInsertCellsMoveRestOfRowRight() { tellNotBuilt(); }
-    void commandInsertCellsMoveRestOfColumnDown() { tellNotBuilt(); }
-    void commandTransposeSelectedCells() { tellNotBuilt(); }
-    void commandUpperCase() { tellNotBuilt(); }
-    void commandLowerCase() { tellNotBuilt(); }
-    void commandTitleCase() { tellNotBuilt(); }
-    void commandUpperCamelCase() { tellNotBuilt(); }
-    void commandLowerCamelCase() { tellNotBuilt(); }
-    void commandUpperSnakeCase() { tellNotBuilt(); }
-    void commandLowerSnakeCase() { tellNotBuilt(); }
-    void commandConvertToAcronym() { tellNotBuilt(); }
     void commandConvertDateTimeFormat() { tellNotBuilt(); }
     void commandConvertNumberFormat() { tellNotBuilt(); }
     void commandPlaceCurrentDateTimeStampNowInSelectedCells() { tellNotBuilt(); }
     void commandZeroFillWholeNumbers() { tellNotBuilt(); }
-    void commandRemoveLeadingZeros() { tellNotBuilt(); }
     void commandRandomIntegersInSelectedCells() { tellNotBuilt(); }
     void commandRandomDecimalsFloatsInSelectedCells() { tellNotBuilt(); }
     void commandSetNumberOfDecimals() { tellNotBuilt(); }
-    void commandRemoveDuplicateRows() { tellNotBuilt(); }
-    void commandRemoveDuplicateColumns() { tellNotBuilt(); }
-    void commandRemoveDuplicateRowsBasedOnSelectedColumnsOnly() { tellNotBuilt(); }
-    void commandRemoveDuplicateColumnsBasedOnSelectedRowsOnly() { tellNotBuilt(); }
-    void commandRemoveEmptyRows() { tellNotBuilt(); }
-    void commandRemoveEmptyColumns() { tellNotBuilt(); }
-    void commandRemoveEmptyRowsBasedOnSelectedColumnsOnly() { tellNotBuilt(); }
-    void commandRemoveEmptyColumnsBasedOnSelectedRowsOnly() { tellNotBuilt(); }
-    void commandRemoveSelectedCellsMoveRestOfRowLeft() { tellNotBuilt(); }
-    void commandRemoveSelectedCellsMoveRestOfColumnUp() { tellNotBuilt(); }
-    void commandRemoveSelectedCellsAndTheRestOfTheirRows() { tellNotBuilt(); }
-    void commandRemoveSelectedCellsAndTheRestOfTheirColumns() { tellNotBuilt(); }
-    void commandRemoveAllFilteredOutAndHiddenData() { tellNotBuilt(); }
     void commandSortSelectedColumnAscending() { tellNotBuilt(); }
     void commandSortSelectedColumnDescending() { tellNotBuilt(); }
     void commandSortSelectedRowAscending() { tellNotBuilt(); }
@@ -102,14 +55,6 @@ public slots:
     void commandSortSelectedCellsVerticallyAscending() { tellNotBuilt(); }
     void commandSortSelectedCellsVerticallyDescending() { tellNotBuilt(); }
     void commandToggleCaseSensitiveSorting() { tellNotBuilt(); }
-    void commandDuplicateCellContentsTo() { tellNotBuilt(); }
-    void commandDuplicateSelectedCellContentsUp() { tellNotBuilt(); }
-    void commandDuplicateSelectedCellContentsDown() { tellNotBuilt(); }
-    void commandDuplicateSelectedCellContentsLeft() { tellNotBuilt(); }
-    void commandDuplicateSelectedCellContentsRight() { tellNotBuilt(); }
-    void commandDuplicateRowsMultipleTimes() { tellNotBuilt(); }
-    void commandDuplicateColumnsMultipleTimes() { tellNotBuilt(); }
-    void commandCopyMainCellContentsToAllSelectedCells() { tellNotBuilt(); }
     void commandFillSelectedCellsWithSeries() { tellNotBuilt(); }
     void commandReshapeSelectedCellsRowWise() { tellNotBuilt(); }
     void commandReshapeSelectedCellsColumnWise() { tellNotBuilt(); }
@@ -135,32 +80,10 @@ public slots:
     void commandRemoveIndividualFilters() { tellNotBuilt(); }
     void commandRemoveAllFilters() { tellNotBuilt(); }
     void commandRefreshFilters() { tellNotBuilt(); }
-    void commandHideSelectedRows() { tellNotBuilt(); }
-    void commandHideSelectedColumns() { tellNotBuilt(); }
-    void commandHideAllButSelectedRows() { tellNotBuilt(); }
-    void commandHideAllButSelectedColumns() { tellNotBuilt(); }
-    void commandHideEmptyRows() { tellNotBuilt(); }
-    void commandHideEmptyColumns() { tellNotBuilt(); }
-    void commandShowAllHiddenRows() { tellNotBuilt(); }
-    void commandShowAllHiddenColumns() { tellNotBuilt(); }
-    void commandShowHiddenRowsInSelection() { tellNotBuilt(); }
-    void commandShowHiddenColumnsInSelection() { tellNotBuilt(); }
-    void commandShowEmptyRows() { tellNotBuilt(); }
-    void commandShowEmptyColumns() { tellNotBuilt(); }
     void commandPrependCellContents() { tellNotBuilt(); }
     void commandAppendCellContents() { tellNotBuilt(); }
-    void commandTrimSelectedCells() { tellNotBuilt(); }
-    void commandFillSelectedCellsWithUuidGuid() { tellNotBuilt(); }
-    void commandListCharacterEncodings() { tellNotBuilt(); }
-    void commandRemoveExtraneousRowsAndColumns() { tellNotBuilt(); }
     void commandAddOrUpdateIDColumn() { tellNotBuilt(); }
     void commandParseSelectedCellContentsAsTable() { tellNotBuilt(); }
-    void commandSetUUIDType() { tellNotBuilt(); }
-    void commandSelectDuplicateRows() { tellNotBuilt(); }
-    void commandSelectDuplicateColumns() { tellNotBuilt(); }
-    void commandSelectFromMainCellTo() { tellNotBuilt(); }
-    void commandSelectDuplicateRowsBasedOnSelectedColumnsOnly() { tellNotBuilt(); }
-    void commandSelectDuplicateColumnsBasedOnSelectedRowsOnly() { tellNotBuilt(); }
     void commandAddNextMatchToSelection() { tellNotBuilt(); }
     void commandSelectAllMatches() { tellNotBuilt(); }
     void commandFind() { tellNotBuilt(); }
@@ -171,12 +94,6 @@ public slots:
     void commandReplaceNextMatch() { tellNotBuilt(); }
     void commandReplacePreviousMatch() { tellNotBuilt(); }
     void commandReplaceAllMatches() { tellNotBuilt(); }
-    void commandSetSelectedRowHeights() { tellNotBuilt(); }
-    void commandSetSelectedColumnWidths() { tellNotBuilt(); }
-    void commandSetDefaultRowHeight() { tellNotBuilt(); }
-    void commandSetDefaultColumnWidth() { tellNotBuilt(); }
-    void commandSetMaximumRowHeightForAutoFit() { tellNotBuilt(); }
-    void commandSetMaximumColumnWidthForAutoFit() { tellNotBuilt(); }
     void commandSetHeaderRowsToSelectedRow() { tellNotBuilt(); }
     void commandSetHeaderColumnsToSelectedColumn() { tellNotBuilt(); }
     void commandSetHeadersToSelectedCell() { tellNotBuilt(); }
@@ -184,13 +101,10 @@ public slots:
     void commandRemoveHeaderColumns() { tellNotBuilt(); }
     void commandRemoveAllHeaders() { tellNotBuilt(); }
     void commandToggleFreezeHeaderRowsAndColumns() { tellNotBuilt(); }
-    void commandSetNumberOfHeaderRows() { tellNotBuilt(); }
-    void commandSetNumberOfHeaderColumns() { tellNotBuilt(); }
     void commandToggleHighlightHeaderRows() { tellNotBuilt(); }
     void commandToggleHighlightHeaderColumns() { tellNotBuilt(); }
     void commandToggleFreezeHeaderRows() { tellNotBuilt(); }
     void commandToggleFreezeHeaderColumns() { tellNotBuilt(); }
-    void commandCommandLauncher() { tellNotBuilt(); }
     void commandOpenFileAnalysisWindow() { tellNotBuilt(); }
     void commandStatisticsSelectedColumns() { tellNotBuilt(); }
     void commandStatisticsAllColumns() { tellNotBuilt(); }
@@ -201,23 +115,11 @@ public slots:
     void commandUniqueValuesSelectedColumn() { tellNotBuilt(); }
     void commandPivotTableSelectedColumns() { tellNotBuilt(); }
     void commandColumnLookup() { tellNotBuilt(); }
-    void commandGoToFile() { tellNotBuilt(); }
-    void commandGoToCell() { tellNotBuilt(); }
-    void commandScrollToTop() { tellNotBuilt(); }
-    void commandScrollToBottom() { tellNotBuilt(); }
-    void commandScrollToFarLeft() { tellNotBuilt(); }
-    void commandScrollToFarRight() { tellNotBuilt(); }
     void commandFollowSelectedHyperlinks() { tellNotBuilt(); }
     void commandEmailSelectedEmailAddresses() { tellNotBuilt(); }
     void commandWebSearchForSelectedTerms() { tellNotBuilt(); }
     void commandWebSearchForSelectedPlacesInMap() { tellNotBuilt(); }
-    void commandSetSearchEngine() { tellNotBuilt(); }
-    void commandSetOnlineMap() { tellNotBuilt(); }
     void commandPreferences() { tellNotBuilt(); }
-    void commandEditSettings() { tellNotBuilt(); }
-    void commandEditKeyboardShortcuts() { tellNotBuilt(); }
-    void commandEditFileExtensionOptions() { tellNotBuilt(); }
-    void commandOpenPreferenceFileFolder() { tellNotBuilt(); }
     void commandReportABug() { tellNotBuilt(); }
     void commandRequestAFeature() { tellNotBuilt(); }
     void commandTakeASurvey() { tellNotBuilt(); }
@@ -228,42 +130,14 @@ public slots:
     void commandAbout() { tellNotBuilt(); }
     void commandCheckForUpdates() { tellNotBuilt(); }
     void commandViewChangelog() { tellNotBuilt(); }
-    void commandCloseAllFilesExceptCurrent() { tellNotBuilt(); }
-    void commandSwitchToTab1() { tellNotBuilt(); }
-    void commandSwitchToTab2() { tellNotBuilt(); }
-    void commandSwitchToTab3() { tellNotBuilt(); }
-    void commandSwitchToTab4() { tellNotBuilt(); }
-    void commandSwitchToTab5() { tellNotBuilt(); }
-    void commandSwitchToTab6() { tellNotBuilt(); }
-    void commandSwitchToTab7() { tellNotBuilt(); }
-    void commandSwitchToTab8() { tellNotBuilt(); }
-    void commandSwitchToTab9() { tellNotBuilt(); }
-    void commandSwitchToTab10() { tellNotBuilt(); }
     void commandToggleEnableCheckForUpdates() { tellNotBuilt(); }
     void commandToggleDetectImportedFileTypeUponOpeningFile() { tellNotBuilt(); }
-    void commandToggleShowTabBar() { tellNotBuilt(); }
     void commandToggleShowSideBar() { tellNotBuilt(); }
     void commandToggleShowFileMetadata() { tellNotBuilt(); }
     void commandToggleShowSideBarOpenFiles() { tellNotBuilt(); }
     void commandToggleShowSideBarFolders() { tellNotBuilt(); }
     void commandToggleShowRowLabels() { tellNotBuilt(); }
     void commandToggleShowColumnLabels() { tellNotBuilt(); }
-    void commandSetFirstRowIndex() { tellNotBuilt(); }
-    void commandSetFirstColumnIndex() { tellNotBuilt(); }
-    void commandToggleRepresentColumnsAsLetters() { tellNotBuilt(); }
-    void commandSetFont() { tellNotBuilt(); }
-    void commandSetTextSize() { tellNotBuilt(); }
-    void commandSetTheme() { tellNotBuilt(); }
-    void commandToggleShadeEveryOtherRow() { tellNotBuilt(); }
-    void commandToggleShadeEveryOtherColumn() { tellNotBuilt(); }
-    void commandToggleHighlightMainSelectedCellsRow() { tellNotBuilt(); }
-    void commandToggleHighlightMainSelectedCellsColumn() { tellNotBuilt(); }
-    void commandToggleSnapToRowAfterScrolling() { tellNotBuilt(); }
-    void commandToggleSnapToColumnAfterScrolling() { tellNotBuilt(); }
-    void commandSetMinimumNumberOfTableRows() { tellNotBuilt(); }
-    void commandSetMinimumNumberOfTableColumns() { tellNotBuilt(); }
-    void commandSetNumberOfBufferRows() { tellNotBuilt(); }
-    void commandSetNumberOfBufferColumns() { tellNotBuilt(); }
 
 private:
     /// Names the command by the action that triggered the running slot.

@@ -1,7 +1,5 @@
 #include "appearance/Theme.h"
 
-#include <QStringList>
-
 namespace {
 
 constexpr int translucentAlpha = 40;
@@ -53,23 +51,23 @@ constexpr StyleRule styleRules[] = {
     {"QTreeWidget, QListView", "background-color: {Background2Color}; border: none;"},
     {"QTreeWidget::item:hover, QListView::item:hover", "background-color: {HoverItemColor};"},
     {"QTreeWidget::item:selected, QListView::item:selected", "background-color: {SelectedItemColor};"},
+    {"Launcher, PrevOptionWidget, Launcher QLabel, PrevOptionWidget QLabel", "background-color: transparent;"},
+    {"Launcher QLineEdit", "border-radius: 4px; padding: 1px;"},
+    {"OptionListWidget, OptionListWidget > QWidget > QWidget", "background-color: {Background2Color}; border: none;"},
+    {"OptionWidget > QLabel", "color: {StaticTextColor};"},
+    {"Launcher PillLabel", "color: {TextColor}; background-color: {Background5Color}; border-radius: 3px;"
+                           " margin: 0px 3px 0px 3px; padding: 1px 4px;"},
     {"QProgressBar", "background-color: {Background3Color}; border: 1px solid {Background4Color}; text-align: center;"},
     {"QProgressBar::chunk", "background-color: {SelectedItemColor};"},
 };
 
 constexpr char const* colorKeys[] = {
-#define GRIDWRIGHT_KEY(key, value) #key,
+#define GRIDWRIGHT_KEY(key) #key,
     GRIDWRIGHT_THEME_COLORS(GRIDWRIGHT_KEY)
 #undef GRIDWRIGHT_KEY
 };
 
 } // namespace
-
-Theme::Theme() : name(QStringLiteral("Dark")) {
-#define GRIDWRIGHT_FILL(key, value) set##key(QColor(QStringLiteral(value)));
-    GRIDWRIGHT_THEME_COLORS(GRIDWRIGHT_FILL)
-#undef GRIDWRIGHT_FILL
-}
 
 QColor Theme::getTranslucentMainCellColor() const {
     QColor translucent = getMainCellColor();

@@ -2,47 +2,48 @@
 
 #include <QColor>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 
-// The colours of a theme: key name and value in the built-in dark theme, which is the default. The key names are also
-// those of theme files and of the getters and setters of Theme.
+// The colours of a theme by their key names, which are also those of theme files and of the getters and setters of
+// Theme.
 #define GRIDWRIGHT_THEME_COLORS(COLOR)                                                                                 \
-    COLOR(Background1Color, "#222222")                                                                                 \
-    COLOR(Background2Color, "#111111")                                                                                 \
-    COLOR(Background3Color, "#3a3a3a")                                                                                 \
-    COLOR(Background4Color, "#666666")                                                                                 \
-    COLOR(Background5Color, "#444444")                                                                                 \
-    COLOR(FuzzySearchHighlightedTextColor, "#ff0000")                                                                  \
-    COLOR(HighlightedButtonColor, "#99bbff")                                                                           \
-    COLOR(SelectedTextColor, "#6666cc")                                                                                \
-    COLOR(SelectedItemColor, "#6666cc")                                                                                \
-    COLOR(HoverItemColor, "#8888ee")                                                                                   \
-    COLOR(InactiveTabTextColor, "#bbbbbb")                                                                             \
-    COLOR(DisabledTextColor, "#888888")                                                                                \
-    COLOR(ButtonTextColor, "white")                                                                                    \
-    COLOR(HighlightedLineColor, "#ff0000")                                                                             \
-    COLOR(CellBorderColor, "#dd5555")                                                                                  \
-    COLOR(HistogramBarColor, "#bbbb00")                                                                                \
-    COLOR(TextColor, "white")                                                                                          \
-    COLOR(StaticTextColor, "#d6d6d6")                                                                                  \
-    COLOR(HighlightedCellTextColor, "#1A1A1A")                                                                         \
-    COLOR(HeaderColor, "#333333")                                                                                      \
-    COLOR(MainCellColor, "#770077")                                                                                    \
-    COLOR(SelectedCellColor, "#440044")                                                                                \
-    COLOR(CellColor, "#222222")                                                                                        \
-    COLOR(CellShade1Color, "#333333")                                                                                  \
-    COLOR(CellShade2Color, "#444444")                                                                                  \
-    COLOR(HeaderCellColor, "#000066")                                                                                  \
-    COLOR(HeaderCellShade1Color, "#222277")                                                                            \
-    COLOR(HeaderCellShade2Color, "#4444aa")                                                                            \
-    COLOR(HighlightedCellColor, "#bbbb00")                                                                             \
-    COLOR(HighlightedCellShade1Color, "#999900")                                                                       \
-    COLOR(HighlightedCellShade2Color, "#888800")
+    COLOR(Background1Color)                                                                                            \
+    COLOR(Background2Color)                                                                                            \
+    COLOR(Background3Color)                                                                                            \
+    COLOR(Background4Color)                                                                                            \
+    COLOR(Background5Color)                                                                                            \
+    COLOR(FuzzySearchHighlightedTextColor)                                                                             \
+    COLOR(HighlightedButtonColor)                                                                                      \
+    COLOR(SelectedTextColor)                                                                                           \
+    COLOR(SelectedItemColor)                                                                                           \
+    COLOR(HoverItemColor)                                                                                              \
+    COLOR(InactiveTabTextColor)                                                                                        \
+    COLOR(DisabledTextColor)                                                                                           \
+    COLOR(ButtonTextColor)                                                                                             \
+    COLOR(HighlightedLineColor)                                                                                        \
+    COLOR(CellBorderColor)                                                                                             \
+    COLOR(HistogramBarColor)                                                                                           \
+    COLOR(TextColor)                                                                                                   \
+    COLOR(StaticTextColor)                                                                                             \
+    COLOR(HighlightedCellTextColor)                                                                                    \
+    COLOR(HeaderColor)                                                                                                 \
+    COLOR(MainCellColor)                                                                                               \
+    COLOR(SelectedCellColor)                                                                                           \
+    COLOR(CellColor)                                                                                                   \
+    COLOR(CellShade1Color)                                                                                             \
+    COLOR(CellShade2Color)                                                                                             \
+    COLOR(HeaderCellColor)                                                                                             \
+    COLOR(HeaderCellShade1Color)                                                                                       \
+    COLOR(HeaderCellShade2Color)                                                                                       \
+    COLOR(HighlightedCellColor)                                                                                        \
+    COLOR(HighlightedCellShade1Color)                                                                                  \
+    COLOR(HighlightedCellShade2Color)
 
 /// Names the colours of a theme, in the order of their table.
 enum class ThemeColor {
-#define GRIDWRIGHT_ENUMERATE(key, value) key,
+#define GRIDWRIGHT_ENUMERATE(key) key,
     GRIDWRIGHT_THEME_COLORS(GRIDWRIGHT_ENUMERATE)
 #undef GRIDWRIGHT_ENUMERATE
         Count
@@ -53,11 +54,23 @@ class Theme {
 public:
     /// The built-in dark theme.
     Theme();
+    /// The theme that convertStringToTheme gives.
+    explicit Theme(QString const& name) : Theme(convertStringToTheme(name)) {}
+
+    static Theme darkTheme();
+    static Theme lightTheme();
+    static Theme draculaTheme();
+    static Theme solarizedDark();
+    static Theme solarizedLight();
+    /// The theme of that name, in any case of letters; the dark theme if there is none.
+    static Theme convertStringToTheme(QString const& name);
+    /// The names of all themes to choose from.
+    static QStringList getNamesList();
 
     QString getName() const { return name; }
     QColor color(ThemeColor key) const { return colors[static_cast<std::size_t>(key)]; }
 
-#define GRIDWRIGHT_ACCESSORS(key, value)                                                                               \
+#define GRIDWRIGHT_ACCESSORS(key)                                                                                      \
     QColor get##key() const {                                                                                          \
         return color(ThemeColor::key);                                                                                 \
     }                                                                                                                  \
@@ -81,6 +94,11 @@ public:
     QString getStyleSheet() const;
 
 private:
+    struct NoColors {};
+    explicit Theme(NoColors /*unused*/) {}
+    /// A built-in theme by its place in the list of names.
+    static Theme builtIn(std::size_t place);
+
     QString name;
     std::array<QColor, static_cast<std::size_t>(ThemeColor::Count)> colors;
     int launcherBackgroundAlpha = 40;

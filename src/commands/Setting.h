@@ -21,3 +21,6 @@ struct Setting {
     std::function<void(QString const&, Setting&)> fromString; ///< takes the value of a text if that is valid
     std::function<QString(Setting const&)> toString;          ///< the word for the value that the launcher shows
 };
+
+/// Whether `a` stands before `b` by name, in a case-sensitive comparison.
+bool sortSettingByName(Setting const& a, Setting const& b);

@@ -4,6 +4,7 @@
 #include "commands/RefreshBehavior.h"
 #include "commands/Setting.h"
 #include "core/Enumerations.h"
+#include "core/UuidType.h"
 
 #include <QFont>
 #include <QString>
@@ -32,8 +33,10 @@ public:
     LineEndingType getValueLineEnding(SettingType type) const;
     EncodingType getValueEncoding(SettingType type) const;
     ParsingStandard getValueParsingStandard(SettingType type) const;
+    UuidType getUuidType() const;
     /// The text size is not part of it.
     QFont getFont() const;
+    /// The dark theme if there is none of the name that the setting holds.
     Theme getTheme() const;
 
     void setValue(SettingType type, bool value);
@@ -43,10 +46,17 @@ public:
     void setValue(SettingType type, LineEndingType value);
     void setValue(SettingType type, EncodingType value);
     void setValue(SettingType type, ParsingStandard value);
+    void setValue(SettingType type, UuidType value);
+    void setValue(SettingType type, char const* value) = delete; ///< would be taken for a bool
     void toggleBoolValue(SettingType type);
     /// Takes the value of a text as the settings file has it; an invalid one changes nothing. False for a name that is
     /// no setting's.
     bool setFromString(QString const& name, QString const& text);
+
+    /// The values that rows of the settings file write become the defaults.
+    void resetValuesInFile();
+    /// Takes the values of global scope of another object.
+    void takeGlobalValues(Settings const& other);
 
     /// The value as the settings file writes it.
     QString convertValueToStringForFile(SettingType type) const;

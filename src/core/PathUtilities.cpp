@@ -2,22 +2,34 @@
 
 #include <QStandardPaths>
 
+namespace {
+
+constexpr QLatin1String settingsName("Settings (User).csv");
+constexpr QLatin1String shortcutsName("Shortcuts (User).csv");
+constexpr QLatin1String extensionsName("File Extensions (User).csv");
+
+} // namespace
+
 QString Utilities::getAppDataLocation() {
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
 }
 
 QString Utilities::getSettingsFilepath() {
-    return getAppDataLocation() + "/Settings (User).csv";
+    return getAppDataLocation() + QLatin1Char('/') + settingsName;
 }
 
 QString Utilities::getShortcutsFilepath() {
-    return getAppDataLocation() + "/Shortcuts (User).csv";
+    return getAppDataLocation() + QLatin1Char('/') + shortcutsName;
 }
 
 QString Utilities::getExtensionsFilepath() {
-    return getAppDataLocation() + "/File Extensions (User).csv";
+    return getAppDataLocation() + QLatin1Char('/') + extensionsName;
 }
 
 QString Utilities::getTutorialFilepath() {
     return getAppDataLocation() + "/Tutorial (Fake Data).csv";
+}
+
+bool Utilities::isPreferenceFilepath(QString const& path) {
+    return path.contains(settingsName) || path.contains(shortcutsName) || path.contains(extensionsName);
 }

@@ -13,4 +13,7 @@ QString getShortcutsFilepath();
 QString getExtensionsFilepath();
 QString getTutorialFilepath();
 
+/// Whether a path names one of the three preference files, wherever it lies.
+bool isPreferenceFilepath(QString const& path);
+
 } // namespace Utilities

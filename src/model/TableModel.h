@@ -138,6 +138,15 @@ public:
     void showAllRows() { tableData.showAllRows(); }
     void showAllCols() { tableData.showAllCols(); }
 
+    // Hiding (TableModel_Hidden.cpp).
+
+    /// Hides these (Raw) rows and shows all others; the grid follows.
+    void setAndApplyHiddenRowsList(Indexes const& rows);
+    void setAndApplyHiddenColsList(Indexes const& cols);
+    bool hasHiddenLines() const { return tableData.numConcealedRows() > 0 || tableData.numConcealedCols() > 0; }
+    /// Brings headers, context and grid in step with what is concealed now.
+    void onConcealedLinesChanged();
+
     // Index conversion. See IndexSpaces for the arithmetic and for ranges without an index space.
 
     Indexes getRawFromModelRows(Indexes const& rows) const;
@@ -516,6 +525,7 @@ private:
     void keepMainCellInGrid();
     bool moveLineAbsolute(Axis axis, int from, int to);
     void showEverything();
+    bool growTowardsLoadedRows();
     int& numHeaderCols() { return colorOptions.headerCols; }
     Indexes emptyLinesModel(Axis axis, int start, GetRowColMaskType maskType, Indexes const& mask) const;
     void orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, RangeIndexType type) const;
@@ -572,6 +582,8 @@ private:
     bool caseSensitiveSorting = true;
     SortData colSortData;
     SortData rowSortData;
+    int loadNumber = 0;            ///< tells the steps after one load from those of an earlier one
+    bool loadInBackground = false; ///< the last load
     int progressLow = 0;
     int progressHigh = 100;
 };

@@ -4,6 +4,7 @@
 
 #include <QFileInfo>
 #include <QScopedValueRollback>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -11,6 +12,8 @@ void TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
                          QString const& saveDelimiter, EncodingType encoding, ParsingStandard parsingStandard) {
     // A container that is being filled belongs to its thread and must not be cleared.
     tableData.stopLoadThread(true);
+    ++loadNumber;
+    loadInBackground = async;
     clearTable();
     this->readOnly = readOnly;
     this->delimiter = delimiter;
@@ -30,9 +33,7 @@ void TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
 void TableModel::showEverything() {
     showAllRows();
     showAllCols();
-    emit updateStatusBarSignal();
-    concealRawRows({});
-    enforceTableSize();
+    onConcealedLinesChanged();
 }
 
 void TableModel::clearTable(QModelIndex const& parent) {
@@ -42,7 +43,24 @@ void TableModel::clearTable(QModelIndex const& parent) {
     removeColumns(0, columnCount(parent), parent);
 }
 
+/// A view takes a while to learn of many millions of rows. It is told of them in steps, between which the window
+/// answers. True once the grid lacks no more than a step.
+bool TableModel::growTowardsLoadedRows() {
+    constexpr int rowsAtOnce = 500000;
+    if (!loadInBackground || rowCountModel() - viewRowCount <= rowsAtOnce)
+        return true;
+    QScopedValueRollback<bool> const onlyView(dataAlreadyChanged, true);
+    insertRows(viewRowCount, rowsAtOnce);
+    QTimer::singleShot(0, this, [this, load = loadNumber] {
+        if (load == loadNumber)
+            onLoadFinished();
+    });
+    return false;
+}
+
 void TableModel::onLoadFinished() {
+    if (!growTowardsLoadedRows())
+        return;
     savedRowCountRaw = rowCountRaw();
     savedColCountRaw = columnCountRaw();
     enforceTableSize();

@@ -15,8 +15,10 @@
 #include <bitset>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
+class CellPatch;
 class EditableDataContainer;
 class TakenLines;
 
@@ -175,6 +177,12 @@ public:
     /// Writes a cell, growing the table if the text is not empty. Returns whether the stored bytes changed.
     bool setValueRaw(int row, int col, QString const& text, bool ignoreTranspose = false);
     bool setValueModel(int row, int col, QString const& text);
+    /// The bytes of a cell of an editable table, without a copy; valid until the table changes.
+    std::string_view cellBytesRaw(int row, int col) const;
+    /// What turns bytes of cells into text and back.
+    CellCodec const& getCodec() const { return codec; }
+    /// Writes the cells of an editable table, which grows to hold those with content, and takes over what they had.
+    void exchange(CellPatch& patch);
     bool isCellPopulated(int modelRow, int modelCol) const;
     /// The goal of a jump over a block of cells from the range's cell, as ctrl and an arrow key make it: a copy of the
     /// range with another row or column. Walks the model's cells for a Model range, raw cells otherwise. The answer
@@ -240,6 +248,7 @@ private:
 
     Indexes skipMask(Axis axis, bool skipConcealed) const;
     bool growToHold(int row, int col, bool filled);
+    void growToHold(CellPatch const& patch);
     QString textAt(int row, int col) const;
     void convertTable(CellCodec const& from);
     void rebuildWordDelimiterLookup();

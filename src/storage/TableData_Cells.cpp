@@ -1,4 +1,5 @@
 #include "storage/BlockJump.h"
+#include "storage/CellPatch.h"
 #include "storage/EditableDataContainer.h"
 #include "storage/TableData.h"
 
@@ -61,6 +62,48 @@ bool TableData::setValueModel(int row, int col, QString const& text) {
     if (transposed)
         std::swap(row, col);
     return setValueRaw(getRawFromModelRow(row, true), getRawFromModelCol(col, true), text, true);
+}
+
+std::string_view TableData::cellBytesRaw(int row, int col) const {
+    if (!editableContainer || loading)
+        return {};
+    return transposed ? editableContainer->cellView(col, row) : editableContainer->cellView(row, col);
+}
+
+void TableData::exchange(CellPatch& patch) {
+    if (!editableContainer)
+        return;
+    growToHold(patch);
+    CellPatch before;
+    before.reserve(patch.size(), patch.byteCount());
+    AbstractDataContainer::Bytes written;
+    for (std::size_t i = 0; i < patch.size(); ++i) {
+        std::string_view const bytes = patch.newBytes(i);
+        int const row = transposed ? patch.col(i) : patch.row(i);
+        int const col = transposed ? patch.row(i) : patch.col(i);
+        std::string_view const present = editableContainer->cellView(row, col);
+        before.add(patch.row(i), patch.col(i), present);
+        if (present == bytes)
+            continue;
+        written.assign(bytes.begin(), bytes.end());
+        editableContainer->setValue(row, col, written);
+    }
+    patch = std::move(before);
+}
+
+/// At once, for each growth is signalled.
+void TableData::growToHold(CellPatch const& patch) {
+    int lastRow = -1;
+    int lastCol = -1;
+    for (std::size_t i = 0; i < patch.size(); ++i) {
+        if (!patch.newBytes(i).empty()) {
+            lastRow = std::max(lastRow, patch.row(i));
+            lastCol = std::max(lastCol, patch.col(i));
+        }
+    }
+    if (transposed)
+        std::swap(lastRow, lastCol);
+    growToHold(lastRow, lastCol, true);
 }
 
 bool TableData::isCellPopulated(int modelRow, int modelCol) const {

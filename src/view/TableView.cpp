@@ -157,10 +157,7 @@ void TableView::connectSizesWithModel() {
     TableModel* const model = tableModel();
     connect(model, &TableModel::enforceTableSizeSignal, this, &TableView::enforceTableSize);
     connect(model, &TableModel::toggleTransposeSignal, this, &TableView::refreshView);
-    connect(model, &TableModel::refreshHeadersSignal, this, [this] {
-        horizontalHeader()->headerDataChanged(Qt::Horizontal, 0, std::max(horizontalHeader()->count() - 1, 0));
-        verticalHeader()->headerDataChanged(Qt::Vertical, 0, std::max(verticalHeader()->count() - 1, 0));
-    });
+    connect(model, &TableModel::refreshHeadersSignal, this, &TableView::refreshHeaders);
     connectSizesAlong(Axis::Rows);
     connectSizesAlong(Axis::Columns);
 }
@@ -219,6 +216,11 @@ void TableView::refreshView() {
     }
 }
 
+void TableView::refreshHeaders() {
+    horizontalHeader()->headerDataChanged(Qt::Horizontal, 0, std::max(horizontalHeader()->count() - 1, 0));
+    verticalHeader()->headerDataChanged(Qt::Vertical, 0, std::max(verticalHeader()->count() - 1, 0));
+}
+
 // The file.
 
 bool TableView::reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard) {
@@ -228,14 +230,27 @@ bool TableView::reloadFile(QString const& delimiter, EncodingType encoding, Pars
     if (same || getFilepath().isEmpty())
         return false;
     stack.clear();
+    startBackgroundLoad();
+    return model.reloadFile(delimiter, encoding, standard);
+}
+
+void TableView::reloadFileReadOnly(bool on) {
+    setReadOnly(on);
+    if (!getFilepath().isEmpty()) {
+        stack.clear();
+        loadCSV(getFilepath(), true);
+    }
+}
+
+void TableView::startBackgroundLoad() {
     hide();
     loading = true;
     setUpdatesEnabled(false);
-    return model.reloadFile(delimiter, encoding, standard);
 }
 
 void TableView::setReadOnly(bool on) {
     readOnly = on;
+    settings.setValue(SettingType::ReadOnly, on);
     tableModel()->setReadOnly(on);
 }
 
@@ -249,11 +264,8 @@ void TableView::setExtensionData(ExtensionData const& data) {
 }
 
 void TableView::loadCSV(QString const& path, bool background) {
-    if (background) {
-        hide();
-        loading = true;
-        setUpdatesEnabled(false);
-    }
+    if (background)
+        startBackgroundLoad();
     TableModel* const model = tableModel();
     model->loadCSV(path, background, readOnly, model->getDelimiter(), model->getSaveDelimiter(), model->getEncoding(),
                    model->getParsingStandard());

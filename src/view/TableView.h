@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/Settings.h"
 #include "core/ExtensionData.h"
 #include "core/RangeSize.h"
 #include "model/TableModel.h"
@@ -53,12 +54,23 @@ public:
     /// Reads the table's file again in another dialect, on a thread; the undo stack is cleared. False if that is the
     /// present dialect or there is no file.
     bool reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
+    /// Reads the table's file again for reading only or for editing, on a thread; the undo stack is cleared. A table
+    /// without a file only changes its mode.
+    void reloadFileReadOnly(bool on);
     void setReadOnly(bool on);
     bool isReadOnly() const { return readOnly; }
     /// The options by which the table is loaded and saved; the delimiters must be settled.
     void setExtensionData(ExtensionData const& data);
     /// The path of the table's file, empty for a table that has none.
     QString getFilepath() const { return tableModel()->getFilepath(); }
+
+    // What the user has set (TableView_Settings.cpp).
+
+    /// Puts settings in force; those of table scope only the first time, as the defaults of a new table.
+    void propagateSettings(Settings const& newSettings);
+    /// The settings in force, with the values of table scope that are the table's own.
+    Settings& getSettings() { return settings; }
+    Settings const& getSettings() const { return settings; }
 
     // Undo.
 
@@ -325,6 +337,11 @@ private:
     void applyFont();
     bool askToDisableAutoFit(QString const& text);
 
+    void startBackgroundLoad();
+    void refreshHeaders();
+    void applyGlobalSettings();
+    void applyTableSettings();
+
     // Editing.
     void connectEditing();
     void connectEditingWithModel();
@@ -392,6 +409,8 @@ private:
     bool inLargeCellPrompt = false;
     bool autoSaveFailed = false;
     bool readOnly = false;
+    Settings settings;
+    bool hasSettings = false;
     bool snapToRowAfterScrolling = true;
     bool snapToColumnAfterScrolling = true;
     bool freezeHeaderRows = false;

@@ -151,6 +151,18 @@ class DesktopTest(unittest.TestCase):
         subprocess.run(["import", "-window", "root", str(SCREENSHOTS / f"{name}.png")], env=self.environment,
                        timeout=PATIENCE, check=False)
 
+    def screen(self):
+        """All that the screen shows, as bytes that can be compared."""
+        return subprocess.run(["import", "-window", "root", "rgb:-"], env=self.environment, timeout=PATIENCE,
+                              stdout=subprocess.PIPE, check=True).stdout
+
+    def press_and_see(self, *keys):
+        """Presses keys one after the other and waits each time until the screen looks different."""
+        for key in keys:
+            before = self.screen()
+            self.press(key)
+            self.wait_for(lambda: self.screen() != before, lambda: f"nothing happens on {key}")
+
     # The desktop.
 
     def _make_folder(self, name):

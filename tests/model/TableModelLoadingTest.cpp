@@ -117,3 +117,23 @@ TEST_F(TableModelLoadingTest, EncodingRewritesTheCells) {
 }
 
 } // namespace
+
+TEST_F(TableModelLoadingTest, ManyRowsReachTheGridInStepsThatANewLoadEnds) {
+    QSignalSpy finished(&model, &TableModel::loadFinishedSignal);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QByteArray const rows = QByteArray("1\n").repeated(1200000);
+    load(rows, true);
+    ASSERT_TRUE(finished.wait());
+    EXPECT_EQ(model.rowCount(), 1200000);
+    EXPECT_GE(inserted.count(), 3);
+
+    load(rows, true);
+    while (model.rowCount() < 500000)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(finished.count(), 1);
+    load("1\n2\n", true);
+    ASSERT_TRUE(finished.wait());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(finished.count(), 2);
+    EXPECT_EQ(model.rowCount(), 2);
+}

@@ -1,6 +1,10 @@
 // Every undo command through apply, undo, redo and undo, on tables that stand as loaded, with concealed lines,
 // transposed and both.
 
+#include "model/CellShift.h"
+#include "model/CellTexts.h"
+#include "model/HiddenLines.h"
+#include "model/undo/ApplyHiddenLinesCommand.h"
 #include "model/undo/ChangeSelectionCommand.h"
 #include "model/undo/DialectCommand.h"
 #include "model/undo/DuplicateCellContentsCommand.h"
@@ -9,12 +13,14 @@
 #include "model/undo/MoveCellContentsCommand.h"
 #include "model/undo/MoveLinesCommand.h"
 #include "model/undo/PasteCommand.h"
+#include "model/undo/RemoveAllFilteredOutAndHiddenDataCommand.h"
 #include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
 #include "model/undo/RemoveLinesCommand.h"
 #include "model/undo/ReplaceLineBreaksCommand.h"
 #include "model/undo/SetEncodingCommand.h"
 #include "model/undo/SetModelDataCommand.h"
 #include "model/undo/TransposeTableCommand.h"
+#include "model/undo/WriteCellsCommand.h"
 #include "tests/model/SelectionText.h"
 #include "tests/model/TableModelFixture.h"
 
@@ -54,6 +60,17 @@ Range excluding(Range range, int col) {
     range.excludedCols = {col};
     return range;
 }
+
+template <Axis axis, CellShift shift>
+TableUndoCommand* shifted(TableModel* m, RangeVector const& s) {
+    return new WriteCellsCommand(m, s, shiftedCells(*m, s, axis, shift), true);
+}
+
+constexpr Make insertInRow = shifted<Axis::Rows, CellShift::Insert>;
+constexpr Make insertInColumn = shifted<Axis::Columns, CellShift::Insert>;
+constexpr Make removeInRow = shifted<Axis::Rows, CellShift::Remove>;
+constexpr Make removeInColumn = shifted<Axis::Columns, CellShift::Remove>;
+constexpr Make clearRestOfRow = shifted<Axis::Rows, CellShift::ClearRest>;
 
 Case const cases[] = {
     {"SetModelDataCommand", "C1,1",
@@ -223,6 +240,41 @@ Case const cases[] = {
          return new ChangeSelectionCommand(m, s, rangesFrom("C2,2*"));
      },
      nullptr},
+    {"WriteCellsCommand", "K1,1 C0,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new WriteCellsCommand(m, s, changedTexts(*m, s, [](QString const& text) { return text.toUpper(); }),
+                                      true);
+     },
+     "A0 a1 a2 a3 -|b0 B1 b2 b3 -|c0 C1 - c3 -|d0 É - - -|- - - - -"},
+    {"WriteCellsCommand", "C0,0",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new WriteCellsCommand(
+             m, s, changedTexts(*m, rangesFrom("C5,6 C6,5"), [](QString const&) { return QStringLiteral("x"); }), true);
+     },
+     "a0 a1 a2 a3 - - -|b0 b1 b2 b3 - - -|c0 c1 - c3 - - -|d0 é - - - - -|- - - - - - -|- - - - - - x|- - - - - x -"},
+    {"WriteCellsCommand", "C0,1 C0,2 C2,0", insertInRow,
+     "a0 - - a1 a2 a3|b0 b1 b2 b3 - -|- c0 c1 - c3 -|d0 é - - - -|- - - - - -"},
+    {"WriteCellsCommand", "C1,0", insertInColumn, "a0 a1 a2 a3 -|- b1 b2 b3 -|b0 c1 - c3 -|c0 é - - -|d0 - - - -"},
+    {"WriteCellsCommand", "C0,0 C0,2 R1,2", removeInRow, "a1 a3 - - -|b0 b1 - - -|c0 c1 - c3 -|d0 é - - -|- - - - -"},
+    {"WriteCellsCommand", "C1,1", removeInColumn, "a0 a1 a2 a3 -|b0 c1 b2 b3 -|c0 é - c3 -|d0 - - - -|- - - - -"},
+    {"WriteCellsCommand", "C0,1", clearRestOfRow, "a0 - - - -|b0 b1 b2 b3 -|c0 c1 - c3 -|d0 é - - -|- - - - -"},
+    {"WriteCellsCommand", "C0,1 C0,2 C1,1 C1,2 C2,1 C2,2",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         auto* command = new WriteCellsCommand(m, s, transposedCells(*m, s), true);
+         command->setSelectionCells(transposedRanges(s), s);
+         return command;
+     },
+     "a0 a1 b1 c1 -|b0 a2 b2 - -|c0 - - c3 -|d0 é - - -|- - - - -"},
+    {"ApplyHiddenRowsCommand", "R1,0 C3,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new ApplyHiddenRowsCommand(m, s, HiddenLines(*m, Axis::Rows).withSelected(), true);
+     },
+     "a0 a1 a2 a3 -|c0 c1 - c3 -|- - - - -"},
+    {"ApplyHiddenColsCommand", "C1,1",
+     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+         return new ApplyHiddenColsCommand(m, s, HiddenLines(*m, Axis::Columns).withSelected(), true);
+     },
+     "a0 a2 a3 -|b0 b2 b3 -|c0 - c3 -|d0 - - -|- - - -"},
 };
 
 enum Standing { AsLoaded, Concealed, Transposed, ConcealedAndTransposed };
@@ -395,6 +447,48 @@ TEST_F(UndoCommands, ManyPlacesAreInsertedAndRemovedInOnePass) {
             stack.undo();
             EXPECT_EQ(state(), before);
         }
+    }
+}
+
+TEST_F(UndoCommands, WhatIsHiddenCanBeRemovedAndComesBackHidden) {
+    for (int const standing : {Concealed, ConcealedAndTransposed}) {
+        prepare(standing);
+        model.setSelection(modelCell(2, 1));
+        std::string const before = state();
+        std::string const shownBefore = table();
+        stack.push(new RemoveAllFilteredOutAndHiddenDataCommand(&model, model.getSelection(), true));
+        EXPECT_EQ(table(), shownBefore);
+        EXPECT_EQ(model.rowCountRaw(), 4);
+        EXPECT_EQ(model.columnCountRaw(), 3);
+        EXPECT_FALSE(model.hasHiddenLines());
+        stack.undo();
+        EXPECT_EQ(state(), before);
+    }
+}
+
+TEST_F(UndoCommands, HidingKeepsWhatIsLeftOfTheSelectionOrTheCellNextToIt) {
+    struct {
+        char const* selection;
+        std::vector<int> hiddenRows;
+        char const* expected;
+    } const cases[] = {
+        {"C0,0* C1,1 C3,2", {1}, "C0,0* C2,2"},
+        {"C2,1*", {1, 2}, "C0,1*"},
+        {"K1,0*", {0, 1}, "K1,0*"},
+        {"R0,0* R4,0", {0}, "R3,0*"},
+    };
+    for (auto const& test : cases) {
+        prepare(AsLoaded);
+        RangeVector const ranges = rangesFrom(test.selection);
+        model.setSelection(modelCell(ranges.front().row, ranges.front().col), ranges);
+        std::string const before = textOf(model.getSelection());
+        stack.push(new ApplyHiddenRowsCommand(&model, model.getSelection(), test.hiddenRows, true));
+        EXPECT_EQ(textOf(model.getSelection()), test.expected);
+        stack.undo();
+        EXPECT_EQ(textOf(model.getSelection()), before);
+        stack.redo();
+        EXPECT_EQ(textOf(model.getSelection()), test.expected);
+        stack.clear();
     }
 }
 

@@ -1,0 +1,105 @@
+#include "commands/PreferenceFiles.h"
+#include "commands/PreferenceTable.h"
+#include "commands/Settings.h"
+#include "core/PathUtilities.h"
+#include "model/TableModel.h"
+
+#include <algorithm>
+
+namespace {
+
+enum Title : std::size_t { Name, UserValue };
+
+std::vector<QString> titles() {
+    return {"Setting", "User Value"};
+}
+
+QStringList instructions() {
+    return {"Place your desired setting in the \"User Value\" column.",
+            "If \"User Value\" is blank or invalid, the default value will be used.",
+            "The \"Type\" and \"Default Value\" columns are for informative",
+            "purposes only. Changing them won't make any difference.",
+            "Scope: Global applies immediately to the whole program.",
+            "Table scope Settings are defaults for newly opened files."};
+}
+
+constexpr int numCols = 5;
+
+} // namespace
+
+void PreferenceFiles::makeSettingsTable(TableModel& model, Settings const& settings) {
+    auto const& all = settings.sorted();
+    auto const numRows = std::count_if(all.begin(), all.end(), [](Setting const& setting) { return setting.inFile; });
+    QStringList const above = instructions();
+    int row = int(above.size());
+    setSize(model, row + 2 + int(numRows), numCols);
+    writeColumn(model, 0, 0, above);
+    writeRow(model, row++, numCols - 1, {"!!! Make changes below !!!"});
+    writeRow(model, row++, 0, {"Setting", "Scope", "Type", "Default Value", "User Value"});
+    for (Setting const& setting : all) {
+        if (!setting.inFile) {
+            continue;
+        }
+        QString const value = settings.convertValueToStringForFile(setting.type);
+        QString const defaultValue = settings.convertDefaultValueToStringForFile(setting.type);
+        bool const isDefault = value.toLower() == defaultValue.toLower();
+        writeRow(model, row++, 0,
+                 {setting.name, Utilities::convertScopeToString(setting.scope),
+                  Settings::convertSettingDataTypeToString(setting.dataType), defaultValue,
+                  isDefault ? QString() : value});
+    }
+}
+
+bool PreferenceFiles::makeSettingsFile() {
+    return makeSettingsFile(Settings());
+}
+
+bool PreferenceFiles::makeSettingsFile(Settings const& settings) {
+    TableModel model;
+    makeSettingsTable(model, settings);
+    return save(model, Utilities::getSettingsFilepath());
+}
+
+bool PreferenceFiles::testSettingsFileValidity() {
+    TableModel model;
+    return load(model, Utilities::getSettingsFilepath()) && PreferenceTable(model, titles()).hasTitles();
+}
+
+bool PreferenceFiles::updateSettingsFile() {
+    TableModel model;
+    if (!load(model, Utilities::getSettingsFilepath())) {
+        return false;
+    }
+    Settings settings;
+    addUserSettings(model, settings);
+    return makeSettingsFile(settings);
+}
+
+bool PreferenceFiles::writeSettingToFile(Settings const& settings, SettingType type) {
+    QString const path = Utilities::getSettingsFilepath();
+    TableModel model;
+    if (!load(model, path)) {
+        return false;
+    }
+    PreferenceTable const table(model, titles());
+    for (int row = table.firstRow(); row < table.endRow(); ++row) {
+        if (table.text(row, Name) != settings.get(type).name) {
+            continue;
+        }
+        QString const value = settings.convertValueToStringForFile(type);
+        bool const isDefault = value == settings.convertDefaultValueToStringForFile(type);
+        model.setDataRaw(model.index(row, table.column(UserValue)), isDefault ? QString() : value);
+        return save(model, path);
+    }
+    return true;
+}
+
+void PreferenceFiles::addUserSettings(TableModel const& model, Settings& settings) {
+    PreferenceTable const table(model, titles());
+    for (int row = table.firstRow(); row < table.endRow(); ++row) {
+        QString const value = table.text(row, UserValue);
+        if (!value.isEmpty()) {
+            settings.setFromString(table.text(row, Name), value);
+        }
+    }
+}

@@ -1,0 +1,232 @@
+#include "app/MainWindow.h"
+#include "app/PaneView.h"
+#include "app/PreferenceStartup.h"
+#include "app/StatusBar.h"
+#include "app/TabBar.h"
+#include "commands/PreferenceFiles.h"
+#include "core/PathUtilities.h"
+#include "storage/AtomicFileWriter.h"
+#include "tests/support/MsgBoxAnswers.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int patience = 20000;
+
+class PreferencesTest : public testing::Test {
+protected:
+    PreferencesTest() {
+        QCoreApplication::setApplicationVersion("2.4.4");
+        QDir().mkpath(location);
+    }
+
+    static void write(QString const& path, QByteArray const& bytes) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    static void replace(QString const& path, QByteArray const& bytes) {
+        AtomicFileWriter file(path);
+        ASSERT_TRUE(file.open() && file.write(std::string_view(bytes.constData(), bytes.size())) && file.commit());
+    }
+
+    static QByteArray read(QString const& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+
+    QTemporaryDir directory;
+    bool const isolated = qputenv("XDG_DATA_HOME", directory.path().toLocal8Bit());
+    QString const location = Utilities::getAppDataLocation();
+    QString const settingsPath = Utilities::getSettingsFilepath();
+    QString const shortcutsPath = Utilities::getShortcutsFilepath();
+    QString const extensionsPath = Utilities::getExtensionsFilepath();
+};
+
+/// A window with the files of a new user.
+class PreferenceWindowTest : public PreferencesTest {
+protected:
+    PreferenceWindowTest() : startup(location), window(std::make_unique<MainWindow>()) {}
+
+    QString themeName() const { return window->getSettings().getTheme().getName(); }
+    QByteArray settingsRow(QByteArray const& name) const {
+        for (QByteArray const& line : read(settingsPath).split('\n')) {
+            if (line.startsWith(name + ','))
+                return line.mid(line.lastIndexOf(',') + 1);
+        }
+        return "no row";
+    }
+
+    PreferenceStartup startup;
+    std::unique_ptr<MainWindow> window;
+};
+
+} // namespace
+
+TEST_F(PreferencesTest, ANewUserGetsAllFilesAndTheNextStartLeavesThemAlone) {
+    QDir(location).removeRecursively();
+    EXPECT_TRUE(PreferenceStartup(location).isFirstInstall());
+    EXPECT_TRUE(PreferenceFiles::testSettingsFileValidity());
+    EXPECT_TRUE(PreferenceFiles::testShortcutsFileValidity());
+    EXPECT_TRUE(PreferenceFiles::testExtensionsFileValidity());
+    write(settingsPath, "Setting,User Value,mine\n");
+    EXPECT_FALSE(PreferenceStartup(location).isFirstInstall());
+    EXPECT_EQ(read(settingsPath), "Setting,User Value,mine\n");
+}
+
+TEST_F(PreferencesTest, DamagedFilesAreReplacedAndWhatMayBeSomethingElseStays) {
+    PreferenceStartup const first(location);
+    QByteArray const fresh = read(shortcutsPath);
+    for (QByteArray const& damage :
+         {QByteArray(), QByteArray(10000, '\0'), QByteArray("\"unclosed\n"), QByteArray("Command;User Shortcut\n")}) {
+        write(shortcutsPath, damage);
+        write(settingsPath, "Setting,User Value\nTheme,light\n");
+        PreferenceStartup const start(location);
+        EXPECT_EQ(read(shortcutsPath), fresh);
+        EXPECT_EQ(MainWindow().getSettings().getTheme().getName(), "Light");
+    }
+    QFile::remove(settingsPath);
+    ASSERT_TRUE(QDir().mkpath(settingsPath + "/kept"));
+    QFile::remove(shortcutsPath);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(shortcutsPath).constData(), 0600), 0);
+    QFile huge(extensionsPath);
+    ASSERT_TRUE(huge.resize(qint64(1) << 33));
+    PreferenceStartup(location).update(MainWindow().getCommands());
+    MainWindow const window;
+    EXPECT_EQ(window.getSettings().getTheme().getName(), "Dark");
+    EXPECT_EQ(window.getExtensions().size(), 5U);
+    EXPECT_TRUE(QDir(settingsPath + "/kept").exists());
+    EXPECT_TRUE(QFile::exists(shortcutsPath));
+    EXPECT_EQ(huge.size(), qint64(1) << 33);
+}
+
+TEST_F(PreferencesTest, FilesOneFolderTooDeepMoveUpAndOtherVersionsFilesAreBroughtUpToDate) {
+    QDir().mkpath(location + "/Gridwright");
+    write(location + "/Gridwright/Settings (User).csv", "Setting,User Value\nText Size,20\n");
+    write(settingsPath, "old");
+    PreferenceStartup start(location);
+    EXPECT_FALSE(QDir(location + "/Gridwright").exists());
+    EXPECT_EQ(read(settingsPath), "Setting,User Value\nText Size,20\n");
+    EXPECT_TRUE(start.isVersionChanged());
+    MainWindow window;
+    start.update(window.getCommands());
+    EXPECT_TRUE(read(settingsPath).contains("\nText Size,Global,integer >= 1,13,20\n"));
+    EXPECT_EQ(QSettings(location + "/Gridwright.ini", QSettings::IniFormat).value("main/preference_file_version"),
+              "2.4.4");
+    EXPECT_FALSE(PreferenceStartup(location).isVersionChanged());
+}
+
+TEST_F(PreferenceWindowTest, ChangesOfTheFilesReachEveryWindowWhicheverWayTheyAreSaved) {
+    MainWindow const second;
+    write(settingsPath, "Setting,User Value\nTheme,light\nRepresent Columns as Letters,true\nShow Tab Bar,false\n");
+    auto const bothAre = [&](QString const& name) {
+        return QTest::qWaitFor([&] { return themeName() == name && second.getSettings().getTheme().getName() == name; },
+                               patience);
+    };
+    EXPECT_TRUE(bothAre("Light"));
+    TableModel const& model = *window->getActiveTable()->tableModel();
+    EXPECT_EQ(model.getTheme().getName(), "Light");
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), "B");
+    EXPECT_TRUE(window->findChild<TabBar*>()->isHidden());
+    for (QByteArray const theme : {"dracula", "solarized dark", "solarized light"}) {
+        replace(settingsPath, "Setting,User Value\nTheme," + theme + "\n");
+        EXPECT_TRUE(bothAre(Theme::convertStringToTheme(theme).getName()));
+    }
+    EXPECT_FALSE(window->findChild<TabBar*>()->isHidden());
+    QFile::remove(settingsPath);
+    replace(settingsPath, "Setting,User Value\nTheme,\n");
+    EXPECT_TRUE(bothAre("Dark"));
+}
+
+TEST_F(PreferenceWindowTest, ShortcutsAndExtensionsApplyAtOnce) {
+    replace(shortcutsPath, "Command,User Shortcut\nSave File,f9\n");
+    QAction const* const save = window->getCommands().find("Save File")->action;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return save->shortcut() == QKeySequence("F9"); }, patience));
+    replace(extensionsPath, "Extension,Delimiter,Line Ending,Encoding,Parsing Standard\nlog,(none),,,\ndat,^,,,\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->getExtensions().size() == 4; }, patience));
+    write(directory.filePath("a.dat"), "a^b,c\n");
+    window->openFile(directory.filePath("a.dat"));
+    EXPECT_EQ(window->getActiveTable()->tableModel()->columnCountRaw(), 2);
+    write(directory.filePath("a.log"), "a,(none)b\n");
+    window->openFile(directory.filePath("a.log"));
+    EXPECT_EQ(window->getActiveTable()->tableModel()->columnCountRaw(), 1);
+    EXPECT_EQ(window->getStatusBar()->text(StatusBar::Label::Delimiter), "Delimiter: (none)");
+}
+
+TEST_F(PreferenceWindowTest, ATogglingCommandChangesTheTableAndTheFileAndBack) {
+    struct Case {
+        char const* command;
+        QByteArray setting;
+        SettingType type;
+    };
+    Case const cases[] = {
+        {"Toggle Shade Every Other Row", "Shade Every Other Row", SettingType::ShadeEveryOtherRow},
+        {"Toggle Show Tab Bar", "Show Tab Bar", SettingType::ShowTabBar},
+        {"Toggle Save After Each Edit", "Save After Each Edit", SettingType::SaveAfterEachEdit},
+        {"Toggle Represent Columns as Letters", "Represent Columns as Letters", SettingType::RepresentColumnsAsLetters},
+    };
+    for (Case const& entry : cases) {
+        bool const before = window->getSettings().getValueBool(entry.type);
+        window->runCommand(entry.command);
+        EXPECT_EQ(settingsRow(entry.setting), before ? "false" : "true");
+        EXPECT_EQ(window->getActiveTable()->getSettings().getValueBool(entry.type), !before);
+        window->runCommand(entry.command);
+        EXPECT_EQ(settingsRow(entry.setting), "");
+    }
+    EXPECT_FALSE(window->getActiveTable()->tableModel()->getSaveAfterEachEdit());
+}
+
+TEST_F(PreferenceWindowTest, APreferenceFileIsEditedInTheGridAndSettingsOfTablesAreForNewTables) {
+    replace(settingsPath, "Read-Only,\nSetting,User Value\nFirst Row Index,5\nRead-Only,true\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->getSettings().getValueBool(SettingType::ReadOnly); }, patience));
+    EXPECT_EQ(window->getActiveTable()->tableModel()->getFirstRowIndex(), 0);
+    write(directory.filePath("a.csv"), "a,b\n");
+    window->openFile(directory.filePath("a.csv"));
+    EXPECT_TRUE(window->getActiveTable()->isReadOnly());
+    EXPECT_EQ(window->getActiveTable()->tableModel()->getFirstRowIndex(), 5);
+    window->runCommand("Edit Settings");
+    TableView& table = *window->getActiveTable();
+    EXPECT_EQ(table.getFilepath(), settingsPath);
+    EXPECT_FALSE(table.isReadOnly());
+    table.tableModel()->setDataRaw(table.tableModel()->index(3, 0), "Theme");
+    table.tableModel()->setDataRaw(table.tableModel()->index(3, 1), "Light");
+    EXPECT_TRUE(window->saveFile(&table));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return themeName() == "Light"; }, patience));
+    QFile::remove(shortcutsPath);
+    window->runCommand("Edit Keyboard Shortcuts");
+    EXPECT_EQ(window->getActiveTable()->getFilepath(), shortcutsPath);
+}
+
+TEST_F(PreferenceWindowTest, AnEditableTableBecomesReadOnlyAndBackAndUnsavedChangesAreAskedAbout) {
+    QString const path = directory.filePath("a.csv");
+    write(path, "a,b\n");
+    window->openFile(path);
+    TableView& table = *window->getActiveTable();
+    auto const mode = [&] { return window->getStatusBar()->text(StatusBar::Label::Mode); };
+    auto const loaded = [&] { return QTest::qWaitFor([&] { return !table.isLoading(); }, patience); };
+    table.pushUndoCommand(new QUndoCommand);
+    MsgBoxAnswers box;
+    box.next("Cancel");
+    window->runCommand("Toggle Read-Only");
+    EXPECT_EQ(mode(), "Editable");
+    box.next("Discard");
+    window->runCommand("Toggle Read-Only");
+    EXPECT_TRUE(loaded());
+    EXPECT_EQ(mode(), "Read-Only");
+    EXPECT_FALSE(window->getCommands().find("Clear Cell Contents")->action->isEnabled());
+    window->runCommand("Toggle Read-Only");
+    EXPECT_TRUE(loaded());
+    EXPECT_EQ(mode(), "Editable");
+    EXPECT_EQ(table.tableModel()->dataRaw(table.tableModel()->index(0, 1)).toString(), "b");
+}

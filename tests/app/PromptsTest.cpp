@@ -1,0 +1,377 @@
+#include "app/MainWindow.h"
+#include "app/PaneView.h"
+#include "app/launcher/Launcher.h"
+#include "app/launcher/PromptChain.h"
+#include "app/prompts/CellPrompts.h"
+#include "app/prompts/DialectPrompts.h"
+#include "app/prompts/RepeatPrompts.h"
+#include "app/prompts/SettingPrompts.h"
+#include "commands/PreferenceFiles.h"
+#include "commands/Settings.h"
+#include "core/PathUtilities.h"
+#include "tests/support/MsgBoxAnswers.h"
+#include "tests/support/ScriptedAsker.h"
+#include "view/TableView.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+class PromptsTest : public testing::Test {
+protected:
+    PromptsTest() {
+        QString const path = directory.filePath("a.csv");
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("a,b,c\nd,e,f\ng,h,i\n");
+        file.close();
+        window.openFile(path);
+    }
+
+    TableView* table() const { return window.getActiveTable(); }
+    TableModel& model() const { return *table()->tableModel(); }
+
+    /// The cells, without what is empty at the end of the table.
+    QString cells() const {
+        QStringList rows;
+        for (int row = 0; row < model().rowCountModel(); ++row) {
+            QString line;
+            for (int col = 0; col < model().columnCountModel(); ++col) {
+                QString const text = model().data(model().index(row, col), Qt::EditRole).toString();
+                line += text.isEmpty() ? "." : text;
+            }
+            rows << line;
+        }
+        return rows.join('/');
+    }
+
+    QString mainCell() const {
+        Range const cell = table()->getMainCell();
+        return QString("%1,%2").arg(cell.row).arg(cell.col);
+    }
+
+    QByteArray read(QString const& path) const {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+
+    /// Runs a command and types the answers to its questions.
+    void run(QString const& command, QStringList const& answers) {
+        window.runCommand(command);
+        for (QString const& answer : answers) {
+            ASSERT_NE(window.getPaneView()->getLauncher(), nullptr) << qPrintable(command);
+            auto* const editor = window.getPaneView()->getLauncher()->findChild<QLineEdit*>();
+            editor->setText(answer);
+            QTest::keyClick(editor, Qt::Key_Return);
+        }
+    }
+
+    void selectCell(int row, int col) { table()->setMainCellAsSelection(Range(row, col, RangeIndexType::Model)); }
+
+    QTemporaryDir directory;
+    MainWindow window;
+};
+
+} // namespace
+
+TEST_F(PromptsTest, APlaceIsReadInTheNumbersOfTheHeadersAndEveryMoveCanBeUndone) {
+    QString const untouched = "abc/def/ghi";
+    auto const moveRows = [](TableView* on) { return Prompts::moveLinesBefore(Axis::Rows, on); };
+    auto const moveCols = [](TableView* on) { return Prompts::moveLinesBefore(Axis::Columns, on); };
+    struct Case {
+        PromptStep (*prompt)(TableView*);
+        int firstIndex;
+        bool letters;
+        bool selectLine;
+        QStringList answers;
+        QString title;
+        QString cells;
+        QString mainCell;
+    };
+    Case const cases[] = {
+        {Prompts::goToCell, 0, false, false, {" 2 0 "}, "Go to Cell:", untouched, "2,0"},
+        {Prompts::goToCell, 1, false, false, {"r0"}, "Go to Cell:", untouched, "0,1"},
+        {Prompts::goToCell, 1, false, false, {"c3"}, "Go to Cell:", untouched, "1,2"},
+        {Prompts::goToCell, 0, true, false, {"a"}, "Go to Cell:", untouched, "1,0"},
+        {Prompts::goToCell,
+         -5,
+         false,
+         false,
+         {"", "here", "-2147483647 2147483647"},
+         "Go to Cell:",
+         untouched,
+         "0,999999"},
+        {Prompts::goToCell, 0, false, false, {"300"}, "Go to Cell:", untouched, "300,1"},
+        {Prompts::selectFromMainCellTo, 1, false, false, {"3 3"}, "Select From Main Cell To:", untouched, "1,1"},
+        {Prompts::moveCellContentsTo, 0, false, false, {"r0"}, "Move Cell Contents To:", "aec/d.f/ghi", "0,1"},
+        {Prompts::moveCellContentsTo, 0, true, false, {"D1"}, "Move Cell Contents To:", "abc./d.fe/ghi.", "1,3"},
+        {Prompts::duplicateCellContentsTo,
+         1,
+         false,
+         false,
+         {"3 1"},
+         "Duplicate Cell Contents To:",
+         "abc/def/ehi",
+         "2,0"},
+        {moveRows, 1, false, true, {"c1", "1"}, "Move Row(s) Just Above Row:", "def/abc/ghi", "0,0"},
+        {moveRows, 1, false, true, {"900"}, "Move Row(s) Just Above Row:", "abc/ghi/def", "2,0"},
+        {moveCols, 0, false, true, {"r1", "0"}, "Move Column(s) to the Left of Column:", "bac/edf/hgi", "0,0"},
+        {moveCols, 0, true, true, {"1", "d"}, "Move Column(s) to the Left of Column:", "acb/dfe/gih", "0,2"},
+    };
+    for (Case const& wanted : cases) {
+        SCOPED_TRACE(qPrintable(wanted.title + wanted.answers.join('|')));
+        model().setFirstRowIndex(wanted.firstIndex);
+        model().setFirstColIndex(wanted.firstIndex);
+        model().setRepresentColumnsAsLetters(wanted.letters);
+        selectCell(1, 1);
+        if (wanted.selectLine)
+            wanted.title.contains("Row") ? table()->selectRow(1) : table()->selectCol(1);
+        ScriptedAsker asker(wanted.answers);
+        asker.ask(wanted.prompt(table()));
+        EXPECT_EQ(asker.titles, QStringList{wanted.title});
+        EXPECT_EQ(asker.complaints.size(), wanted.answers.size() - 1);
+        EXPECT_EQ(asker.feedbacks.value(0), "(No cell selected)");
+        EXPECT_TRUE(model().getHighlightedRanges().empty());
+        EXPECT_EQ(cells(), wanted.cells);
+        EXPECT_EQ(mainCell(), wanted.mainCell);
+        EXPECT_EQ(table()->undoStack()->isClean(), wanted.cells == untouched);
+        table()->undo();
+        EXPECT_EQ(cells(), untouched);
+    }
+}
+
+TEST_F(PromptsTest, WhileAPlaceIsTypedItIsHighlightedAndWithoutAnAnswerAllIsAsBefore) {
+    PromptStep const step = Prompts::goToCell(table());
+    EXPECT_EQ(step.feedback(""), "(No cell selected)");
+    EXPECT_EQ(step.feedback("1 2"), "Row 1, Column 2");
+    EXPECT_TRUE(model().cellInHighlightedRange(Range(1, 2, RangeIndexType::Model)));
+    EXPECT_EQ(step.feedback("c2"), "Column 2");
+    EXPECT_TRUE(model().cellInHighlightedRange(Range(40, 2, RangeIndexType::Model)));
+    EXPECT_FALSE(model().cellInHighlightedRange(Range(40, 1, RangeIndexType::Model)));
+    step.closed();
+    EXPECT_TRUE(model().getHighlightedRanges().empty());
+    EXPECT_EQ(mainCell(), "0,0");
+}
+
+TEST_F(PromptsTest, AConcealedPlaceMeansTheNearestLineInFrontAndAClosedTableNothing) {
+    model().concealRawRows({1});
+    ScriptedAsker({"1 1"}).ask(Prompts::goToCell(table()));
+    EXPECT_EQ(mainCell(), "0,1");
+    PromptStep const step = Prompts::goToCell(table());
+    window.closeFile(table());
+    ScriptedAsker({"nonsense"}).ask(step);
+    EXPECT_EQ(mainCell(), "0,0");
+}
+
+TEST_F(PromptsTest, LinesAreInsertedAndDuplicatedSoManyTimes) {
+    struct Case {
+        PromptStep (*prompt)(Axis, TableView*);
+        Axis axis;
+        QStringList answers;
+        QStringList complaints;
+        QString cells;
+    };
+    QString const tooFew = "Must be a whole number 1 or greater.";
+    Case const cases[] = {
+        {Prompts::insertLinesBefore, Axis::Rows, {"2"}, {}, "abc/.../.../def/ghi"},
+        {Prompts::insertLinesBefore, Axis::Columns, {"0", "x", "", "1"}, {tooFew, tooFew, tooFew}, "a.bc/d.ef/g.hi"},
+        {Prompts::duplicateLines, Axis::Rows, {" 2 "}, {}, "abc/def/def/def/ghi"},
+        {Prompts::duplicateLines,
+         Axis::Columns,
+         {"1000001", "1"},
+         {"Must be a whole number 1000000 or less."},
+         "abbc/deef/ghhi"},
+    };
+    for (Case const& wanted : cases) {
+        SCOPED_TRACE(qPrintable(wanted.cells));
+        selectCell(1, 1);
+        ScriptedAsker asker(wanted.answers);
+        asker.ask(wanted.prompt(wanted.axis, table()));
+        EXPECT_EQ(asker.complaints, wanted.complaints);
+        EXPECT_EQ(cells(), wanted.cells);
+        table()->undo();
+        EXPECT_EQ(cells(), "abc/def/ghi");
+    }
+}
+
+TEST_F(PromptsTest, EverySettingWithAValueAsksInItsOwnWordsAndTakesOnlyWhatIsGood) {
+    struct Case {
+        SettingType type;
+        QStringList answers; // the last one is good
+        QString stored;
+        QStringList titles;
+        QString complaint;
+    };
+    QString const fromZero = "Must be a whole number 0 or greater.";
+    QString const fromOne = "Must be a whole number 1 or greater.";
+    QString const noOption = "Must be one of the options.";
+    QString const font = QFontDatabase::families().value(0, "none");
+    Case const cases[] = {
+        {SettingType::MinimumNumberOfTableRows, {"0", " 1"}, "1", {"Minimum Number of Table Rows:"}, fromOne},
+        {SettingType::NumberOfBufferColumns, {"-1", "0"}, "0", {"Number of Buffer Columns:"}, fromZero},
+        {SettingType::FirstRowIndex, {"1.5", "-5"}, "-5", {"First Row Index:"}, "Must be a whole number."},
+        {SettingType::TextSize, {"big", "20"}, "20", {"Text Size:"}, fromOne},
+        {SettingType::Theme, {"pink", "Light"}, "Light", {"Theme:"}, noOption},
+        {SettingType::Font, {"", font}, font, {"Font:"}, noOption},
+        {SettingType::UUIDType, {"v5", "v7"}, "v7", {"Select UUID type:"}, noOption},
+        {SettingType::BehaviorWhenFileIsChangedExternally,
+         {"Refresh", "ask"},
+         "ask",
+         {"Behavior When File Is Changed Externally:"},
+         noOption},
+        {SettingType::TextEditor, {"/no/editor", "/bin/sh"}, "/bin/sh", {"Text Editor:"}, "Invalid editor path."},
+        {SettingType::SearchEngine, {"", "google.com"}, "google.com", {"Select a Search Engine Domain:"}, noOption},
+        {SettingType::OnlineMap,
+         {"Enter Custom Domain", "", " maps.example "},
+         "maps.example",
+         {"Select a Map Domain:", "Enter Custom Map Domain:"},
+         "Must be the domain of a service."},
+    };
+    Settings const settings;
+    for (Case const& wanted : cases) {
+        SCOPED_TRACE(qPrintable(wanted.titles.first()));
+        QString stored;
+        ScriptedAsker asker(wanted.answers);
+        asker.ask(Prompts::setting(settings.get(wanted.type), [&](QString const& value) { stored = value; }));
+        EXPECT_EQ(asker.titles, wanted.titles);
+        EXPECT_EQ(asker.complaints, QStringList{wanted.complaint});
+        EXPECT_EQ(stored, wanted.stored);
+        Settings changed;
+        EXPECT_TRUE(changed.setFromString(settings.get(wanted.type).name, stored));
+        EXPECT_EQ(changed.convertValueToStringForFile(wanted.type).toLower(), stored.toLower());
+    }
+}
+
+TEST_F(PromptsTest, ParametersOfASaveAreSetInOneUndoableChangeAndToldInTheStatusBar) {
+    auto const labels = [&] {
+        return QStringList{window.getStatusBar()->text(StatusBar::Label::Delimiter),
+                           window.getStatusBar()->text(StatusBar::Label::Encoding),
+                           window.getStatusBar()->text(StatusBar::Label::LineEnding)};
+    };
+    QStringList const before = labels();
+    ScriptedAsker asker({"", "tab", "Windows (CR LF)", "morse", "UTF-16LE", "All Quotes"});
+    asker.ask(Prompts::saveDialect(
+        {DialectPart::Delimiter, DialectPart::LineEnding, DialectPart::Encoding, DialectPart::ParsingStandard},
+        table()));
+    EXPECT_EQ(asker.titles, QStringList({"Delimiter:", "Line Ending:", "Encoding:", "Parsing Standard:"}));
+    EXPECT_EQ(asker.complaints.size(), 2);
+    EXPECT_EQ(labels(), QStringList({"Delimiters (Load, Save): comma (,), tab", "UTF-16LE", "Windows"}));
+    EXPECT_EQ(model().getParsingStandard(), ParsingStandard::AllQuotes);
+    EXPECT_EQ(cells(), "abc/def/ghi");
+    table()->undo();
+    EXPECT_EQ(labels(), before);
+    EXPECT_EQ(model().getParsingStandard(), ParsingStandard::Rfc4180);
+    EXPECT_TRUE(table()->undoStack()->isClean());
+
+    ScriptedAsker({","}).ask(Prompts::saveDialect({DialectPart::Delimiter}, table()));
+    EXPECT_EQ(table()->undoStack()->count(), 1) << "what is the same already is no change";
+}
+
+TEST_F(PromptsTest, AReloadAsksForThePartsAndLooksIntoTheFileForWhatIsLeftOpen) {
+    Dialect wanted = Dialect::ofLoad(*table());
+    ScriptedAsker asker({"(auto)", "UTF-16", "Delimiter Only"});
+    model().setDelimiter(";", ";");
+    asker.ask(Prompts::reloadDialect({DialectPart::Delimiter, DialectPart::Encoding, DialectPart::ParsingStandard},
+                                     table(), [&](Dialect const& dialect) { wanted = dialect; }));
+    EXPECT_EQ(wanted.delimiter, ",");
+    EXPECT_EQ(wanted.encoding, EncodingType::Utf16GuessedLE);
+    EXPECT_EQ(wanted.parsingStandard, ParsingStandard::DelimiterOnly);
+}
+
+TEST_F(PromptsTest, AnEncodingOfTheListGoesToTheClipboard) {
+    ScriptedAsker({"KOI8-R (Russian)"}).ask(Prompts::listCharacterEncodings());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "KOI8-R (Russian)");
+}
+
+TEST_F(PromptsTest, EachCommandPutsItsQuestion) {
+    std::pair<char const*, char const*> const titles[] = {
+        {"Go to Cell", "Go to Cell:"},
+        {"Select From Main Cell To ...", "Select From Main Cell To:"},
+        {"Move Cell Contents To ...", "Move Cell Contents To:"},
+        {"Duplicate Cell Contents To ...", "Duplicate Cell Contents To:"},
+        {"Move Row(s) Just Above Row ...", "Move Row(s) Just Above Row:"},
+        {"Move Column(s) to the Left of Column ...", "Move Column(s) to the Left of Column:"},
+        {"Insert Row(s) Before Multiple Times", "Number of Times to Insert Row(s):"},
+        {"Insert Column(s) Before Multiple Times", "Number of Times to Insert Column(s):"},
+        {"Duplicate Row(s) Multiple Times", "Number of Times to Duplicate Row(s):"},
+        {"Duplicate Column(s) Multiple Times", "Number of Times to Duplicate Column(s):"},
+        {"Reload File with Different Parameters", "Delimiter:"},
+        {"Reload File with Parsing Standard", "Parsing Standard:"},
+        {"Set Parameters for File Save", "Delimiter:"},
+        {"Set Line Ending for File Save", "Line Ending:"},
+        {"Set Encoding for File Save", "Encoding:"},
+        {"List Character Encodings", "Character Encodings:"},
+        {"Set Selected Row Height(s)", "Row Height:"},
+        {"Set Selected Column Width(s)", "Column Width:"},
+        {"Set UUID Type", "Select UUID type:"},
+        {"Set Search Engine", "Select a Search Engine Domain:"},
+        {"Set Online Map", "Select a Map Domain:"},
+    };
+    for (auto const& [command, title] : titles) {
+        window.runCommand(command);
+        EXPECT_EQ(window.getPrompts()->currentTitle(), title) << command;
+        window.closeLauncher();
+    }
+    for (Setting const& setting : window.getSettings().sorted()) {
+        QString const command = "Set " + setting.name;
+        if (setting.dataType == SettingDataType::Bool || setting.dataType == SettingDataType::UuidType ||
+            setting.dataType == SettingDataType::Domain || !setting.inFile)
+            continue;
+        window.runCommand(command);
+        EXPECT_EQ(window.getPrompts()->currentTitle(), setting.name + ':') << qPrintable(command);
+        window.closeLauncher();
+    }
+}
+
+TEST_F(PromptsTest, ASettingOfTheProgramReachesItsFileAndEveryTableAndOneOfATableOnlyThatTable) {
+    QDir().mkpath(Utilities::getAppDataLocation());
+    ASSERT_TRUE(PreferenceFiles::makeSettingsFile());
+    window.commandNewFile();
+    MsgBoxAnswers box;
+    box.next("OK");
+    run("Set Minimum Number of Table Rows", {"none", "70"});
+    EXPECT_EQ(box.texts(), QStringList{"Must be a whole number 1 or greater."});
+    run("Set First Row Index", {"-5"});
+    run("Set Number of Header Columns", {"2"});
+    run("Set Maximum Column Width for Auto-Fit", {"90"});
+    for (TableView const* each : window.getPaneView()->getTables()) {
+        EXPECT_EQ(each->tableModel()->getMinNumTableRows(), 70);
+        EXPECT_EQ(each->tableModel()->getFirstRowIndex(), each == table() ? -5 : 0);
+        EXPECT_EQ(each->tableModel()->getNumHeaderCols(), each == table() ? 2 : 0);
+        EXPECT_EQ(each->getMaximumColumnWidth(), each == table() ? 90 : 800);
+    }
+    EXPECT_EQ(table()->getSettings().getValueInt(SettingType::FirstRowIndex), -5);
+    EXPECT_EQ(window.getSettings().getValueInt(SettingType::FirstRowIndex), 0);
+    QByteArray const file = read(Utilities::getSettingsFilepath());
+    EXPECT_TRUE(file.contains("Minimum Number of Table Rows,Global,integer >= 1,50,70\n")) << file.constData();
+    QFile::remove(Utilities::getSettingsFilepath());
+    EXPECT_TRUE(file.contains("First Row Index,Table,integer,0,\n")) << file.constData();
+}
+
+TEST_F(PromptsTest, AReloadReadsTheFileAgainAndAsksBeforeChangesAreLost) {
+    TableView* const reloaded = table();
+    auto const waitForLoad = [&] { return QTest::qWaitFor([&] { return !reloaded->isLoading(); }); };
+    run("Reload File with Delimiter", {"tab"});
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(cells(), "a,b,c/d,e,f/g,h,i");
+    EXPECT_EQ(window.getStatusBar()->text(StatusBar::Label::Delimiter), "Delimiter: tab");
+    run("Insert Row(s) Before Multiple Times", {"1"});
+    EXPECT_FALSE(table()->undoStack()->isClean());
+    MsgBoxAnswers box;
+    box.next("Cancel");
+    window.runCommand("Reload File");
+    EXPECT_FALSE(table()->undoStack()->isClean());
+    box.next("Discard");
+    window.runCommand("Reload File");
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_TRUE(table()->undoStack()->isClean());
+    EXPECT_EQ(cells(), "a,b,c/d,e,f/g,h,i");
+}

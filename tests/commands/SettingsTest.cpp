@@ -1,0 +1,83 @@
+#include "commands/Settings.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+TEST(Settings, AllFiftyNineStandByNameAndAreFoundByTypeAndName) {
+    Settings const settings;
+    ASSERT_EQ(settings.sorted().size(), 59U);
+    EXPECT_TRUE(std::is_sorted(settings.sorted().begin(), settings.sorted().end(), sortSettingByName));
+    for (Setting const& setting : settings.sorted()) {
+        EXPECT_EQ(&settings.get(setting.type), &setting);
+        EXPECT_EQ(settings.find(setting.name)->name, setting.name);
+    }
+    auto const inFile = [](Setting const& setting) { return setting.inFile; };
+    EXPECT_EQ(std::count_if(settings.sorted().begin(), settings.sorted().end(), inFile), 47);
+    EXPECT_FALSE(settings.contains("theme"));
+    EXPECT_EQ(settings.get(SettingType::DelimiterLoad).name, "Delimiter");
+    EXPECT_EQ(settings.get(SettingType::DelimiterSave).name, "Delimiter");
+}
+
+TEST(Settings, TextOfEveryKindIsTakenIfItIsValid) {
+    struct Case {
+        char const* name;
+        char const* text;
+        char const* result; ///< as the file writes it
+    };
+    Case const cases[] = {
+        {"Shade Every Other Row", " TRUE ", "true"},
+        {"Shade Every Other Row", "yes", "false"},
+        {"Show Tab Bar", "False", "false"},
+        {"Minimum Number of Table Rows", "1", "1"},
+        {"Minimum Number of Table Rows", "0", "50"},
+        {"Number of Buffer Rows", "0", "0"},
+        {"Number of Buffer Rows", "-1", "2"},
+        {"First Row Index", "-5", "-5"},
+        {"First Row Index", "0x10", "0"},
+        {"Text Size", "99999999999", "13"},
+        {"Text Size", "", "13"},
+        {"Font", "Noto Sans", "Noto Sans"},
+        {"Font", "", "Liberation Sans"},
+        {"Theme", "Light", "Light"},
+        {"UUID Type", "V7", "v7"},
+        {"UUID Type", "v5", "v4"},
+        {"Behavior When File Is Changed Externally", "ask", "ask"},
+        {"Behavior When File Is Changed Externally", "never", "refresh"},
+        {"Search Engine", "www.example.org/?q=", "www.example.org/?q="},
+        {"Text Editor", "/bin/ed", "/bin/ed"},
+        {"Encoding", "latin nonsense", "UTF-8"},
+        {"Parsing Standard", "sparse quotes", "Sparse Quotes"},
+        {"Line Ending", "Windows", "Windows"},
+    };
+    for (Case const& entry : cases) {
+        Settings settings;
+        EXPECT_TRUE(settings.setFromString(entry.name, entry.text));
+        EXPECT_EQ(settings.convertValueToStringForFile(settings.find(entry.name)->type), entry.result)
+            << entry.name << " " << entry.text;
+    }
+    EXPECT_FALSE(Settings().setFromString("No Such Setting", "1"));
+}
+
+TEST(Settings, ValuesAreReadInTheirTypesAndShownInTheirWords) {
+    Settings settings;
+    EXPECT_EQ(settings.getValueRefreshBehavior(SettingType::BehaviorWhenFileIsChangedExternally),
+              RefreshBehavior::Refresh);
+    EXPECT_EQ(settings.getValueLineEnding(SettingType::LineEnding), LineEndingType::Unix);
+    EXPECT_EQ(settings.getTheme().getName(), "Dark");
+    EXPECT_TRUE(settings.getValueBool(SettingType::TextSize));
+    EXPECT_EQ(settings.displayText(SettingType::ReadOnly), "Editable");
+    settings.toggleBoolValue(SettingType::ReadOnly);
+    EXPECT_EQ(settings.displayText(SettingType::ReadOnly), "Read-only");
+    EXPECT_EQ(settings.displayText(SettingType::MaximumColumnWidthForAutoFit), "800");
+    settings.setValue(SettingType::EncodingLoad, EncodingType::Koi8R);
+    EXPECT_EQ(settings.getValueEncoding(SettingType::EncodingLoad), EncodingType::Koi8R);
+    EXPECT_EQ(settings.getValueEncoding(SettingType::EncodingSave), EncodingType::Utf8);
+    settings.setValue(SettingType::Theme, QString("a theme that is gone"));
+    EXPECT_EQ(settings.getTheme().getName(), "Dark");
+    EXPECT_EQ(settings.convertDefaultValueToStringForFile(SettingType::Theme), "dark");
+    EXPECT_EQ(Settings::convertSettingDataTypeToString(SettingDataType::IntegerFromOne), "integer >= 1");
+    EXPECT_EQ(Settings::convertSettingDataTypeToString(static_cast<SettingDataType>(16)), "Undefined");
+    EXPECT_EQ(Utilities::convertScopeToString(ScopeType::Table), "Table");
+    EXPECT_EQ(Utilities::convertScopeToString(static_cast<ScopeType>(3)), "Invalid");
+}
