@@ -54,7 +54,7 @@ void LineAnimation::run(std::vector<int> const& lines, int size, std::function<v
 }
 
 bool LineAnimation::canBeSeen(std::vector<int> const& lines) const {
-    if (lines.size() > mostAnimated || !header.isVisible() || !header.updatesEnabled())
+    if (lines.size() > mostAnimated || !header.isVisible() || !header.parentWidget()->updatesEnabled())
         return false;
     int const extent = header.orientation() == Qt::Vertical ? header.viewport()->height() : header.viewport()->width();
     return std::any_of(lines.begin(), lines.end(), [&](int line) {

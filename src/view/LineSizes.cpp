@@ -36,8 +36,11 @@ template <typename Change>
 void LineSizes::changeAll(Change change) {
     if (areDefault() && change(header.defaultSectionSize()) == header.defaultSectionSize())
         return;
-    for (int line = 0; line < header.count(); ++line)
-        header.resizeSection(line, change(header.sectionSize(line)));
+    for (int line = 0; line < header.count(); ++line) {
+        int const size = header.sectionSize(line);
+        if (change(size) != size)
+            header.resizeSection(line, change(size));
+    }
 }
 
 void LineSizes::raiseAll(int least) {

@@ -441,6 +441,7 @@ private:
     bool isEmptyLine(Axis axis, int line) const;
     void widenTo(QString const& text, RangeVector const& ranges);
     void keepEditorInSight();
+    void scrollAfterFit();
     void fitRow(RowFit const& fit, int row);
     int headerRowsWidth(int col);
     void resizeTogether(std::function<void()> const& resize);

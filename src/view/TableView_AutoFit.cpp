@@ -23,6 +23,12 @@ constexpr int editPrecision = 50;
 
 } // namespace
 
+/// A view that has not been shown has no size yet, and what is in sight in it says nothing.
+void TableView::scrollAfterFit() {
+    if (isVisible())
+        scrollToMainCell(true, false);
+}
+
 // Rows.
 
 int TableView::calculateAutoFitRowHeight(int row) const {
@@ -54,7 +60,7 @@ void TableView::enforceAutoFitRowHeight(bool scroll) {
         enforceMaximumRowHeight();
     });
     if (scroll)
-        scrollToMainCell(true, false);
+        scrollAfterFit();
 }
 
 void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
@@ -69,6 +75,7 @@ void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
                 if (row >= 0 && row < count)
                     fitRow(fit, row);
             }
+            return;
         }
         for (int const row : rows) {
             enforceMinimumRowHeight(row);
@@ -167,7 +174,7 @@ void TableView::enforceAutoFitColWidth(bool scroll) {
         return;
     resizeColumnsToContents();
     if (scroll)
-        scrollToMainCell(true, false);
+        scrollAfterFit();
 }
 
 void TableView::enforceAutoFitColWidths(std::vector<int> const& cols) {
