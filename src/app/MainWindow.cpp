@@ -86,6 +86,7 @@ void MainWindow::buildWidgets() {
     connect(&statistics, &SelectionStatistics::finishedSignal, this,
             [this](QString const& text) { labelBar->setText(StatusBar::Label::Stats, text); });
     connect(paneView, &PaneView::tableLoadedSignal, this, &MainWindow::onTableLoaded);
+    setupLauncher();
 }
 
 void MainWindow::setActiveTable(TableView* table) {

@@ -2,6 +2,7 @@
 
 #include "app/StatusBar.h"
 #include "app/UnbuiltCommands.h"
+#include "app/launcher/PromptStep.h"
 #include "appearance/Theme.h"
 #include "commands/Commands.h"
 #include "commands/Settings.h"
@@ -21,6 +22,7 @@ class FindResultsWidget;
 class PaneView;
 class PreferenceWatcher;
 class SideBar;
+class PromptChain;
 class TabBar;
 class TableView;
 class QMenu;
@@ -68,6 +70,10 @@ public:
     PaneView* getPaneView() const { return paneView; }
     StatusBar* getStatusBar() const { return labelBar; }
     Theme const& getTheme() const override { return theme; }
+    /// Where the questions of commands are put.
+    PromptChain* getPrompts() const { return prompts; }
+    /// Begins a new chain of questions with `step`.
+    void ask(PromptStep step);
     /// Carries the command of that name out, if it is live.
     void runCommand(QString const& name);
 
@@ -182,6 +188,17 @@ public slots:
     void commandEditKeyboardShortcuts();
     void commandEditFileExtensionOptions();
     void commandOpenPreferenceFileFolder();
+    // The launcher (MainWindow_Launcher.cpp).
+    void commandCommandLauncher();
+    void commandGoToFile();
+    void onDelimiterOptionsPrompt();
+    void onEncodingOptionsPrompt();
+    void onLineEndingOptionsPrompt();
+    void onFiltersOptionsPrompt();
+    void onFileModeOptionsPrompt();
+    void onTableDimensionsOptionsPrompt();
+    /// Ends the open chain of questions without an answer.
+    void closeLauncher();
 
 signals:
     void mainWindowClosedSignal();
@@ -192,11 +209,13 @@ signals:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     void buildWidgets();
+    void setupLauncher();
     void setupMenus();
     /// Reads the three preference files and watches them from now on.
     void loadPreferences();
@@ -236,6 +255,14 @@ private:
     /// Warns of a table that may lack the end of its file.
     void tellIfNotReadWhole(TableView const* table);
 
+    void onCommandLauncher();
+    void onCommandLauncherResponseReceived(QString const& response);
+    /// Offers the commands of those names that are live.
+    void askForCommand(QString const& title, QStringList const& names);
+    OptionData optionOf(Command const& command) const;
+    /// The value of the command's setting in the launcher's words; empty for a command without one.
+    QString settingPill(Command const& command) const;
+
     void updateWindowTitle();
     void updateStatusBar();
     void onSelectionSizeChanged(RangeSize const& size);
@@ -253,6 +280,7 @@ private:
     Commands commands;
     CommandActions actions;                                       ///< of the commands, by their names
     Context context = Context::TableActive | Context::Navigating; ///< the state by which commands are live
+    PromptChain* prompts = nullptr;
     TabBar* tabBar = nullptr;
     SideBar* sideBar = nullptr;
     FindReplaceWidget* findReplaceWidget = nullptr;

@@ -1,6 +1,7 @@
 #include "app/PaneView.h"
 
 #include "app/LoadProgressOverlay.h"
+#include "app/launcher/Launcher.h"
 #include "view/EditorPaneLoader.h"
 
 #include <QFileInfo>
@@ -56,6 +57,7 @@ void PaneView::removeTable(TableView* table) {
     if (page == pageList.end()) {
         return;
     }
+    emit tableRemovedSignal(table);
     disconnect(table, nullptr, this, nullptr);
     if (activeTable == table) {
         activeTable = nullptr;
@@ -80,6 +82,8 @@ void PaneView::setActiveTable(TableView* table) {
     table->setContext(context);
     shownCell = Range();
     onMainCellChanged(table->getMainCell(true));
+    if (launcher != nullptr)
+        launcher->onCurrentTableChanged(table->tableModel()->getTableName());
 }
 
 TableView* PaneView::getTableView(QString const& path) const {

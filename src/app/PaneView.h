@@ -12,6 +12,8 @@ class EditorPaneLoader;
 class LoadProgressOverlay;
 class QSplitter;
 class QStackedWidget;
+class Launcher;
+class PrevOptionWidget;
 
 /// Holds every table of a window and shows one of them, or the progress of its load, and below it the editor pane with
 /// the main cell of that table.
@@ -45,8 +47,22 @@ public:
 
     /// Passes the settings to the editor pane and to each table.
     void propagateSettings(Settings const& settings);
+    // The launcher and the strips above it (PaneView_Launcher.cpp).
+
+    /// Shows `newLauncher`, which the pane owns from now on, in the place of the one that is open.
+    void setLauncher(Launcher* newLauncher);
+    /// Null when none is open.
+    Launcher* getLauncher() const { return launcher; }
+    void closeLauncher();
+    void moveAndResizeLauncher();
+    /// Puts an answer below those that are there; the pane owns it from now on.
+    void addPrevOption(PrevOptionWidget* option);
+    void addPrevOptions(std::vector<PrevOptionWidget*> const& options);
+    void clearPrevOptionList();
 
 public slots:
+    /// Takes the strip that sends the signal away with those below it, then lets it put its question again.
+    void onPrevOptionGoHere();
     void showEditorPane(bool show, bool animate);
 
 signals:
@@ -54,8 +70,11 @@ signals:
     void removeContextSignal(Context flags);
     /// A background load of `table` has ended and the table shows again.
     void tableLoadedSignal(TableView* table);
+    /// `table` is being taken out.
+    void tableRemovedSignal(TableView* table);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -83,6 +102,9 @@ private:
     void setEditorPaneHeightSlot(QVariant const& height);
     void noteEditorPaneShown(bool shown);
 
+    void onLauncherLeft();
+    void dropPrevOptionsFrom(std::size_t index);
+
     QSplitter* splitter;
     QStackedWidget* pages;
     std::vector<Page> pageList;
@@ -95,5 +117,7 @@ private:
     int editorPaneHeight = 150; ///< pixels
     Range shownCell;            ///< whose text the pane shows
     bool typedDuringLoad = false;
-    bool keepPaneText = false; ///< the edit that begins comes from the text in the pane
+    bool keepPaneText = false;                  ///< the edit that begins comes from the text in the pane
+    Launcher* launcher = nullptr;               ///< takes leave before it goes
+    std::vector<PrevOptionWidget*> prevOptions; ///< from the top down
 };

@@ -188,7 +188,6 @@ public slots:
     void commandToggleHighlightHeaderColumns() { tellNotBuilt(); }
     void commandToggleFreezeHeaderRows() { tellNotBuilt(); }
     void commandToggleFreezeHeaderColumns() { tellNotBuilt(); }
-    void commandCommandLauncher() { tellNotBuilt(); }
     void commandOpenFileAnalysisWindow() { tellNotBuilt(); }
     void commandStatisticsSelectedColumns() { tellNotBuilt(); }
     void commandStatisticsAllColumns() { tellNotBuilt(); }
@@ -199,7 +198,6 @@ public slots:
     void commandUniqueValuesSelectedColumn() { tellNotBuilt(); }
     void commandPivotTableSelectedColumns() { tellNotBuilt(); }
     void commandColumnLookup() { tellNotBuilt(); }
-    void commandGoToFile() { tellNotBuilt(); }
     void commandGoToCell() { tellNotBuilt(); }
     void commandScrollToTop() { tellNotBuilt(); }
     void commandScrollToBottom() { tellNotBuilt(); }
