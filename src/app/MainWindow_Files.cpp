@@ -160,6 +160,7 @@ TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly
 void MainWindow::addTableEditorFromView(TableView* table) {
     paneView->addTable(table);
     tabBar->addTable(table);
+    watchTable(table);
 }
 
 bool MainWindow::isUntouchedEmptyTable(TableView const* table) const {
@@ -168,6 +169,7 @@ bool MainWindow::isUntouchedEmptyTable(TableView const* table) const {
 }
 
 void MainWindow::onTableLoaded(TableView* table) {
+    endReload(table);
     tellIfNotReadWhole(table);
     if (table == activeTable) {
         setActiveTable(table);
@@ -218,6 +220,7 @@ void MainWindow::onSavedStatusChanged(TableView* table, bool clean) {
 }
 
 void MainWindow::removeTable(TableView* table) {
+    unwatchTable(table);
     tabBar->removeTable(table);
     paneView->removeTable(table);
     if (table == activeTable) {

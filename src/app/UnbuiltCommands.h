@@ -17,7 +17,6 @@ public:
 public slots:
     void commandOpenFolder() { tellNotBuilt(); }
     void commandOpenRecentFile() { tellNotBuilt(); }
-    void commandSaveVisibleDataAs() { tellNotBuilt(); }
     void commandCloseFolder() { tellNotBuilt(); }
     void commandPrint() { tellNotBuilt(); }
     void commandImport() { tellNotBuilt(); }
@@ -32,7 +31,6 @@ public slots:
     void commandOpenFileInTextEditor() { tellNotBuilt(); }
     void commandSetBehaviorWhenFileIsChangedExternally() { tellNotBuilt(); }
     void commandSetTextEditor() { tellNotBuilt(); }
-    void commandToggleRemoveExtraneousRowsColumnsOnFileSave() { tellNotBuilt(); }
     void commandReloadFile() { tellNotBuilt(); }
     void commandReloadFileWithDifferentParameters() { tellNotBuilt(); }
     void commandSetParametersForFileSave() { tellNotBuilt(); }
@@ -51,7 +49,6 @@ public slots:
     void commandPasteCells() { tellNotBuilt(); }
     void commandPasteCellsSpecial() { tellNotBuilt(); }
     void commandSetMinimumFileSizeForReadOnlyModeQueryMB() { tellNotBuilt(); }
-    void commandToggleRetainSortAndFiltersUponFileRefresh() { tellNotBuilt(); }
     void commandMoveCellContentsTo() { tellNotBuilt(); }
     void commandMoveRowsJustAboveRow() { tellNotBuilt(); }
     void commandMoveColumnsToTheLeftOfColumn() { tellNotBuilt(); }

@@ -9,7 +9,8 @@
 #include <QStringList>
 
 /// Tells changes that other programs make to the files of open tables from those of the program's own saves and loads,
-/// and decides what is to become of them. It shows nothing and touches no table: what is to be done goes out by signals.
+/// and decides what is to become of them. It shows nothing and touches no table: what is to be done goes out by
+/// signals.
 ///
 /// Each path is idle, has a change waiting for a quiet moment, or is being read again. Of a burst of events only the
 /// last one counts; its look at the file is put off while a save, a load or a question runs and for a while after the
