@@ -21,6 +21,7 @@ MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(Ex
     setMinimumWidth(narrowest);
     setAcceptDrops(true);
     buildWidgets();
+    setupWatch();
     commands.populate(this);
     loadPreferences();
     setupMenus();

@@ -2,6 +2,7 @@
 
 #include "app/StatusBar.h"
 #include "app/UnbuiltCommands.h"
+#include "app/WatchedFiles.h"
 #include "app/launcher/PromptStep.h"
 #include "appearance/Theme.h"
 #include "commands/Commands.h"
@@ -14,6 +15,8 @@
 #include "model/SelectionStatistics.h"
 #include "view/ContextMenuEntries.h"
 
+#include <QHash>
+#include <QPoint>
 #include <QStringList>
 
 #include <vector>
@@ -33,6 +36,7 @@ class QScrollArea;
 enum class DialectPart;
 struct Dialect;
 struct MenuItem;
+struct PendingSave;
 
 /// One window of the program with all its open tables. A face: it owns the widgets and passes what a person asks on to
 /// the unit that knows how.
@@ -58,6 +62,18 @@ public:
 
     /// Writes the table to its file; a failure is told and leaves both as they were.
     bool saveFile(TableView* table);
+    /// Asks for a file and writes the table to it in the dialect of its extension. The table moves to that file, or
+    /// with `visibleOnly` stays where it is and a copy without what is concealed opens in a tab of its own.
+    bool saveFileAs(TableView* table, bool visibleOnly);
+    /// The same to a file that is known.
+    bool saveFileUnder(TableView* table, QString const& path, bool visibleOnly);
+    /// The kinds of files that a file dialog offers: one for each row of the extension table.
+    QString getFiletypeFilter() const;
+
+    // Changes by other programs (MainWindow_Watch.cpp).
+
+    /// How long windows that are made from now on wait with the changes of files.
+    static void setWatchTimings(WatchedFiles::Timings timings) { watchTimings = timings; }
 
     // Preferences (MainWindow_Settings.cpp).
 
@@ -95,6 +111,7 @@ public slots:
     void commandOpenFile();
     void commandSaveFile();
     void commandSaveFileAs();
+    void commandSaveVisibleDataAs();
     void commandSaveAllFiles();
     void commandCloseFile();
     void commandCloseAllFiles();
@@ -201,6 +218,12 @@ public slots:
     }
     void commandToggleSnapToRowAfterScrolling() { toggleSetting(SettingType::SnapToRowAfterScrolling); }
     void commandToggleSnapToColumnAfterScrolling() { toggleSetting(SettingType::SnapToColumnAfterScrolling); }
+    void commandToggleRemoveExtraneousRowsColumnsOnFileSave() {
+        toggleSetting(SettingType::RemoveExtraneousRowsColumnsOnFileSave);
+    }
+    void commandToggleRetainSortAndFiltersUponFileRefresh() {
+        toggleSetting(SettingType::RetainSortAndFiltersUponFileRefresh);
+    }
     void commandToggleReadOnly();
     void commandEditSettings();
     void commandEditKeyboardShortcuts();
@@ -396,7 +419,7 @@ private:
     void onSavedStatusChanged(TableView* table, bool clean);
     /// The bits that the table brings to the window's context.
     Context contextOfTable(TableView const* table) const;
-    void askForReload(std::vector<DialectPart> const& parts);
+    void askHowToReload(std::vector<DialectPart> const& parts);
     void askForSaveDialect(std::vector<DialectPart> const& parts);
     void reloadTable(TableView* table, Dialect const& dialect);
     /// Asks for the value of a setting: of the active table for one of table scope, else of the window.
@@ -432,7 +455,27 @@ private:
     void switchToExistingTab(int index);
 
     void switchToTab(int index);
-    bool saveTo(TableView* table, QString const& path);
+    // Saving (MainWindow_Save.cpp).
+    void removeExtraneousRowsAndColumns(TableView* table);
+    /// False if the save waits for the user to say what becomes of line breaks, or is not to be.
+    bool resolveDelimiterOnlyLineBreakSave(PendingSave const& save);
+    void promptDelimiterOnlyLineBreakAction(PendingSave const& save, int count);
+    bool resumePendingDelimiterOnlySave(PendingSave const& save);
+    bool finishSaveFileAs(PendingSave const& save);
+    bool moveTo(PendingSave const& save);
+    bool saveCopy(PendingSave const& save);
+    bool askHowToOpenSavedCopy(QString const& path, bool& readOnly);
+    // Changes by other programs (MainWindow_Watch.cpp).
+    void setupWatch();
+    void watchTable(TableView* table);
+    void unwatchTable(TableView const* table);
+    void onWatchedFileGone(QString const& path);
+    void askForReload(QString const& path);
+    void askForReloadOverEdits(QString const& path);
+    void askWhetherToReload(QString const& path, QString const& question, QString const& refusal);
+    /// Reads a table's file again; its edits are lost.
+    void reloadChangedFile(TableView* table);
+    void endReload(TableView* table);
     bool isUntouchedEmptyTable(TableView const* table) const;
     void onTableLoaded(TableView* table);
     /// Warns of a table that may lack the end of its file.
@@ -460,6 +503,9 @@ private:
     Settings settings;
     bool updating = false;
     PreferenceWatcher* preferenceWatcher = nullptr;
+    inline static WatchedFiles::Timings watchTimings;
+    WatchedFiles* watchedFiles = nullptr;
+    QHash<TableView const*, QPoint> scrollAfterReload; ///< the scroll bars' values before it
     std::vector<ExtensionData> extensions;
     PaneView* paneView = nullptr;
     Commands commands;

@@ -6,7 +6,7 @@
 
 #include <QPointer>
 
-void MainWindow::askForReload(std::vector<DialectPart> const& parts) {
+void MainWindow::askHowToReload(std::vector<DialectPart> const& parts) {
     activeTable->stopEditing();
     ask(Prompts::reloadDialect(parts, activeTable,
                                [this, alive = QPointer<TableView>(activeTable)](Dialect const& dialect) {
@@ -31,19 +31,19 @@ void MainWindow::commandReloadFile() {
 }
 
 void MainWindow::commandReloadFileWithDifferentParameters() {
-    askForReload({DialectPart::Delimiter, DialectPart::Encoding, DialectPart::ParsingStandard});
+    askHowToReload({DialectPart::Delimiter, DialectPart::Encoding, DialectPart::ParsingStandard});
 }
 
 void MainWindow::commandReloadFileWithDelimiter() {
-    askForReload({DialectPart::Delimiter});
+    askHowToReload({DialectPart::Delimiter});
 }
 
 void MainWindow::commandReloadFileWithEncoding() {
-    askForReload({DialectPart::Encoding});
+    askHowToReload({DialectPart::Encoding});
 }
 
 void MainWindow::commandReloadFileWithParsingStandard() {
-    askForReload({DialectPart::ParsingStandard});
+    askHowToReload({DialectPart::ParsingStandard});
 }
 
 void MainWindow::commandSetParametersForFileSave() {

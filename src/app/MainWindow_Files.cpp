@@ -162,6 +162,7 @@ TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly
 void MainWindow::addTableEditorFromView(TableView* table) {
     paneView->addTable(table);
     tabBar->addTable(table);
+    watchTable(table);
 }
 
 bool MainWindow::isUntouchedEmptyTable(TableView const* table) const {
@@ -170,6 +171,7 @@ bool MainWindow::isUntouchedEmptyTable(TableView const* table) const {
 }
 
 void MainWindow::onTableLoaded(TableView* table) {
+    endReload(table);
     tellIfNotReadWhole(table);
     if (table == activeTable) {
         setActiveTable(table);
@@ -220,6 +222,7 @@ void MainWindow::onSavedStatusChanged(TableView* table, bool clean) {
 }
 
 void MainWindow::removeTable(TableView* table) {
+    unwatchTable(table);
     tabBar->removeTable(table);
     paneView->removeTable(table);
     if (table == activeTable) {

@@ -1,14 +1,50 @@
 // Saving.
 
+#include "app/DelimiterOnlySave.h"
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
 #include "app/TabBar.h"
+#include "app/WatchedFiles.h"
+#include "commands/ExtensionTable.h"
+#include "core/EncodingUtilities.h"
+#include "core/PathUtilities.h"
+#include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
 #include "view/MsgBox.h"
 #include "view/SaveFailureMessage.h"
 #include "view/TableView.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPushButton>
+
+namespace {
+
+/// The options that a file of this name is saved with. What the row leaves to detection stays as the table has it: the
+/// new file has no content yet.
+ExtensionData saveOptions(std::vector<ExtensionData> const& rows, QString const& path, TableModel const& model) {
+    ExtensionData options = ExtensionTable::find(rows, ExtensionTable::extensionOfFile(path));
+    auto const settle = [](QString& delimiter, QString const& present) {
+        if (delimiter.isEmpty() || delimiter == QLatin1String("(auto)")) {
+            delimiter = present;
+        } else if (delimiter == QLatin1String("(none)")) {
+            delimiter.clear();
+        }
+    };
+    settle(options.saveDelimiter, model.getSaveDelimiter());
+    settle(options.delimiter, options.saveDelimiter);
+    options.encoding = Utilities::guessEncodingFromFile(options.encoding, path);
+    return options;
+}
+
+ExtensionData presentOptions(TableModel const& model) {
+    ExtensionData options(model.getExtension(), model.getDelimiter(), model.getSaveDelimiter());
+    options.lineEnding = model.getLineEnding();
+    options.encoding = model.getEncoding();
+    options.parsingStandard = model.getParsingStandard();
+    return options;
+}
+
+} // namespace
 
 bool MainWindow::saveFile(TableView* table) {
     if (table == nullptr || table->isLoading() || table->isReadOnly()) {
@@ -16,24 +52,189 @@ bool MainWindow::saveFile(TableView* table) {
     }
     table->stopEditing();
     QString const path = table->getFilepath();
-    return saveTo(table, path.isEmpty() ? QFileDialog::getSaveFileName(this, tr("Save File As")) : path);
+    if (path.isEmpty()) {
+        return saveFileAs(table, false);
+    }
+    TableModel& model = *table->tableModel();
+    if (!Utilities::isPreferenceFilepath(path) &&
+        !resolveDelimiterOnlyLineBreakSave({table, {}, presentOptions(model), false})) {
+        return false;
+    }
+    if (settings.getValueBool(SettingType::RemoveExtraneousRowsColumnsOnFileSave)) {
+        removeExtraneousRowsAndColumns(table);
+    }
+    bool const saved = model.saveCSV(false, false);
+    if (saved) {
+        table->undoStack()->setClean();
+        onSavedStatusChanged(table, true);
+    } else {
+        MsgBox::inform(this, theme, buildSaveFailureMessage(path, model.getLastSaveError()));
+    }
+    table->scrollToMainCell(true, true);
+    if (table == activeTable) {
+        setActiveTable(table);
+    }
+    return saved;
 }
 
-bool MainWindow::saveTo(TableView* table, QString const& path) {
+void MainWindow::removeExtraneousRowsAndColumns(TableView* table) {
+    TableModel& model = *table->tableModel();
+    TableData const& data = model.getTableData();
+    if (data.numEmptyRowsRawAtEnd() > 0 || data.numEmptyColsRawAtEnd() > 0) {
+        table->pushUndoCommand(new RemoveEmptyRowsColsAtEndCommand(&model, {}, false));
+    }
+}
+
+bool MainWindow::resolveDelimiterOnlyLineBreakSave(PendingSave const& save) {
+    if (save.dialect.parsingStandard != ParsingStandard::DelimiterOnly) {
+        return true;
+    }
+    int const count = DelimiterOnlySave::countCellsWithLineBreaks(*save.table->tableModel(), save.visibleOnly);
+    if (count > 0) {
+        promptDelimiterOnlyLineBreakAction(save, count);
+    }
+    return count == 0;
+}
+
+void MainWindow::promptDelimiterOnlyLineBreakAction(PendingSave const& save, int count) {
+    MsgBox box(this);
+    box.setTheme(theme);
+    box.setTextFormat(Qt::RichText);
+    box.setText(DelimiterOnlySave::question(count));
+    QPushButton const* const change = box.addButton(tr("Change"), QMessageBox::AcceptRole);
+    QPushButton const* const replace = box.addButton(tr("Replace"), QMessageBox::AcceptRole);
+    QPushButton const* const remove = box.addButton(tr("Remove"), QMessageBox::AcceptRole);
+    box.addButton(tr("Cancel"), QMessageBox::RejectRole);
+    box.conditionButtons();
+    box.exec();
+    auto const resume = [this](PendingSave const& pending) { resumePendingDelimiterOnlySave(pending); };
+    if (box.clickedButton() == remove) {
+        DelimiterOnlySave::applyReplacement(save, QString(), resume);
+        return;
+    }
+    bool const asks = box.clickedButton() == change || box.clickedButton() == replace;
+    if (asks && save.table != activeTable) {
+        setActiveTable(save.table); // the launcher stands on the active table and goes with it
+    }
+    if (box.clickedButton() == change) {
+        ask(DelimiterOnlySave::askForParsingStandard(save, resume));
+    } else if (box.clickedButton() == replace) {
+        ask(DelimiterOnlySave::askForReplacement(save, resume));
+    }
+}
+
+bool MainWindow::resumePendingDelimiterOnlySave(PendingSave const& save) {
+    return save.path.isEmpty() ? saveFile(save.table) : finishSaveFileAs(save);
+}
+
+QString MainWindow::getFiletypeFilter() const {
+    QStringList filters;
+    for (ExtensionData const& row : extensions) {
+        if (row.extension != QLatin1String("(none)")) {
+            filters.append(tr("%1 File (*.%2)").arg(row.extension.toUpper(), row.extension));
+        }
+    }
+    filters.append(tr("All Files (*)"));
+    return filters.join(QStringLiteral(";;"));
+}
+
+bool MainWindow::saveFileAs(TableView* table, bool visibleOnly) {
+    if (table == nullptr || table->isLoading()) {
+        return false;
+    }
+    table->stopEditing();
+    QString const path = QFileDialog::getSaveFileName(this, tr("Save File"), table->getFilepath(), getFiletypeFilter());
+    return saveFileUnder(table, path, visibleOnly);
+}
+
+bool MainWindow::saveFileUnder(TableView* table, QString const& path, bool visibleOnly) {
     if (path.isEmpty()) {
         return false;
     }
+    PendingSave const save{table, path, saveOptions(extensions, path, *table->tableModel()), visibleOnly};
+    return resolveDelimiterOnlyLineBreakSave(save) && finishSaveFileAs(save);
+}
+
+bool MainWindow::finishSaveFileAs(PendingSave const& save) {
+    return save.visibleOnly ? saveCopy(save) : moveTo(save);
+}
+
+bool MainWindow::moveTo(PendingSave const& save) {
+    TableView* const table = save.table;
     TableModel& model = *table->tableModel();
-    if (!model.saveCSV(path, false, false)) {
-        MsgBox::inform(this, theme, buildSaveFailureMessage(path, model.getLastSaveError()));
+    QString const before = table->getFilepath();
+    table->setExtensionData(save.dialect);
+    if (!model.saveCSV(save.path, false, false)) {
+        MsgBox::inform(this, theme, buildSaveFailureMessage(save.path, model.getLastSaveError()));
         return false;
     }
     table->undoStack()->setClean();
+    if (before != save.path) {
+        watchedFiles->remove(before);
+    }
+    watchedFiles->add(save.path);
     tabBar->renameTable(table);
+    onSavedStatusChanged(table, true);
     if (table == activeTable) {
         setActiveTable(table);
     }
     return true;
+}
+
+// The table keeps its own file and dialect; only the copy has those of its name. Its encoding is the table's, as cells
+// that are converted to and fro could lose characters.
+bool MainWindow::saveCopy(PendingSave const& save) {
+    TableView* const table = save.table;
+    TableModel& model = *table->tableModel();
+    QString const own = table->getFilepath();
+    ExtensionData const before = presentOptions(model);
+    ExtensionData dialect = save.dialect;
+    dialect.encoding = before.encoding;
+    table->setExtensionData(dialect);
+    bool const saved = model.saveCSV(save.path, false, true);
+    table->setExtensionData(before);
+    if (!saved) {
+        MsgBox::inform(this, theme, buildSaveFailureMessage(save.path, model.getLastSaveError()));
+        return false;
+    }
+    model.getTableData().getDataContainer()->setFilepath(own);
+    if (save.path == own) {
+        table->undoStack()->resetClean();
+        return true;
+    }
+    if (TableView* const open = paneView->getTableView(save.path)) {
+        reloadChangedFile(open);
+        setActiveTable(open);
+        return true;
+    }
+    bool readOnly = false;
+    if (askHowToOpenSavedCopy(save.path, readOnly)) {
+        setActiveTable(addTableEditorFromFile(save.path, readOnly, Utilities::isPreferenceFilepath(save.path)));
+    }
+    return true;
+}
+
+bool MainWindow::askHowToOpenSavedCopy(QString const& path, bool& readOnly) {
+    constexpr qint64 mebibyte = 1048576;
+    constexpr int buttonHeight = 40;
+    qint64 const size = QFileInfo(path).size() / mebibyte;
+    if (size < settings.getValueInt(SettingType::MinimumFileSizeForReadOnlyModeQueryMB)) {
+        return true;
+    }
+    MsgBox box(this);
+    box.setTheme(theme);
+    box.setText(tr("The new file is large (%1 MB).\n").arg(size) + tr("How would you like to open it?"));
+    QPushButton* const asReadOnly = box.addButton(tr("&Read-Only\nMode"), QMessageBox::AcceptRole);
+    QPushButton* const forEditing = box.addButton(tr("&Edit Mode"), QMessageBox::AcceptRole);
+    QPushButton* const notAtAll = box.addButton(tr("Do&n't Open"), QMessageBox::RejectRole);
+    box.setDefaultButton(asReadOnly);
+    box.conditionButtons();
+    for (QPushButton* const button : {asReadOnly, forEditing, notAtAll}) {
+        button->setFixedHeight(buttonHeight);
+    }
+    box.exec();
+    readOnly = box.clickedButton() == asReadOnly;
+    return readOnly || box.clickedButton() == forEditing;
 }
 
 bool MainWindow::mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel) {
@@ -55,14 +256,16 @@ void MainWindow::commandSaveFile() {
 }
 
 void MainWindow::commandSaveFileAs() {
-    activeTable->stopEditing();
-    saveTo(activeTable, QFileDialog::getSaveFileName(this, tr("Save File As"), activeTable->getFilepath()));
+    saveFileAs(activeTable, false);
+}
+
+void MainWindow::commandSaveVisibleDataAs() {
+    saveFileAs(activeTable, true);
 }
 
 void MainWindow::commandSaveAllFiles() {
-    for (TableView* table : paneView->getTables()) {
-        if (!table->undoStack()->isClean()) {
-            saveFile(table);
-        }
+    activeTable->stopEditing();
+    for (TableView* const table : paneView->getTables()) {
+        saveFile(table);
     }
 }

@@ -17,7 +17,6 @@ public:
 public slots:
     void commandOpenFolder() { tellNotBuilt(); }
     void commandOpenRecentFile() { tellNotBuilt(); }
-    void commandSaveVisibleDataAs() { tellNotBuilt(); }
     void commandCloseFolder() { tellNotBuilt(); }
     void commandPrint() { tellNotBuilt(); }
     void commandImport() { tellNotBuilt(); }
@@ -30,7 +29,6 @@ public slots:
     void commandShowFileInFileSystem() { tellNotBuilt(); }
     void commandOpenTerminalToFilesDirectory() { tellNotBuilt(); }
     void commandOpenFileInTextEditor() { tellNotBuilt(); }
-    void commandToggleRemoveExtraneousRowsColumnsOnFileSave() { tellNotBuilt(); }
     void commandCutCells() { tellNotBuilt(); }
     void commandCopyCells() { tellNotBuilt(); }
     void commandCopyCellsWithHeader() { tellNotBuilt(); }
@@ -38,7 +36,6 @@ public slots:
     void commandCopyCellsToHtml() { tellNotBuilt(); }
     void commandPasteCells() { tellNotBuilt(); }
     void commandPasteCellsSpecial() { tellNotBuilt(); }
-    void commandToggleRetainSortAndFiltersUponFileRefresh() { tellNotBuilt(); }
     void commandConvertDateTimeFormat() { tellNotBuilt(); }
     void commandConvertNumberFormat() { tellNotBuilt(); }
     void commandPlaceCurrentDateTimeStampNowInSelectedCells() { tellNotBuilt(); }

@@ -98,9 +98,6 @@ public:
 
     /// Sorts the table, with a dialog to watch and to cancel it if it takes long.
     void sortRowsOrCols(SortData const& sort);
-    /// Sorts the rows by a column (with Axis::Columns, the columns by a row): ascending, or descending if they are
-    /// sorted by it in ascending order now. `line` is Model.
-    void toggleSort(Axis axis, int line);
 
     // Moving.
 
@@ -369,8 +366,6 @@ signals:
     void suppressAutoFitWarningsChangedSignal(bool suppress);
     /// What is kept about the file has changed.
     void fileMetadataChangedSignal();
-    /// The table is to be sorted, by a double click on a label.
-    void sortRowsOrColsSignal(SortData sort);
     /// A Shift press on a label begins a drag of the selected rows or columns.
     void arrayDragStartSignal(Axis axis, int section);
 

@@ -80,7 +80,7 @@ void TableView::onSectionEntered(Axis axis, int section) {
 
 void TableView::onSectionDoubleClicked(Axis axis, int section) {
     if (section >= 0)
-        emit sortRowsOrColsSignal(HeaderGestures::nextSort(*tableModel(), axis, section));
+        sortRowsOrCols(HeaderGestures::nextSort(*tableModel(), axis, section));
 }
 
 // The corner button.

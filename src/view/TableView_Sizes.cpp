@@ -116,10 +116,13 @@ void TableView::setDefaultSize(Axis axis, int size) {
         header->setDefaultSectionSize(size);
     }
     updateGeometries();
-    if (axis == Axis::Rows)
+    if (axis == Axis::Rows) {
         enforceAutoFitRowHeight(true);
-    else
+        setHorizontalFrozenHeight();
+        setVerticalFrozenWidth();
+    } else {
         enforceAutoFitColWidth(true);
+    }
     refreshView();
 }
 

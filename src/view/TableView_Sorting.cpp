@@ -25,13 +25,3 @@ void TableView::sortRowsOrCols(SortData const& sort) {
     if (!command->isCanceled())
         pushUndoCommand(command.release());
 }
-
-void TableView::toggleSort(Axis axis, int line) {
-    TableModel const& model = *tableModel();
-    bool const rows = axis == Axis::Rows;
-    TableData const& data = model.getTableData();
-    int const raw = rows ? data.getRawFromModelCol(line) : data.getRawFromModelRow(line);
-    SortData const& present = rows ? model.getRowSortData() : model.getColSortData();
-    bool const isAscending = present.index == raw && present.sortType == SortType::Ascending;
-    sortRowsOrCols({isAscending ? SortType::Descending : SortType::Ascending, axis, raw});
-}

@@ -1,0 +1,167 @@
+#include "app/WatchedFiles.h"
+
+#include <utility>
+
+WatchedFiles::WatchedFiles(FileWatch& files, Tables tables, Timings timings, QObject* parent)
+    : QObject(parent), files(files), tables(std::move(tables)), timings(timings) {}
+
+void WatchedFiles::add(QString const& path) {
+    if (!path.isEmpty()) {
+        restoreWatch(path);
+        recordWatchedFileState(path);
+    }
+}
+
+void WatchedFiles::remove(QString const& path) {
+    if (files.isWatched(path)) {
+        files.unwatch(path);
+    }
+    clearWatchedFileState(path);
+}
+
+void WatchedFiles::clearWatchedFileState(QString const& path) {
+    loadingPaths.remove(path);
+    generations.remove(path);
+    cooldowns.remove(path);
+    lastSeen.remove(path);
+}
+
+void WatchedFiles::restoreWatch(QString const& path) {
+    if (!files.isWatched(path) && files.stateOf(path)) {
+        files.watch(path);
+    }
+}
+
+void WatchedFiles::recordWatchedFileState(QString const& path) {
+    if (path.isEmpty()) {
+        return;
+    }
+    if (std::optional<FileState> const state = files.stateOf(path)) {
+        lastSeen.insert(path, *state);
+    } else {
+        lastSeen.remove(path);
+    }
+}
+
+bool WatchedFiles::hasWatchedFileStateChanged(QString const& path) const {
+    std::optional<FileState> const state = files.stateOf(path);
+    auto const known = lastSeen.constFind(path);
+    return !state || known == lastSeen.constEnd() || *known != *state;
+}
+
+// The program's own writes and loads.
+
+void WatchedFiles::startInternalFileChangeCooldown(QString const& path) {
+    if (!path.isEmpty()) {
+        cooldowns.insert(path, files.now().addMSecs(timings.cooldown));
+    }
+}
+
+void WatchedFiles::onSaveStarted(QString const& path) {
+    saving = true;
+    savedPaths.append(path);
+    startInternalFileChangeCooldown(path);
+}
+
+void WatchedFiles::onSaveFinished(QString const& path) {
+    saving = false;
+    startInternalFileChangeCooldown(path);
+    recordWatchedFileState(path);
+    files.after(timings.restore, [this] { resetFilepathSavedList(); });
+}
+
+// The state is taken before the file is read: what is written while it is read has to be noticed.
+void WatchedFiles::startReload(QString const& path) {
+    savedPaths.append(path);
+    loadingPaths.insert(path);
+    startInternalFileChangeCooldown(path);
+    recordWatchedFileState(path);
+}
+
+void WatchedFiles::onLoadFinished(QString const& path) {
+    loadingPaths.remove(path);
+    if (!saving) {
+        resetFilepathSavedList();
+    }
+}
+
+// A file that was put in the place of another has lost its watch, and nothing tells of changes until it is back. A
+// change in between shows in the file's state.
+void WatchedFiles::resetFilepathSavedList() {
+    for (QString const& path : std::exchange(savedPaths, {})) {
+        if (!tables.isOpen(path)) {
+            clearWatchedFileState(path);
+            continue;
+        }
+        restoreWatch(path);
+        if (hasWatchedFileStateChanged(path)) {
+            deferExternalFileChange(path);
+        }
+    }
+}
+
+// Changes by others.
+
+void WatchedFiles::onFileChanged(QString const& path) {
+    if (!tables.isOpen(path)) {
+        return;
+    }
+    if (tables.behavior() == RefreshBehavior::Ignore) {
+        files.after(timings.quiet, [this, path] {
+            if (tables.isOpen(path)) {
+                restoreWatch(path);
+            }
+        });
+        return;
+    }
+    deferExternalFileChange(path);
+}
+
+void WatchedFiles::deferExternalFileChange(QString const& path) {
+    if (!path.isEmpty()) {
+        processLater(path, ++generations[path]);
+    }
+}
+
+void WatchedFiles::processLater(QString const& path, int generation) {
+    files.after(timings.quiet, [this, path, generation] { processExternalFileChange(path, generation); });
+}
+
+bool WatchedFiles::mustWait(QString const& path) const {
+    if (saving || tables.isAsking()) {
+        return true;
+    }
+    // A load of a file that is gone may never end.
+    if ((loadingPaths.contains(path) || tables.isLoading(path)) && files.stateOf(path)) {
+        return true;
+    }
+    QDateTime const until = cooldowns.value(path);
+    return until.isValid() && files.now() < until;
+}
+
+void WatchedFiles::processExternalFileChange(QString const& path, int generation) {
+    RefreshBehavior const behavior = tables.behavior();
+    if (generations.value(path, 0) != generation || behavior == RefreshBehavior::Ignore || !tables.isOpen(path)) {
+        return;
+    }
+    if (mustWait(path)) {
+        processLater(path, generation);
+        return;
+    }
+    if (!files.stateOf(path)) {
+        clearWatchedFileState(path);
+        emit fileGoneSignal(path);
+        return;
+    }
+    restoreWatch(path);
+    if (!hasWatchedFileStateChanged(path)) {
+        return;
+    }
+    if (behavior == RefreshBehavior::Ask) {
+        emit askSignal(path);
+    } else if (tables.hasUnsavedEdits(path)) {
+        emit askAboutUnsavedSignal(path);
+    } else {
+        emit reloadSignal(path);
+    }
+}
