@@ -102,6 +102,10 @@ class DesktopTest(unittest.TestCase):
         path = self.folder / name
         return path.read_bytes() if path.exists() else None
 
+    def set(self, setting, value):
+        """Writes a settings file with one setting, before the program starts."""
+        (self.preferences / "Settings (User).csv").write_text(f"Setting,User Value\n{setting},{value}\n")
+
     # What a person sees.
 
     def active_window(self):

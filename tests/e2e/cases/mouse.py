@@ -11,6 +11,10 @@ def cell(row, col):
 
 
 class Mouse(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        self.set("Auto-Fit Column Width", "false")
+
     def open(self, content):
         self.write("a.csv", content)
         self.start("a.csv", "-w", "900", "-h", "500", "-x", "30", "-y", "30")
