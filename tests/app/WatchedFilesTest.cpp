@@ -1,0 +1,179 @@
+#include "app/WatchedFiles.h"
+
+#include <QMap>
+#include <QStringList>
+#include <gtest/gtest.h>
+
+namespace {
+
+class FakeWatch : public FileWatch {
+public:
+    QDateTime now() const override { return QDateTime::fromMSecsSinceEpoch(time, Qt::UTC); }
+    void after(int ms, std::function<void()> call) override { timers.insert(time + ms, std::move(call)); }
+    std::optional<FileState> stateOf(QString const& path) const override {
+        return states.contains(path) ? std::optional(states[path]) : std::nullopt;
+    }
+    bool isWatched(QString const& path) const override { return watched.contains(path); }
+    void watch(QString const& path) override { watched.append(path); }
+    void unwatch(QString const& path) override { watched.removeAll(path); }
+
+    void write(QString const& path) { states[path] = {now(), ++size}; }
+    void pass(int ms) {
+        qint64 const end = time + ms;
+        while (!timers.isEmpty() && timers.firstKey() <= end) {
+            time = timers.firstKey();
+            auto const call = timers.take(time);
+            call();
+        }
+        time = end;
+    }
+
+    qint64 time = 1000000;
+    qint64 size = 0;
+    QMultiMap<qint64, std::function<void()>> timers;
+    QMap<QString, FileState> states;
+    QStringList watched;
+};
+
+class WatchedFilesTest : public testing::Test {
+protected:
+    WatchedFilesTest() {
+        files.write(path);
+        watch.add(path);
+        auto const note = [this](QString const& word) { return [this, word](QString const&) { done << word; }; };
+        QObject::connect(&watch, &WatchedFiles::fileGoneSignal, note("gone"));
+        QObject::connect(&watch, &WatchedFiles::askSignal, note("ask"));
+        QObject::connect(&watch, &WatchedFiles::askAboutUnsavedSignal, note("ask unsaved"));
+        QObject::connect(&watch, &WatchedFiles::reloadSignal, note("reload"));
+    }
+    void outsideWrite() {
+        files.write(path);
+        watch.onFileChanged(path);
+    }
+    void save() {
+        watch.onSaveStarted(path);
+        files.write(path);
+        files.watched.clear(); // a replaced file loses its watch
+        watch.onFileChanged(path);
+        watch.onSaveFinished(path);
+    }
+
+    QString const path = "/a.csv";
+    FakeWatch files;
+    RefreshBehavior behavior = RefreshBehavior::Refresh;
+    bool open = true;
+    bool unsaved = false;
+    bool asking = false;
+    bool loading = false;
+    QStringList done;
+    WatchedFiles watch{files,
+                       {[this] { return behavior; }, [this](QString const&) { return open; },
+                        [this](QString const&) { return unsaved; }, [this] { return asking; },
+                        [this](QString const&) { return loading; }},
+                       {}};
+};
+
+} // namespace
+
+TEST_F(WatchedFilesTest, WhatAChangeAsksForFollowsTheBehaviorAndTheEdits) {
+    struct Case {
+        RefreshBehavior behavior;
+        bool unsaved;
+        bool open;
+        QStringList expected;
+    };
+    for (Case const& c :
+         {Case{RefreshBehavior::Refresh, false, true, {"reload"}},
+          Case{RefreshBehavior::Refresh, true, true, {"ask unsaved"}}, Case{RefreshBehavior::Ask, false, true, {"ask"}},
+          Case{RefreshBehavior::Ask, true, true, {"ask"}}, Case{RefreshBehavior::Ignore, true, true, {}},
+          Case{RefreshBehavior::Refresh, false, false, {}}}) {
+        behavior = c.behavior;
+        unsaved = c.unsaved;
+        open = c.open;
+        done.clear();
+        outsideWrite();
+        files.pass(749);
+        EXPECT_EQ(done, QStringList());
+        files.pass(1);
+        EXPECT_EQ(done, c.expected) << static_cast<int>(c.behavior) << c.unsaved << c.open;
+        watch.recordWatchedFileState(path);
+        files.pass(10000);
+        EXPECT_EQ(done, c.expected) << "asked twice";
+    }
+}
+
+TEST_F(WatchedFilesTest, ABurstCountsOnceAndAnEventWithoutAChangeNotAtAll) {
+    for (int i = 0; i < 3; ++i) {
+        outsideWrite();
+        files.pass(400);
+    }
+    files.pass(750);
+    EXPECT_EQ(done, QStringList{"reload"});
+    watch.recordWatchedFileState(path);
+    watch.onFileChanged(path);
+    files.pass(750);
+    EXPECT_EQ(done.size(), 1);
+}
+
+TEST_F(WatchedFilesTest, AnOwnSaveIsQuietAndAWriteByOthersRightAfterItIsNotLost) {
+    save();
+    files.pass(20000);
+    EXPECT_EQ(done, QStringList());
+    EXPECT_TRUE(files.isWatched(path));
+
+    save();
+    files.pass(300);
+    files.write(path); // no event: the watch is not back yet
+    files.pass(2600);
+    EXPECT_EQ(done, QStringList());
+    files.pass(2000);
+    EXPECT_EQ(done, QStringList{"reload"});
+}
+
+TEST_F(WatchedFilesTest, AChangeWaitsForQuestionsSavesAndLoadsToEnd) {
+    for (bool* const state : {&asking, &loading}) {
+        *state = true;
+        outsideWrite();
+        files.pass(5000);
+        EXPECT_EQ(done, QStringList());
+        *state = false;
+        files.pass(750);
+        EXPECT_EQ(done, QStringList{"reload"});
+        done.clear();
+    }
+    watch.onSaveStarted(path);
+    outsideWrite();
+    files.pass(20000);
+    EXPECT_EQ(done, QStringList());
+    watch.onSaveFinished(path);
+    files.pass(20000);
+    EXPECT_EQ(done, QStringList()) << "the save has written over it";
+}
+
+TEST_F(WatchedFilesTest, AWriteWhileTheFileIsReadAgainGivesAnotherReload) {
+    watch.startReload(path);
+    files.pass(100);
+    outsideWrite();
+    files.pass(5000);
+    EXPECT_EQ(done, QStringList());
+    watch.onLoadFinished(path);
+    files.pass(5000);
+    EXPECT_EQ(done, QStringList{"reload"});
+}
+
+TEST_F(WatchedFilesTest, AFileThatGoesTakesItsTableAlongAndAReplacedOneIsWatchedAgain) {
+    files.watched.clear();
+    files.states.remove(path);
+    watch.onFileChanged(path);
+    files.pass(700);
+    files.write(path);
+    files.pass(50);
+    EXPECT_EQ(done, QStringList{"reload"});
+    EXPECT_TRUE(files.isWatched(path));
+
+    loading = true; // of a file that is gone, this may never end
+    files.states.remove(path);
+    watch.onFileChanged(path);
+    files.pass(750);
+    EXPECT_EQ(done, (QStringList{"reload", "gone"}));
+}
