@@ -9,6 +9,26 @@
 #include <limits>
 #include <numeric>
 
+/// Asks now and then whether to go on.
+class TextOrderKeys::Pace {
+public:
+    struct Ended {};
+
+    Pace(std::size_t count, Progress const& progress)
+        : progress(progress), expected(std::max(double(count) * std::log2(double(count) + 1), 1.0)) {}
+
+    void step() {
+        constexpr std::size_t often = 1 << 14;
+        if (++steps % often == 0 && progress && !progress(std::min(double(steps) / expected, 1.0)))
+            throw Ended();
+    }
+
+private:
+    Progress const& progress;
+    double expected;
+    std::size_t steps = 0;
+};
+
 namespace {
 
 constexpr char identifierStart = '0';
@@ -95,26 +115,6 @@ std::uint64_t orderedBits(double value) {
     return bits & sign ? ~bits : bits | sign;
 }
 
-/// Asks now and then whether to go on.
-class Pace {
-public:
-    struct Ended {};
-
-    Pace(std::size_t count, TextOrderKeys::Progress const& progress)
-        : progress(progress), expected(std::max(double(count) * std::log2(double(count) + 1), 1.0)) {}
-
-    void step() {
-        constexpr std::size_t often = 1 << 14;
-        if (++steps % often == 0 && progress && !progress(std::min(double(steps) / expected, 1.0)))
-            throw Ended();
-    }
-
-private:
-    TextOrderKeys::Progress const& progress;
-    double expected;
-    std::size_t steps = 0;
-};
-
 /// The start of a text of bytes, as numbers, and where to find the rest.
 struct Prefixed {
     std::uint64_t first;
@@ -130,7 +130,7 @@ std::uint64_t eightBytes(std::string_view text, std::size_t from) {
     return value;
 }
 
-template <class TextOf>
+template <class TextOf, class Pace>
 void sortByBytes(std::vector<int>& places, TextOf&& textOf, bool descending, Pace& pace) {
     constexpr std::size_t inPrefix = 16;
     std::vector<Prefixed> prefixed;
@@ -159,7 +159,7 @@ void sortByBytes(std::vector<int>& places, TextOf&& textOf, bool descending, Pac
     std::transform(prefixed.begin(), prefixed.end(), places.begin(), [](Prefixed const& key) { return key.place; });
 }
 
-template <class NumberOf>
+template <class NumberOf, class Pace>
 void sortByNumbers(std::vector<int>& places, NumberOf&& numberOf, bool descending, Pace& pace) {
     std::vector<std::pair<std::uint64_t, int>> keyed;
     keyed.reserve(places.size());
@@ -261,35 +261,51 @@ bool TextOrderKeys::isBefore(std::size_t a, std::size_t b, bool descending) cons
 }
 
 std::vector<int> TextOrderKeys::sortedOrder(bool descending, Progress const& progress) const {
+    Pace pace(keys.size(), progress);
+    try {
+        return isUniform() ? uniformOrder(descending, pace) : mixedOrder(descending, pace);
+    } catch (Pace::Ended const&) {
+        return {};
+    }
+}
+
+/// Whether one way of comparing serves for all keys that are not empty.
+bool TextOrderKeys::isUniform() const {
+    std::size_t const filled = keys.size() - emptyKeys;
+    return allAreNumbers() || words == filled || words + numbers == 0;
+}
+
+std::vector<int> TextOrderKeys::uniformOrder(bool descending, Pace& pace) const {
     std::vector<int> filled;
     std::vector<int> empty;
     filled.reserve(keys.size() - emptyKeys);
     empty.reserve(emptyKeys);
     for (std::size_t i = 0; i < keys.size(); ++i)
         (keys[i].kind == Kind::Empty ? empty : filled).push_back(static_cast<int>(i));
-    Pace pace(filled.size(), progress);
-    try {
-        if (allAreNumbers())
-            sortByNumbers(
-                filled, [this](int place) { return keys[std::size_t(place)].number; }, descending, pace);
-        else if (words == filled.size())
-            sortByBytes(
-                filled, [this](int place) { return natural(keys[std::size_t(place)]); }, descending, pace);
-        else if (words + numbers == 0)
-            sortByBytes(
-                filled, [this](int place) { return plain(keys[std::size_t(place)]); }, descending, pace);
-        else
-            std::stable_sort(filled.begin(), filled.end(), [&](int a, int b) {
-                pace.step();
-                return isBefore(std::size_t(a), std::size_t(b), descending);
-            });
-    } catch (Pace::Ended const&) {
-        return {};
-    }
+    auto const keyAt = [this](int place) -> Key const& { return keys[static_cast<std::size_t>(place)]; };
+    if (allAreNumbers())
+        sortByNumbers(
+            filled, [&](int place) { return keyAt(place).number; }, descending, pace);
+    else if (words == filled.size())
+        sortByBytes(
+            filled, [&](int place) { return natural(keyAt(place)); }, descending, pace);
+    else
+        sortByBytes(
+            filled, [&](int place) { return plain(keyAt(place)); }, descending, pace);
     std::vector<int>& first = descending ? empty : filled;
     std::vector<int> const& last = descending ? filled : empty;
     first.insert(first.end(), last.begin(), last.end());
     return first;
+}
+
+std::vector<int> TextOrderKeys::mixedOrder(bool descending, Pace& pace) const {
+    std::vector<int> order(keys.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+        pace.step();
+        return isBefore(static_cast<std::size_t>(a), static_cast<std::size_t>(b), descending);
+    });
+    return order;
 }
 
 bool Utilities::qStringCompare(QString const& a, QString const& b, bool descending) {

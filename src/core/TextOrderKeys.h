@@ -54,6 +54,10 @@ private:
     std::string_view natural(Key const& key) const { return {bytes.data() + key.begin, key.naturalSize}; }
     std::string_view plain(Key const& key) const { return {bytes.data() + key.begin + key.naturalSize, key.plainSize}; }
     bool allAreNumbers() const;
+    bool isUniform() const;
+    class Pace;
+    std::vector<int> uniformOrder(bool descending, Pace& pace) const;
+    std::vector<int> mixedOrder(bool descending, Pace& pace) const;
 
     bool caseSensitive;
     std::vector<Key> keys;

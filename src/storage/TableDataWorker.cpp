@@ -20,11 +20,12 @@ bool takeKeys(TextOrderKeys& keys, int key, Axis axis, int start, TableData cons
     bool const rows = axis == Axis::Rows;
     int const count = rows ? data.numRawRows() : data.numRawCols();
     CellCodec const& codec = data.getCodec();
+    bool const keepsAscii = codec.keepsAscii();
     keys.reserve(static_cast<std::size_t>(std::max(count - start, 0)));
     constexpr int often = 1 << 13;
     for (int line = start; line < count; ++line) {
         std::string_view const bytes = data.cellBytesRaw(rows ? line : key, rows ? key : line);
-        if (codec.keepsAscii() && isAscii(bytes))
+        if (keepsAscii && isAscii(bytes))
             keys.addAscii(bytes);
         else
             keys.add(codec.decode(bytes));
