@@ -9,6 +9,9 @@ bool ColumnSample::add(QString const& text) {
     if (text.isEmpty() || (full && text.size() <= longest.back().size()))
         return true;
     auto const longer = [](QString const& a, QString const& b) { return a.size() > b.size(); };
+    // The same word many times over says no more than once.
+    if (std::find(longest.begin(), longest.end(), text) != longest.end())
+        return true;
     longest.insert(std::upper_bound(longest.begin(), longest.end(), text, longer), text);
     if (longest.size() > most)
         longest.pop_back();
