@@ -86,6 +86,7 @@ void MainWindow::reloadChangedFile(TableView* table) {
     table->undoStack()->clear();
     scrollAfterReload.insert(table, QPoint(table->horizontalScrollBar()->value(), table->verticalScrollBar()->value()));
     watchedFiles->startReload(table->getFilepath());
+    table->tableModel()->takeFileDialect();
     table->loadCSV(table->getFilepath(), true);
     if (table == activeTable) {
         setActiveTable(table);
