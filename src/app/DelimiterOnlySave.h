@@ -8,7 +8,6 @@
 
 #include <functional>
 
-class TableModel;
 class TableView;
 
 /// A save that waits for answers. The table may be closed meanwhile, which ends the save without a word.
@@ -25,9 +24,6 @@ namespace DelimiterOnlySave {
 
 /// Carries a save on after an answer.
 using Resume = std::function<void(PendingSave const& save)>;
-
-/// Counts cells with a CR or LF; with `visibleOnly` only those that the model shows.
-int countCellsWithLineBreaks(TableModel const& model, bool visibleOnly);
 
 /// Puts `replacement` in the place of each line break, where CR LF is one, as one change that can be undone.
 void replaceLineBreaks(TableView& table, QString const& replacement, bool visibleOnly);

@@ -28,7 +28,12 @@ MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(Ex
     commandNewFile();
 }
 
-MainWindow::~MainWindow() = default;
+// The tables end after the window's own parts, and their undo stacks tell of their end.
+MainWindow::~MainWindow() {
+    for (TableView* const table : paneView->getTables()) {
+        table->undoStack()->disconnect(this);
+    }
+}
 
 void MainWindow::buildWidgets() {
     constexpr int handleWidth = 5;

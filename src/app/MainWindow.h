@@ -10,6 +10,7 @@
 #include "core/Context.h"
 #include "core/ExtensionData.h"
 #include "core/RangeSize.h"
+#include "core/SortData.h"
 #include "model/CellShift.h"
 #include "model/CellTexts.h"
 #include "model/SelectionStatistics.h"
@@ -17,6 +18,7 @@
 
 #include <QHash>
 #include <QPoint>
+#include <QSet>
 #include <QStringList>
 
 #include <vector>
@@ -463,6 +465,8 @@ private:
     bool resolveDelimiterOnlyLineBreakSave(PendingSave const& save);
     void promptDelimiterOnlyLineBreakAction(PendingSave const& save, int count);
     bool resumePendingDelimiterOnlySave(PendingSave const& save);
+    /// Tells that a table may not be saved to the file of another one, if so.
+    bool refusesOpenFile(TableView const* table, QString const& path, bool visibleOnly);
     bool finishSaveFileAs(PendingSave const& save);
     bool moveTo(PendingSave const& save);
     bool saveCopy(PendingSave const& save);
@@ -478,6 +482,9 @@ private:
     /// Reads a table's file again; its edits are lost.
     void reloadChangedFile(TableView* table);
     void endReload(TableView* table);
+    void sortAgain(TableView* table, SortData const& rows, SortData const& cols);
+    /// Edits that a reload would lose: no sort that a reload has made and would make again.
+    bool hasUnsavedEdits(TableView* table) const;
     bool isUntouchedEmptyTable(TableView const* table) const;
     void onTableLoaded(TableView* table);
     /// Warns of a table that may lack the end of its file.
@@ -507,7 +514,14 @@ private:
     PreferenceWatcher* preferenceWatcher = nullptr;
     inline static WatchedFiles::Timings watchTimings;
     WatchedFiles* watchedFiles = nullptr;
-    QHash<TableView const*, QPoint> scrollAfterReload; ///< the scroll bars' values before it
+    /// What a table takes over from before it was read again.
+    struct Retained {
+        QPoint scroll; ///< the scroll bars' values
+        SortData rowSort;
+        SortData colSort;
+    };
+    QHash<TableView const*, Retained> reloads;    ///< of tables that are being read again
+    QSet<TableView const*> onlySortedSinceReload; ///< tables that differ from their files by the sort they took over
     std::vector<ExtensionData> extensions;
     PaneView* paneView = nullptr;
     Commands commands;

@@ -8,6 +8,7 @@
 #include "commands/ExtensionTable.h"
 #include "core/EncodingUtilities.h"
 #include "core/PathUtilities.h"
+#include "model/LineBreakCells.h"
 #include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
 #include "view/MsgBox.h"
 #include "view/SaveFailureMessage.h"
@@ -89,7 +90,7 @@ bool MainWindow::resolveDelimiterOnlyLineBreakSave(PendingSave const& save) {
     if (save.dialect.parsingStandard != ParsingStandard::DelimiterOnly) {
         return true;
     }
-    int const count = DelimiterOnlySave::countCellsWithLineBreaks(*save.table->tableModel(), save.visibleOnly);
+    int const count = LineBreakCells::count(*save.table->tableModel(), save.visibleOnly);
     if (count > 0) {
         promptDelimiterOnlyLineBreakAction(save, count);
     }
@@ -151,11 +152,30 @@ bool MainWindow::saveFileUnder(TableView* table, QString const& path, bool visib
     if (path.isEmpty()) {
         return false;
     }
+    if (refusesOpenFile(table, path, visibleOnly)) {
+        return false;
+    }
     PendingSave const save{table, path, saveOptions(extensions, path, *table->tableModel()), visibleOnly};
     return resolveDelimiterOnlyLineBreakSave(save) && finishSaveFileAs(save);
 }
 
+// Two tables on one file would undo each other's saves, and their edits would be lost. Only the copy of what is visible
+// may go to the file of a table without edits of its own, which is then read again.
+bool MainWindow::refusesOpenFile(TableView const* table, QString const& path, bool visibleOnly) {
+    TableView* const open = paneView->getTableView(path);
+    if (open == nullptr || open == table || (visibleOnly && !open->isLoading() && !hasUnsavedEdits(open))) {
+        return false;
+    }
+    MsgBox::inform(
+        this, theme,
+        tr("This file is open in another tab:\n%1\n\nClose that tab first, or save under another name.").arg(path));
+    return true;
+}
+
 bool MainWindow::finishSaveFileAs(PendingSave const& save) {
+    if (refusesOpenFile(save.table, save.path, save.visibleOnly)) {
+        return false; // it was opened while a question was open
+    }
     return save.visibleOnly ? saveCopy(save) : moveTo(save);
 }
 

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 
+#include <algorithm>
+
 void MainWindow::setupWatch() {
     auto* const files = new SystemFileWatch(this);
     WatchedFiles::Tables tables;
@@ -18,12 +20,12 @@ void MainWindow::setupWatch() {
         return settings.getValueRefreshBehavior(SettingType::BehaviorWhenFileIsChangedExternally);
     };
     tables.isOpen = [this](QString const& path) { return paneView->getTableView(path) != nullptr; };
-    tables.hasUnsavedEdits = [this](QString const& path) {
-        TableView* const table = paneView->getTableView(path);
-        bool const changed = !table->undoStack()->isClean() || table->hasAutoSaveFailed() || table->isEditing();
-        return changed && !isUntouchedEmptyTable(table);
+    tables.hasUnsavedEdits = [this](QString const& path) { return hasUnsavedEdits(paneView->getTableView(path)); };
+    tables.isAsking = [this] {
+        std::vector<TableView*> const all = paneView->getTables();
+        return QApplication::activeModalWidget() != nullptr ||
+               std::any_of(all.begin(), all.end(), [](TableView const* table) { return table->isSorting(); });
     };
-    tables.isAsking = [] { return QApplication::activeModalWidget() != nullptr; };
     tables.isLoading = [this](QString const& path) { return paneView->getTableView(path)->isLoading(); };
     watchedFiles = new WatchedFiles(*files, std::move(tables), watchTimings, this);
     connect(files, &SystemFileWatch::fileChangedSignal, watchedFiles, &WatchedFiles::onFileChanged);
@@ -37,11 +39,19 @@ void MainWindow::setupWatch() {
 void MainWindow::watchTable(TableView* table) {
     connect(table->tableModel(), &TableModel::saveStartedSignal, watchedFiles, &WatchedFiles::onSaveStarted);
     connect(table->tableModel(), &TableModel::saveFinishedSignal, watchedFiles, &WatchedFiles::onSaveFinished);
+    connect(table->undoStack(), &QUndoStack::indexChanged, this,
+            [this, table] { onlySortedSinceReload.remove(table); });
     watchedFiles->add(table->getFilepath());
 }
 
+bool MainWindow::hasUnsavedEdits(TableView* table) const {
+    bool const changed = !table->undoStack()->isClean() && !onlySortedSinceReload.contains(table);
+    return (changed || table->hasAutoSaveFailed() || table->isEditing()) && !isUntouchedEmptyTable(table);
+}
+
 void MainWindow::unwatchTable(TableView const* table) {
-    scrollAfterReload.remove(table);
+    reloads.remove(table);
+    onlySortedSinceReload.remove(table);
     watchedFiles->remove(table->getFilepath());
 }
 
@@ -83,8 +93,16 @@ void MainWindow::askWhetherToReload(QString const& path, QString const& question
 
 void MainWindow::reloadChangedFile(TableView* table) {
     table->stopEditing(false);
+    if (!reloads.contains(table)) {
+        TableModel const& model = *table->tableModel();
+        Retained retained{{table->horizontalScrollBar()->value(), table->verticalScrollBar()->value()}, {}, {}};
+        if (settings.getValueBool(SettingType::RetainSortAndFiltersUponFileRefresh)) {
+            retained.rowSort = model.getRowSortData();
+            retained.colSort = model.getColSortData();
+        }
+        reloads.insert(table, retained);
+    }
     table->undoStack()->clear();
-    scrollAfterReload.insert(table, QPoint(table->horizontalScrollBar()->value(), table->verticalScrollBar()->value()));
     watchedFiles->startReload(table->getFilepath());
     table->tableModel()->takeFileDialect();
     table->loadCSV(table->getFilepath(), true);
@@ -95,9 +113,26 @@ void MainWindow::reloadChangedFile(TableView* table) {
 
 void MainWindow::endReload(TableView* table) {
     watchedFiles->onLoadFinished(table->getFilepath());
-    if (scrollAfterReload.contains(table)) {
-        QPoint const scroll = scrollAfterReload.take(table);
-        table->horizontalScrollBar()->setValue(scroll.x());
-        table->verticalScrollBar()->setValue(scroll.y());
+    if (!reloads.contains(table)) {
+        return;
+    }
+    Retained const retained = reloads.take(table);
+    sortAgain(table, retained.rowSort, retained.colSort);
+    table->horizontalScrollBar()->setValue(retained.scroll.x());
+    table->verticalScrollBar()->setValue(retained.scroll.y());
+}
+
+// The file has another order than the table then, which a save would change, so the table counts as changed and the
+// sort can be undone. It is no edit to ask about before the next reload, though, and nothing that writes the file.
+void MainWindow::sortAgain(TableView* table, SortData const& rows, SortData const& cols) {
+    TableModel& model = *table->tableModel();
+    model.setSaveAfterEachEdit(false);
+    bool moved = rows.index < model.columnCountRaw() && table->sortRowsOrCols(rows);
+    moved = (cols.index < model.rowCountRaw() && table->sortRowsOrCols(cols)) || moved;
+    model.setSaveAfterEachEdit(settings.getValueBool(SettingType::SaveAfterEachEdit));
+    if (moved) {
+        onlySortedSinceReload.insert(table);
+    } else if (!table->undoStack()->isClean()) {
+        table->undoStack()->setClean();
     }
 }

@@ -1,5 +1,6 @@
 // Loading, saving and the dialect of the file.
 
+#include "model/LineBreakCells.h"
 #include "model/TableModel.h"
 
 #include <QFileInfo>
@@ -139,9 +140,13 @@ void TableModel::onSaveFinished(QString const& path) {
 }
 
 void TableModel::saveAfterEdit() {
-    if (!saveAfterEachEdit || getFilepath().isEmpty())
+    if (!saveAfterEachEdit || readOnly || getFilepath().isEmpty())
         return;
-    if (saveCSV(false, false))
+    int const broken = parsingStandard == ParsingStandard::DelimiterOnly ? LineBreakCells::count(*this, false) : 0;
+    if (broken > 0)
+        emit autoSaveFailedSignal(getFilepath(),
+                                  tr("Cannot save as Delimiter Only. %1").arg(LineBreakCells::sentence(broken)));
+    else if (saveCSV(false, false))
         emit undoStackCleanChangedSignal(true);
     else
         emit autoSaveFailedSignal(getFilepath(), getLastSaveError());

@@ -109,6 +109,7 @@ void TableView::connectSignalsWithModel() {
     connect(model, &TableModel::updateStatusBarSignal, this, &TableView::updateStatusBarSignal);
     connect(model, &TableModel::updateFindReplaceMatchesSignal, this, &TableView::updateFindReplaceMatchesSignal);
     connect(model, &TableModel::undoStackCleanChangedSignal, this, &TableView::undoStackCleanChangedSignal);
+    connect(model, &TableModel::undoStackCleanChangedSignal, this, [this](bool clean) { autoSaved = clean; });
     connect(model, &TableModel::addContextSignal, this, &AbstractTableView::addContextSignal);
     connect(model, &TableModel::removeContextSignal, this, &AbstractTableView::removeContextSignal);
     connect(model, &TableModel::newPendingSelectionCornerSignal, this, &TableView::onNewPendingSelectionCorner);
@@ -135,18 +136,24 @@ void TableView::connectSizesWithModel() {
 // Undo.
 
 void TableView::pushUndoCommand(QUndoCommand* command) {
-    finishAnimations();
-    stack.push(command);
+    changeStack([this, command] { stack.push(command); });
 }
 
 void TableView::undo() {
-    finishAnimations();
-    stack.undo();
+    changeStack([this] { stack.undo(); });
 }
 
 void TableView::redo() {
+    changeStack([this] { stack.redo(); });
+}
+
+// A command saves before the stack counts it, so the stack learns of the save afterwards.
+void TableView::changeStack(std::function<void()> const& change) {
     finishAnimations();
-    stack.redo();
+    autoSaved = false;
+    change();
+    if (autoSaved)
+        stack.setClean();
 }
 
 // State and options.

@@ -96,8 +96,10 @@ public:
 
     // Sorting (TableView_Sorting.cpp).
 
-    /// Sorts the table, with a dialog to watch and to cancel it if it takes long.
-    void sortRowsOrCols(SortData const& sort);
+    /// Sorts the table, with a dialog to watch and to cancel it if it takes long. True if any line has moved.
+    bool sortRowsOrCols(SortData const& sort);
+    /// While true, events are handled but the table must not go or change.
+    bool isSorting() const { return sorting; }
 
     // Moving.
 
@@ -460,6 +462,8 @@ private:
     void connectEditing();
     void connectEditingWithModel();
     void onTableSavedOrLoaded();
+    /// Carries a change of the undo stack out. After a save by it the stack is clean.
+    void changeStack(std::function<void()> const& change);
     void connectSignalsWithDelegate(TableDelegate* delegate);
     QModelIndex mainIndex() const;
     QString mainText() const;
@@ -519,6 +523,8 @@ private:
     bool largeCellCursorAtFront = false;
     bool inLargeCellPrompt = false;
     bool autoSaveFailed = false;
+    bool autoSaved = false; ///< by the command that is being carried out
+    bool sorting = false;
     bool readOnly = false;
     Settings settings;
     bool hasSettings = false;

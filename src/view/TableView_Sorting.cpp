@@ -4,12 +4,15 @@
 #include "view/ProgressDialog.h"
 #include "view/TableView.h"
 
+#include <QScopedValueRollback>
+
 #include <memory>
 
-void TableView::sortRowsOrCols(SortData const& sort) {
+bool TableView::sortRowsOrCols(SortData const& sort) {
     if (sort.sortType == SortType::None || sort.index < 0 || loading)
-        return;
+        return false;
     stopEditing();
+    QScopedValueRollback<bool> const busy(sorting, true);
     auto const cancelFlag = std::make_shared<bool>(false);
     auto const cancelMutex = std::make_shared<QMutex>();
     TableModel* const model = tableModel();
@@ -22,6 +25,9 @@ void TableView::sortRowsOrCols(SortData const& sort) {
     });
     auto command = std::make_unique<SortCommand>(model, sort);
     model->setCancelPointers(nullptr, nullptr);
-    if (!command->isCanceled())
-        pushUndoCommand(command.release());
+    if (command->isCanceled())
+        return false;
+    bool const moved = command->movesLines();
+    pushUndoCommand(command.release());
+    return moved;
 }

@@ -1,10 +1,14 @@
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
+#include "core/PathUtilities.h"
 #include "core/Range.h"
 #include "model/undo/DialectCommand.h"
 #include "model/undo/SetModelDataCommand.h"
 #include "tests/support/MsgBoxAnswers.h"
+#include "tests/support/PromptAnswers.h"
+#include "view/EditorPane.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -34,8 +38,8 @@ protected:
         TableModel const& model = *table()->tableModel();
         return model.data(model.index(row, col)).toString();
     }
-    void change(QString const& text) const {
-        RangeVector cells{Range(0, 0, RangeIndexType::Model)};
+    void change(QString const& text, int row = 0) const {
+        RangeVector cells{Range(row, 0, RangeIndexType::Model)};
         cells[0].value = text;
         table()->pushUndoCommand(new SetModelDataCommand(table()->tableModel(), cells, true));
     }
@@ -46,6 +50,18 @@ protected:
             new SetParsingStandardCommand(table()->tableModel(), {}, ParsingStandard::DelimiterOnly, false));
         return path;
     }
+
+    /// Puts the settings of a file in force, which is gone afterwards.
+    void set(QByteArray const& setting, QByteArray const& value) {
+        QFile file(Utilities::getSettingsFilepath());
+        ASSERT_TRUE(QDir().mkpath(Utilities::getAppDataLocation()) && file.open(QIODevice::WriteOnly));
+        file.write("Setting,User Value\n" + setting + ',' + value + '\n');
+        file.close();
+        window.onPreferenceChanged(file.fileName());
+        file.remove();
+    }
+    /// Switches a setting of the window on by its command.
+    void toggle(QString const& setting) { window.runCommand("Toggle " + setting); }
 
     ShortWaits shortWaits;
     QTemporaryDir directory;
@@ -115,4 +131,186 @@ TEST_F(SaveFlowTest, ASaveUnderAnotherNameTakesItsDialectAndACopyOfTheVisibleLea
     EXPECT_EQ(first->getFilepath(), directory.filePath("b.tsv"));
     EXPECT_EQ(first->tableModel()->getSaveDelimiter(), "\t");
     EXPECT_EQ(table()->getFilepath(), directory.filePath("c.csv"));
+}
+
+TEST_F(SaveFlowTest, EachAnswerToTheDelimiterOnlyQuestionEndsInItsOwnFile) {
+    struct Case {
+        char const* button;
+        QStringList choices; ///< of the launcher, titles and answers in turn
+        char const* saved;   ///< what the file holds then, null for nothing new
+        char const* pane;    ///< what the main cell shows
+    };
+    QString const standard = "Select a different Parsing Standard:";
+    QString const text = "Replace line breaks with:";
+    std::vector<Case> const cases = {
+        {"Cancel", {}, nullptr, "x\r\ny"},
+        {"Remove", {}, "xy,1\npq,2\n", "xy"},
+        {"Replace", {text, "Space"}, "x y,1\np q,2\n", "x y"},
+        {"Replace", {text, "\\n"}, "x\\ny,1\np\\nq,2\n", "x\\ny"},
+        {"Replace", {text, "Custom", "Custom Line Break Replacement:", "--"}, "x--y,1\np--q,2\n", "x--y"},
+        {"Replace", {text, ""}, nullptr, "x\r\ny"},
+        {"Change", {standard, "All Quotes"}, "\"x\r\ny\",\"1\"\n\"p\nq\",\"2\"\n", "x\r\ny"},
+        {"Change", {standard, ""}, nullptr, "x\r\ny"},
+    };
+    QFile extensions(Utilities::getExtensionsFilepath());
+    ASSERT_TRUE(QDir().mkpath(Utilities::getAppDataLocation()) && extensions.open(QIODevice::WriteOnly));
+    extensions.write("Extension,Delimiter,Line Ending,Encoding,Parsing Standard\ndlm,\",\",LF,UTF-8,Delimiter Only\n");
+    extensions.close();
+    window.onPreferenceChanged(extensions.fileName());
+    PromptAnswers prompts(window);
+    for (bool const saveAs : {false, true}) {
+        for (Case const& each : cases) {
+            SCOPED_TRACE(testing::Message() << each.button << ' ' << qPrintable(each.choices.join('|')) << saveAs);
+            openWithLineBreaks();
+            write("b.dlm", "old\n");
+            QString const target = saveAs ? "b.dlm" : "a.csv";
+            QByteArray const before = read(target);
+            box.next(each.button);
+            EXPECT_FALSE(saveAs ? window.saveFileUnder(table(), directory.filePath(target), false)
+                                : window.saveFile(table()));
+            for (int i = 0; i + 1 < each.choices.size(); i += 2) {
+                if (each.choices[i + 1].isEmpty())
+                    prompts.leave(each.choices[i]);
+                else if (i == 0)
+                    prompts.choose(each.choices[i], each.choices[i + 1]);
+                else
+                    prompts.answer(each.choices[i], each.choices[i + 1]);
+            }
+            EXPECT_EQ(read(target), each.saved == nullptr ? before : QByteArray(each.saved));
+            EXPECT_EQ(cell(0, 0), each.pane);
+            table()->undoStack()->setClean();
+            window.closeFile(table());
+        }
+    }
+    extensions.remove();
+}
+
+TEST_F(SaveFlowTest, ATableThatIsClosedWhileItsLineBreaksAreAskedAboutIsNotSaved) {
+    openWithLineBreaks();
+    PromptAnswers prompts(window);
+    box.next("Replace");
+    EXPECT_FALSE(window.saveFile(table()));
+    prompts.expect("Replace line breaks with:");
+    QFile::remove(directory.filePath("a.csv"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
+    if (window.getPrompts()->currentTitle() != QString())
+        prompts.choose("Replace line breaks with:", "Space");
+    EXPECT_EQ(read("a.csv"), "unreadable");
+}
+
+TEST_F(SaveFlowTest, AReloadSortsAgainWithoutClaimingEditsOrWritingTheFile) {
+    toggle("Save After Each Edit");
+    window.openFile(write("a.csv", "h\nb\nc\na\n"));
+    table()->sortRowsOrCols({SortType::Ascending, Axis::Rows, 0});
+    EXPECT_EQ(read("a.csv"), "h\na\nb\nc\n");
+    EXPECT_TRUE(table()->undoStack()->isClean());
+    for (QByteArray const outside : {"h\nz\ny\nx\n", "h\nr\nq\np\nlonger\n"}) { // nothing is asked
+        write("a.csv", outside);
+        QString const first = outside.contains('z') ? "x" : "longer";
+        EXPECT_TRUE(QTest::qWaitFor([&] { return cell(1, 0) == first; }));
+        EXPECT_EQ(read("a.csv"), outside);
+        EXPECT_FALSE(table()->undoStack()->isClean());
+    }
+    write("a.csv", "h\nin order\nof itself\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(1, 0) == "in order"; }));
+    EXPECT_TRUE(table()->undoStack()->isClean());
+    toggle("Save After Each Edit");
+}
+
+TEST_F(SaveFlowTest, TwoTablesNeverComeToStandOnOneFile) {
+    QString const other = write("b.csv", "theirs\n");
+    window.openFile(other);
+    TableView* const open = table();
+    window.openFile(write("a.csv", "mine\n"));
+    TableView* const own = table();
+    box.next("OK");
+    EXPECT_FALSE(window.saveFileUnder(own, other, false));
+    EXPECT_TRUE(box.texts().last().startsWith("This file is open in another tab:\n" + other));
+    EXPECT_EQ(read("b.csv"), "theirs\n");
+    EXPECT_EQ(own->getFilepath(), directory.filePath("a.csv"));
+    window.setActiveTable(open);
+    change("edited");
+    box.next("OK");
+    EXPECT_FALSE(window.saveFileUnder(own, other, true));
+    EXPECT_EQ(read("b.csv"), "theirs\n");
+    open->undo();
+    EXPECT_TRUE(window.saveFileUnder(own, other, true));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "mine"; }));
+}
+
+TEST_F(SaveFlowTest, AnAutomaticSaveDoesNotWriteLineBreaksThatWouldReadBackAsRows) {
+    openWithLineBreaks();
+    QByteArray const before = read("a.csv");
+    toggle("Save After Each Edit");
+    box.next("OK");
+    change("plain");
+    EXPECT_TRUE(box.texts().last().endsWith("Reason: Cannot save as Delimiter Only. 1 cell contains line breaks."));
+    EXPECT_EQ(read("a.csv"), before);
+    EXPECT_TRUE(table()->hasAutoSaveFailed());
+    change("too", 1);
+    EXPECT_EQ(read("a.csv"), "plain,1\ntoo,2\n");
+    EXPECT_FALSE(table()->hasAutoSaveFailed());
+    toggle("Save After Each Edit");
+}
+
+TEST_F(SaveFlowTest, ASaveOfAllTablesGoesOnAfterOneThatFails) {
+    QString const first = write("a.csv", "1\n");
+    window.openFile(first);
+    change("x");
+    window.openFile(write("b.csv", "1\n\n\n"));
+    change("y");
+    toggle("Remove Extraneous Rows/Columns on File Save");
+    QFile::remove(first);
+    QDir().mkdir(first); // a file cannot take the place of a folder
+    box.next("OK");
+    window.commandSaveAllFiles();
+    EXPECT_TRUE(box.texts().last().startsWith("File failed to save.\n\nFile: " + first));
+    EXPECT_EQ(read("b.csv"), "y\n");
+    EXPECT_FALSE(window.getPaneView()->getTableView(first)->undoStack()->isClean());
+    toggle("Remove Extraneous Rows/Columns on File Save");
+}
+
+TEST_F(SaveFlowTest, AskAndIgnoreGovernWhatAnOutsideChangeDoes) {
+    set("Behavior When File Is Changed Externally", "ask");
+    window.openFile(write("a.csv", "1\n"));
+    box.next("Don't Reload");
+    write("a.csv", "22\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 1; }));
+    EXPECT_EQ(box.texts().value(0), "This file has been changed externally.\n\nWould you like to reload it?");
+    EXPECT_EQ(cell(0, 0), "1");
+    box.next("Reload");
+    write("a.csv", "333\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "333"; }));
+    set("Behavior When File Is Changed Externally", "ignore");
+    write("a.csv", "4444\n");
+    EXPECT_FALSE(QTest::qWaitFor([&] { return cell(0, 0) != "333"; }, 300));
+    set("Behavior When File Is Changed Externally", "refresh");
+    write("a.csv", "55555\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "55555"; }));
+}
+
+TEST_F(SaveFlowTest, ALargeCopyIsOpenedAsTheUserSays) {
+    set("Minimum File Size for Read-Only Mode Query (MB)", "0");
+    box.next("Open in Edit Mode");
+    window.openFile(write("a.csv", "1,2\n"));
+    TableView* const own = table();
+    for (QString const answer : {"Read-Only\nMode", "Edit Mode", "Don't Open"}) {
+        QString const copy = directory.filePath(answer.left(4) + ".csv");
+        box.next(answer);
+        EXPECT_TRUE(window.saveFileUnder(own, copy, true));
+        EXPECT_EQ(box.texts().last(), "The new file is large (0 MB).\nHow would you like to open it?");
+        TableView const* const opened = window.getPaneView()->getTableView(copy);
+        ASSERT_EQ(opened != nullptr, answer != "Don't Open");
+        EXPECT_TRUE(opened == nullptr || opened->isReadOnly() == answer.startsWith("Read"));
+    }
+}
+
+TEST_F(SaveFlowTest, ASaveWhileTheFileIsReadAgainIsRefused) {
+    QString const path = write("a.csv", "1\n");
+    window.openFile(path);
+    write("a.csv", "2\n" + QByteArray(8 << 20, 'x'));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table()->isLoading(); }));
+    EXPECT_FALSE(window.saveFile(table()));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "2"; }));
+    EXPECT_EQ(read("a.csv").size(), 2 + (8 << 20));
 }

@@ -60,11 +60,13 @@ class DesktopTest(unittest.TestCase):
 
     # What a person does.
 
-    def start(self, *arguments):
-        """Starts the program in the working folder. A second call is a second start on the same desktop."""
+    def start(self, *arguments, **options):
+        """Starts the program in the working folder. A second call is a second start on the same desktop. The options
+        are those of subprocess.Popen."""
         log = open(self.root / f"output-{len(self.programs)}.txt", "wb")
         self.addCleanup(log.close)
-        program = self._spawn([PROGRAM, *map(str, arguments)], cwd=self.folder, stdout=log, stderr=log)
+        program = self._spawn([PROGRAM, *map(str, arguments)], cwd=self.folder, stdout=log, stderr=log,
+                              **options)
         self.programs.append(program)
         return program
 

@@ -13,5 +13,7 @@ protected:
     void revert() override;
 
 private:
+    void showTexts();
+
     RangeVector replacements; ///< in the index space that the caller has given
 };

@@ -2,6 +2,7 @@
 
 #include "model/undo/TableUndoCommand.h"
 
+#include <algorithm>
 #include <vector>
 
 /// Sorts the rows by a column or the columns by a row. Keeps the order alone, no cells.
@@ -12,6 +13,8 @@ public:
 
     /// The user has canceled, and there is nothing to carry out.
     bool isCanceled() const { return order.empty(); }
+    /// False if the lines were in that order already.
+    bool movesLines() const { return !std::is_sorted(order.begin(), order.end()); }
 
     void redo() override;
     void undo() override;
