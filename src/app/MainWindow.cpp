@@ -135,6 +135,7 @@ void MainWindow::setContext(Context newContext) {
     context = newContext;
     commands.enableMatching(context);
     paneView->setContext(context);
+    settings.setValue(SettingType::ShowEditorPane, hasAnyContext(context, Context::EditorPaneShown));
 }
 
 void MainWindow::changeEvent(QEvent* event) {

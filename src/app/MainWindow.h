@@ -211,6 +211,8 @@ public slots:
         toggleSetting(SettingType::LetEditorPaneConsumeNavigationKeystrokes);
     }
     void commandToggleShowTabBar() { toggleSetting(SettingType::ShowTabBar); }
+    void commandToggleShowRowLabels() { toggleSetting(SettingType::ShowRowLabels); }
+    void commandToggleShowColumnLabels() { toggleSetting(SettingType::ShowColumnLabels); }
     void commandToggleRepresentColumnsAsLetters() { toggleSetting(SettingType::RepresentColumnsAsLetters); }
     void commandToggleShadeEveryOtherRow() { toggleSetting(SettingType::ShadeEveryOtherRow); }
     void commandToggleShadeEveryOtherColumn() { toggleSetting(SettingType::ShadeEveryOtherColumn); }

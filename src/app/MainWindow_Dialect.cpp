@@ -25,6 +25,7 @@ void MainWindow::commandReloadFile() {
     activeTable->stopEditing();
     if (confirmDiscardUnsavedEditsForReload(activeTable)) {
         activeTable->undoStack()->clear();
+        activeTable->tableModel()->takeFileDialect();
         activeTable->loadCSV(activeTable->getFilepath(), true);
         setActiveTable(activeTable);
     }

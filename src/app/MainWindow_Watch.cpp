@@ -104,6 +104,7 @@ void MainWindow::reloadChangedFile(TableView* table) {
     }
     table->undoStack()->clear();
     watchedFiles->startReload(table->getFilepath());
+    table->tableModel()->takeFileDialect();
     table->loadCSV(table->getFilepath(), true);
     if (table == activeTable) {
         setActiveTable(table);

@@ -113,8 +113,6 @@ public slots:
     void commandToggleShowFileMetadata() { tellNotBuilt(); }
     void commandToggleShowSideBarOpenFiles() { tellNotBuilt(); }
     void commandToggleShowSideBarFolders() { tellNotBuilt(); }
-    void commandToggleShowRowLabels() { tellNotBuilt(); }
-    void commandToggleShowColumnLabels() { tellNotBuilt(); }
 
 private:
     /// Names the command by the action that triggered the running slot.

@@ -18,6 +18,7 @@
 #include <QAbstractTableModel>
 #include <QBrush>
 #include <QFont>
+#include <QHash>
 #include <QList>
 #include <QMutex>
 #include <QString>
@@ -297,7 +298,7 @@ public:
     bool reloadFileWithEncoding(EncodingType newEncoding);
     bool reloadFileWithParsingStandard(ParsingStandard newStandard);
     /// See TableData::saveCSV.
-    bool saveCSV(bool ignoreMaps, bool skipConcealed) { return tableData.saveCSV(ignoreMaps, skipConcealed); }
+    bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
     /// Saves after a change by a command if that option is on and the table has a file.
     void saveAfterEdit();
@@ -334,6 +335,9 @@ public:
     LineEndingType getLineEnding() const { return lineEnding; }
     EncodingType getEncoding() const { return encoding; }
     EncodingType getLoadedEncoding() const { return loadedEncoding; }
+    /// Before the file is read again: puts delimiter, encoding and parsing standard to what the file is in, where they
+    /// have been changed for a save that has not come.
+    void takeFileDialect();
     ParsingStandard getParsingStandard() const { return parsingStandard; }
     DialectOrigin& dialectOrigin() { return origin; }
     DialectOrigin const& dialectOrigin() const { return origin; }
@@ -541,6 +545,7 @@ private:
     bool moveLineAbsolute(Axis axis, int from, int to);
     void showEverything();
     bool growTowardsLoadedRows();
+    void noteFileDialect(QString const& path, QString const& fileDelimiter);
     int& numHeaderCols() { return colorOptions.headerCols; }
     Indexes emptyLinesModel(Axis axis, int start, GetRowColMaskType maskType, Indexes const& mask) const;
     void orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, RangeIndexType type) const;
@@ -585,6 +590,12 @@ private:
     LineEndingType lineEnding = LineEndingType::Unix;
     EncodingType encoding = EncodingType::Utf8;
     EncodingType loadedEncoding = EncodingType::Utf8;
+    struct FileDialect {
+        QString delimiter;
+        EncodingType encoding;
+        ParsingStandard parsingStandard;
+    };
+    QHash<QString, FileDialect> fileDialects; ///< by path, what the last load or save says that the files are in
     ParsingStandard parsingStandard = ParsingStandard::Rfc4180;
     DialectOrigin origin;
 

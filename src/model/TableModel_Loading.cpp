@@ -22,6 +22,7 @@ void TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
     this->encoding = encoding;
     loadedEncoding = encoding;
     this->parsingStandard = parsingStandard;
+    noteFileDialect(path, delimiter);
     setRowSortData(SortData());
     setColSortData(SortData());
     showEverything();
@@ -100,8 +101,32 @@ bool TableModel::reloadFileWithParsingStandard(ParsingStandard newStandard) {
     return reloadFile(delimiter, encoding, newStandard);
 }
 
+bool TableModel::saveCSV(bool ignoreMaps, bool skipConcealed) {
+    bool const saved = tableData.saveCSV(ignoreMaps, skipConcealed);
+    if (saved)
+        noteFileDialect(getFilepath(), saveDelimiter);
+    return saved;
+}
+
 bool TableModel::saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed) {
-    return tableData.saveCSV(path, ignoreMaps, skipConcealed);
+    bool const saved = tableData.saveCSV(path, ignoreMaps, skipConcealed);
+    if (saved)
+        noteFileDialect(path, saveDelimiter);
+    return saved;
+}
+
+void TableModel::noteFileDialect(QString const& path, QString const& fileDelimiter) {
+    fileDialects.insert(path, {fileDelimiter, encoding, parsingStandard});
+}
+
+void TableModel::takeFileDialect() {
+    auto const file = fileDialects.constFind(getFilepath());
+    if (file == fileDialects.constEnd())
+        return;
+    delimiter = file->delimiter;
+    encoding = file->encoding;
+    parsingStandard = file->parsingStandard;
+    emit updateStatusBarSignal();
 }
 
 void TableModel::onSaveStarted(QString const& path) {

@@ -104,7 +104,8 @@ void HeaderView::mousePressEvent(QMouseEvent* event) {
 
 void HeaderView::mouseMoveEvent(QMouseEvent* event) {
     int const section = logicalIndexAt(along(event->position()));
-    if (sectionLimit >= 0 && section >= sectionLimit)
+    // A resize goes on past the last section, which grows behind it.
+    if (pressedSection >= 0 && sectionLimit >= 0 && section >= sectionLimit)
         return;
     if (section < 0 || pressedSection < 0 || section == pressedSection) {
         QHeaderView::mouseMoveEvent(event);

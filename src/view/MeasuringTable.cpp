@@ -13,13 +13,17 @@ void MeasuringTable::make() {
     table->horizontalHeader()->hide();
     for (int row = 0; row < rows; ++row)
         table->setItem(row, 0, new QTableWidgetItem());
-    setFont(font);
+    applyFont();
 }
 
 void MeasuringTable::setFont(QFont const& newFont) {
+    bool const same = font == newFont;
     font = newFont;
-    if (!table)
-        return;
+    if (table && !same)
+        applyFont();
+}
+
+void MeasuringTable::applyFont() {
     for (int row = 0; row < rows; ++row)
         table->item(row, 0)->setFont(font);
 }

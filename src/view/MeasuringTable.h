@@ -20,6 +20,7 @@ public:
 
 private:
     void make();
+    void applyFont();
 
     int rows;
     QFont font;

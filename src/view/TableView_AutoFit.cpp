@@ -106,6 +106,8 @@ int TableView::estimateMaxWidthForColumnMainTable(int col, int precision, int de
             return maxWidth;
     }
     allEmpty = sample.isEmpty();
+    // Those of highlighted header columns are bold.
+    columnSampleTable.setFont(model.index(model.getNumVisibleHeaderRows(), col).data(Qt::FontRole).value<QFont>());
     int const width = allEmpty && defaultWidth >= 0 ? defaultWidth : columnSampleTable.widthOf(sample.texts());
     return maxWidth >= 0 ? std::min(width, maxWidth) : width;
 }
@@ -225,7 +227,6 @@ void TableView::applyFont() {
     averageCharWidth = int(QFontMetrics(tableFont).averageCharWidth() * widerThanAverage);
     averageBoldCharWidth = int(QFontMetrics(bold).averageCharWidth() * widerThanAverage);
     measuringTable.setFont(tableFont);
-    columnSampleTable.setFont(tableFont);
     refreshView();
     enforceAutoFitRowHeight(true);
     enforceAutoFitColWidth(true);

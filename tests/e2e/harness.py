@@ -105,8 +105,9 @@ class DesktopTest(unittest.TestCase):
         return path.read_bytes() if path.exists() else None
 
     def set(self, setting, value):
-        """Writes a settings file with one setting, before the program starts."""
-        (self.preferences / "Settings (User).csv").write_text(f"Setting,User Value\n{setting},{value}\n")
+        """Adds a setting to the settings file, before the program starts."""
+        with open(self.preferences / "Settings (User).csv", "a", encoding="utf-8") as file:
+            file.write(f"{setting},{value}\n")
 
     # What a person sees.
 

@@ -76,6 +76,16 @@ TEST_F(AutoFit, ColumnNarrowerThanTheDefaultHugsItsTexts) {
     EXPECT_TRUE(allEmpty);
 }
 
+TEST_F(AutoFit, HighlightedHeaderColumnsAreAsWideAsTheirBoldTexts) {
+    view.setAutoFitColWidth(true, false);
+    loadText("a,a\nmmmm mmmm mmmm mmmm,mmmm mmmm mmmm mmmm\n");
+    view.setNumberOfHeaderColumns(1, false);
+    view.setHighlightHeaderColumns(true, false);
+    EXPECT_GT(view.columnWidth(0), view.columnWidth(1));
+    view.setHighlightHeaderColumns(false, false);
+    EXPECT_EQ(view.columnWidth(0), view.columnWidth(1));
+}
+
 TEST_F(AutoFit, WidensWithAnEditAndWithTyping) {
     view.setAutoFitColWidth(true, false);
     load(3, 3);
