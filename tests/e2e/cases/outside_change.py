@@ -1,0 +1,119 @@
+"""Another program changes, replaces or deletes an open file, or the disk no longer takes it."""
+
+import os
+import resource
+
+from harness import DesktopTest
+
+
+class OutsideChange(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        self.write("a.csv", b"1,2\n")
+        self.start("a.csv", "-w", "900", "-h", "500")
+        self.expect_window("a.csv - Gridwright")
+
+    def edit(self, text):
+        self.type(text)
+        self.press("Return")
+
+    def change_and_see(self, change):
+        before = self.screen()
+        change()
+        self.wait_for(lambda: self.screen() != before, lambda: "the change does not show")
+
+    def expect_rest(self):
+        """Waits until the screen does not change any more: a table takes no keys while it is read again."""
+        self.wait_for(lambda: self.screen() == self.screen(), lambda: "the screen does not come to rest")
+
+    def save_edit_and_expect(self, content):
+        """Types into the second cell and saves: what else the file holds then is what the table took over."""
+        self.press("ctrl+Home", "Left", "Left", "Right")
+        self.edit("mine")
+        self.press("ctrl+s")
+        self.expect_file("a.csv", content)
+
+    def test_writes_and_replacements_are_read_again(self):
+        self.change_and_see(lambda: self.write("a.csv", b"outside,2\n"))
+        self.change_and_see(lambda: os.replace(self.write("b.csv", b"replaced,2\n"), self.folder / "a.csv"))
+        self.change_and_see(lambda: self.write("a.csv", b"after that,2\n"))
+        self.save_edit_and_expect(b"after that,mine\n")
+
+    def test_unsaved_edits_are_asked_about(self):
+        for answer, expected in (("alt+i", b"edit alt+i,mine\n"), ("alt+r", b"theirs alt+r,mine\n")):
+            with self.subTest(answer):
+                self.press("ctrl+Home", "Left", "Left")
+                self.edit(f"edit {answer}")
+                self.write("a.csv", f"theirs {answer},2\n".encode())
+                self.expect_window("Gridwright")
+                self.screenshot("outside-change-question")
+                self.change_and_see(lambda: self.press(answer))
+                self.expect_window("a.csv - Gridwright")
+                self.expect_rest()
+                self.save_edit_and_expect(expected)
+
+    def test_a_deleted_file_takes_its_tab_along(self):
+        self.edit("x")
+        (self.folder / "a.csv").unlink()
+        self.expect_window("untitled - Gridwright")
+
+
+class FailedSave(DesktopTest):
+    text = b"0123456789" * 20000
+
+    def setUp(self):
+        super().setUp()
+        self.write("a.csv", self.text + b",2\n")
+
+    def start_and_edit(self, **options):
+        # A write beyond the limit is to fail, not to end the program.
+        program = self.start("a.csv", "-w", "900", "-h", "500", restore_signals=False, **options)
+        self.expect_window("a.csv - Gridwright")
+        self.press("Right")
+        self.type("mine")
+        self.press("Return")
+        return program
+
+    def user(self):
+        """For root nothing is forbidden, so the program runs as nobody then."""
+        if os.geteuid() != 0:
+            return {}
+        nobody = 65534
+        for folder, _, files in os.walk(self.root):
+            for path in [folder, *(os.path.join(folder, name) for name in files)]:
+                os.chown(path, nobody, nobody)
+        return {"user": nobody, "group": nobody, "extra_groups": []}
+
+    def fail_and_save_later(self, name, repair):
+        self.press("ctrl+s")
+        self.expect_window("Gridwright")
+        self.screenshot(f"failed-save-{name}")
+        self.assertEqual(self.read("a.csv"), self.text + b",2\n")
+        self.assertEqual([path.name for path in self.folder.iterdir()], ["a.csv"])
+        self.press("Return")
+        self.expect_window("a.csv - Gridwright")
+        self.press("ctrl+w")
+        self.expect_window("Gridwright")
+        self.press("alt+c")
+        self.expect_window("a.csv - Gridwright")
+        repair()
+        self.press("ctrl+s")
+        self.expect_file("a.csv", self.text + b",mine\n")
+
+    def test_a_disk_without_room(self):
+        program = self.start_and_edit()
+        limits = resource.prlimit(program.pid, resource.RLIMIT_FSIZE)
+        resource.prlimit(program.pid, resource.RLIMIT_FSIZE, (len(self.text) // 2, limits[1]))
+        self.fail_and_save_later("full", lambda: resource.prlimit(program.pid, resource.RLIMIT_FSIZE, limits))
+
+    def test_a_file_and_folder_that_may_no_longer_be_written(self):
+        self.start_and_edit(**self.user())
+        os.chmod(self.folder / "a.csv", 0o444)
+        os.chmod(self.folder, 0o555)
+
+        def repair():
+            os.chmod(self.folder, 0o755)
+            os.chmod(self.folder / "a.csv", 0o644)
+
+        self.addCleanup(os.chmod, self.folder, 0o755)
+        self.fail_and_save_later("forbidden", repair)
