@@ -261,11 +261,18 @@ bool EditableDataContainer::setCol(int col, Cells const& cells) {
 }
 
 void EditableDataContainer::permuteRows(std::vector<int> const& order) {
-    growStoredRows(numRowsStored);
+    // Rows behind the stored ones make no lines in a file, and those that are last again still make none.
+    auto const isStored = [stored = storedRows()](int row) { return row < stored; };
+    auto const unstored = std::find_if(order.rbegin(), order.rend(), isStored) - order.rbegin();
+    // The table can count more rows than this does.
+    numRowsStored = std::max(numRowsStored, static_cast<int>(order.size()));
+    growStoredRows(static_cast<int>(order.size()));
     rows.permute(order);
+    rows.resize(order.size() - static_cast<std::size_t>(unstored));
 }
 
 void EditableDataContainer::permuteCols(std::vector<int> const& order) {
+    numColsStored = std::max(numColsStored, static_cast<int>(order.size()));
     std::vector<std::string_view> cells;
     for (std::size_t row = 0; row < rows.size(); ++row) {
         cells.clear();

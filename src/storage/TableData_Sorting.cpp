@@ -25,14 +25,19 @@ bool TableData::getSortIndexes(Indexes& out, int key, Axis axis, SortType type, 
     QThread thread;
     worker.moveToThread(&thread);
     QEventLoop loop;
-    connect(&worker, &TableDataWorker::getSortIndexesFinishedSignal, &loop, [&loop] { loop.quit(); });
+    bool finished = false;
+    connect(&worker, &TableDataWorker::getSortIndexesFinishedSignal, &loop, [&] {
+        finished = true;
+        loop.quit();
+    });
     thread.start();
     QMetaObject::invokeMethod(&worker, [&, this] { worker.getSortIndexes(&out, key, axis, type, start, this); });
     // Whoever waits puts a dialog before the table when this takes long. Until then no key may reach the table.
     constexpr int inputHeldBack = 400;
-    constexpr int stillSorting = 1;
-    QTimer::singleShot(inputHeldBack, &loop, [&loop] { loop.exit(stillSorting); });
-    if (loop.exec(QEventLoop::ExcludeUserInputEvents) == stillSorting)
+    QTimer::singleShot(inputHeldBack, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    // Both can have ended the loop in one turn, so only this tells whether there is something left to wait for.
+    if (!finished)
         loop.exec();
     thread.quit();
     thread.wait();

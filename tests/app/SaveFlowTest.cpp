@@ -105,6 +105,20 @@ TEST_F(SaveFlowTest, OutsideChangesUnderEditsAskAndAFileThatGoesClosesItsTable) 
     EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
 }
 
+TEST_F(SaveFlowTest, AnOutsideChangeWaitsForTheSortOfItsTable) {
+    QByteArray rows;
+    for (int i = 0; i < 200000; ++i)
+        rows += "w" + QByteArray::number(i * 7919LL % 200000) + "\n";
+    window.openFile(write("a.csv", rows));
+    table()->tableModel()->setNumberOfHeaderRows(0);
+    QTimer::singleShot(0, &window, [this] { write("a.csv", "theirs\n"); });
+    window.commandSortSelectedColumnDescending();
+    EXPECT_EQ(cell(0, 0), "w199999");
+    box.next("Ignore"); // now the sort is an edit that a reload would lose
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 1; }));
+    EXPECT_EQ(cell(0, 0), "w199999");
+}
+
 TEST_F(SaveFlowTest, ASaveAsDelimiterOnlyRemovesLineBreaksOrIsCancelled) {
     QString const path = openWithLineBreaks();
     QByteArray const before = read("a.csv");
