@@ -37,6 +37,9 @@ void FrozenTableView::takeModelOf(AbstractTableView const& main) {
     for (Axis const axis : {Axis::Rows, Axis::Columns})
         headerView(axis)->setDefaultSectionSize(
             (axis == Axis::Rows ? main.verticalHeader() : main.horizontalHeader())->defaultSectionSize());
+    // The labels of a band cover those beneath.
+    getVerticalHeaderView()->setLeader(main.verticalHeader());
+    getHorizontalHeaderView()->setLeader(main.horizontalHeader());
     setModel(main.tableModel());
     copySizes(main, Axis::Rows, showsRows() ? numRows : main.verticalHeader()->count());
     copySizes(main, Axis::Columns, showsCols() ? numCols : main.horizontalHeader()->count());

@@ -1,10 +1,14 @@
 #include "view/HeaderView.h"
 
+#include "view/FirstSectionsModel.h"
+
+#include <QItemSelectionModel>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -31,7 +35,36 @@ void HeaderView::setupContextMenus(CommandActions const& actions) {
     connect(this, &QWidget::customContextMenuRequested, this, &HeaderView::onCustomContextMenu, Qt::UniqueConnection);
 }
 
+void HeaderView::setSectionLimit(int limit) {
+    sectionLimit = limit;
+    if (firstSections != nullptr)
+        firstSections->setMost(existingSections());
+}
+
+// A view asks its header what lies at its far edge, which is a little behind the last line that it shows, and takes
+// all lines of the table for an answer where there is nothing.
+int HeaderView::existingSections() const {
+    constexpr int behindTheEdge = 2;
+    return sectionLimit + behindTheEdge;
+}
+
+void HeaderView::setModel(QAbstractItemModel* model) {
+    delete std::exchange(firstSections, nullptr);
+    if (model != nullptr && sectionLimit >= 0) {
+        firstSections = new FirstSectionsModel(model, orientation(), existingSections(), this);
+        model = firstSections;
+    }
+    QHeaderView::setModel(model);
+}
+
+void HeaderView::setSelectionModel(QItemSelectionModel* selection) {
+    if (selection == nullptr || selection->model() == model())
+        QHeaderView::setSelectionModel(selection);
+}
+
 QSize HeaderView::sizeHint() const {
+    if (!leader.isNull())
+        return leader->sizeHint();
     QSize hint = QHeaderView::sizeHint();
     if (orientation() == Qt::Vertical && count() > 0)
         hint.setWidth(std::max(hint.width(), sectionSizeFromContents(count() - 1).width()));

@@ -5,6 +5,9 @@
 #include "view/TableType.h"
 
 #include <QHeaderView>
+#include <QPointer>
+
+class FirstSectionsModel;
 
 /// The labels of the rows or columns of a table. A press on a label selects, which is left to the table; a press near
 /// the edge of one resizes, which is Qt's. Sections are Model, -1 behind the last one.
@@ -19,15 +22,21 @@ public:
     /// As of the view that the header belongs to.
     TableType getTableType() const { return tableType; }
     void setTableType(TableType type) { tableType = type; }
-    /// A drag along the labels ends at this many sections; negative for no limit.
-    void setSectionLimit(int limit) { sectionLimit = limit; }
+    /// A drag along the labels ends at this many sections; negative for no limit. Sections far behind the limit do not
+    /// exist in this header.
+    void setSectionLimit(int limit);
     int getSectionLimit() const { return sectionLimit; }
     /// While set, a release ends a drag of sections.
     void setArrayDragArmed(bool on) { arrayDragArmed = on; }
     /// The context menu offers the commands among `actions`.
     void setupContextMenus(CommandActions const& actions);
+    /// As wide (with Qt::Horizontal, high) as another header; null for as wide as the labels ask.
+    void setLeader(QHeaderView const* header) { leader = header; }
     /// A header of rows is wide enough for the label of the last row.
     QSize sizeHint() const override;
+    void setModel(QAbstractItemModel* model) override;
+    /// Takes one of its own model only.
+    void setSelectionModel(QItemSelectionModel* selection) override;
     /// Lays the labels out anew after their texts have changed.
     void relayOut();
     /// Takes the sizes of the first `count` sections of another header over without telling anyone; the view is to be
@@ -53,11 +62,14 @@ private:
     int along(QPointF const& point) const;
     bool isOnGrip(int section, int pixel) const;
     void beginSelecting(int section);
+    int existingSections() const;
     void onCustomContextMenu(QPoint const& point);
 
     TableType tableType = TableType::Unset;
     int pressedSection = -1; ///< under the running press
     int sectionLimit = -1;
+    QPointer<QHeaderView const> leader;
+    FirstSectionsModel* firstSections = nullptr; ///< what a header with a limit has for a model
     bool arrayDragArmed = false;
     CommandActions commands;
 };
