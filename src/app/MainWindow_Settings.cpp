@@ -5,6 +5,7 @@
 #include "app/PreferenceStartup.h"
 #include "app/PreferenceWatcher.h"
 #include "app/TabBar.h"
+#include "app/launcher/Launcher.h"
 #include "commands/PreferenceFiles.h"
 #include "commands/PreferenceTable.h"
 #include "core/PathUtilities.h"
@@ -72,6 +73,9 @@ void MainWindow::propagateSettings() {
     tabBar->setVisible(settings.getValueBool(SettingType::ShowTabBar));
     emit setThemeSignal(theme);
     paneView->propagateSettings(settings);
+    if (Launcher* const launcher = paneView->getLauncher()) {
+        launcher->setTheme(theme);
+    }
 }
 
 void MainWindow::toggleSetting(SettingType type) {

@@ -319,6 +319,25 @@ TEST_F(SaveFlowTest, ALargeCopyIsOpenedAsTheUserSays) {
     }
 }
 
+TEST_F(SaveFlowTest, AFileFromTheThresholdOnIsOpenedAsTheUserSays) {
+    set("Minimum File Size for Read-Only Mode Query (MB)", "1");
+    constexpr int mebibyte = 1048576;
+    QString const below = write("below.csv", QByteArray(mebibyte - 1, 'x'));
+    QString const first = write("first.csv", QByteArray(mebibyte, 'x'));
+    QString const second = write("second.csv", QByteArray(mebibyte, 'x'));
+    QString const third = write("third.csv", QByteArray(mebibyte, 'x'));
+    box.next("Cancel");
+    box.next("Open as Read-Only");
+    box.next("Open in Edit Mode");
+    EXPECT_TRUE(window.openFiles({below, first, second, third}));
+    EXPECT_EQ(box.texts().first(), "This file is large (1 MB).\nWould you like to open it in read-only mode?");
+    auto const opened = [&](QString const& path) { return window.getPaneView()->getTableView(path); };
+    EXPECT_FALSE(opened(below)->isReadOnly());
+    EXPECT_EQ(opened(first), nullptr);
+    EXPECT_TRUE(opened(second)->isReadOnly());
+    EXPECT_FALSE(opened(third)->isReadOnly());
+}
+
 TEST_F(SaveFlowTest, ASaveWhileTheFileIsReadAgainIsRefused) {
     QString const path = write("a.csv", "1\n");
     window.openFile(path);
