@@ -14,7 +14,7 @@ void MainWindow::sortBySelectedLine(Axis axis, SortType type) {
 
 void MainWindow::sortSelectedCells(Axis axis, SortType type) {
     TableModel const* const model = settledModel();
-    writeCells(sortedCells(*model, model->getSelection(), axis, type));
+    writeCells(sortedCells(*model, model->getSelectedSet(), axis, type));
 }
 
 void MainWindow::commandSortSelectedColumnAscending() {

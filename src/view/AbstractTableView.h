@@ -168,7 +168,6 @@ private:
     void beginSelection(Range const& cell, bool add);
     void extendSelectionTo(Range const& cell);
     void finishDrag();
-    RangeVector pendingCells() const;
     void onCustomContextMenu(QPoint const& point);
     void forwardToEditor(QInputMethodEvent* event);
     void composeInCells(QInputMethodEvent* event);

@@ -436,7 +436,7 @@ private:
     void enforceEmptySizes(Axis axis);
     void enforceEmptySize(Axis axis, int line);
     bool isEmptyLine(Axis axis, int line) const;
-    void widenTo(QString const& text, RangeVector const& ranges);
+    void widenTo(QString const& text, RangeSet const& ranges);
     void keepEditorInSight();
     void scrollAfterFit();
     void fitRow(RowFit const& fit, int row);
@@ -487,7 +487,7 @@ private:
     void selectLine(Axis axis, int line);
     void selectWholeLines(Axis axis, int start);
     void selectToEdge(Direction direction);
-    void setMultiCellSelection(Range const& mainCell, RangeVector const& ranges);
+    void setMultiCellSelection(Range const& mainCell, RangeSet const& ranges);
     void onScrollBarValueChanged();
     void onWheelSnapTimerStopped();
 

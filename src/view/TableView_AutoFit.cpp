@@ -149,22 +149,13 @@ void TableView::resizeColumnsToContents() {
 }
 
 /// While a text is typed its columns only grow; the cells above and below are not looked at before the edit is over.
-void TableView::widenTo(QString const& text, RangeVector const& ranges) {
+void TableView::widenTo(QString const& text, RangeSet const& ranges) {
     if (!autoFitColWidth)
         return;
     bool const tooLong = qint64(averageCharWidth) * text.size() > maximumColumnWidth;
     int const width = tooLong ? maximumColumnWidth : std::min(measuringTable.widthOf({text}), maximumColumnWidth);
-    auto const widen = [&](int col) { colSizes->raise(col, width); };
-    for (Range const& range : ranges) {
-        if (range.type == RangeType::Cell || range.type == RangeType::Column) {
-            widen(range.col);
-            continue;
-        }
-        for (int col = std::max(range.col, 0); col < tableModel()->columnCount(); ++col) {
-            if (std::find(range.excludedCols.begin(), range.excludedCols.end(), col) == range.excludedCols.end())
-                widen(col);
-        }
-    }
+    for (int const col : ranges.touchedLines(Axis::Columns, tableModel()->columnCount()))
+        colSizes->raise(col, width);
 }
 
 void TableView::enforceAutoFitColWidth(bool scroll) {

@@ -258,7 +258,7 @@ void TableView::onCellEditingFinished() {
         return;
     // Pushing may show a message, and the edit is over by then.
     bool const changed = pendingEdit->isTextChanged();
-    RangeVector const ranges = pendingEdit->ranges();
+    RangeSet const ranges = pendingEdit->ranges();
     std::unique_ptr<QUndoCommand> command = pendingEdit->finish();
     pendingEdit.reset();
     if (command)

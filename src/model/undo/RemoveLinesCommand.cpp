@@ -7,7 +7,7 @@
 
 namespace {
 
-std::vector<int> rawLinesFrom(TableModel& model, Axis axis, RangeVector const& cells, int count) {
+std::vector<int> rawLinesFrom(TableModel& model, Axis axis, RangeSet const& cells, int count) {
     ModelAxis const lines(model, axis);
     std::vector<int> removed;
     for (int const start : lines.touchedLines(model.getModelRange(cells))) {
@@ -39,11 +39,11 @@ LineGaps::Runs visibleRuns(TableModel& model, Axis axis, TakenLines::Blocks cons
 
 } // namespace
 
-RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, int count,
+RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, int count,
                                        bool changeSelection, QUndoCommand* parent)
     : RemoveLinesCommand(axis, model, cells, rawLinesFrom(*model, axis, cells, count), changeSelection, parent) {}
 
-RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeVector const& cells,
+RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells,
                                        std::vector<int> const& rawLines, bool changeSelection, QUndoCommand* parent)
     : ContentCommand(model, cells, changeSelection, parent), lines(axis, blocksOf(*model, axis, rawLines)),
       visible(visibleRuns(*model, axis, lines.getBlocks())) {
