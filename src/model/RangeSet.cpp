@@ -204,6 +204,8 @@ CellRegion RangeSet::lineStarts() const {
 }
 
 void RangeSet::addCells(CellRegion const& cells) {
+    for (LineRun& run : runs)
+        run.behindCell = run.behindCell && region.contains(run.range.row, run.range.col);
     region = runs.empty() ? region | cells : region | (cells - lineStarts());
 }
 

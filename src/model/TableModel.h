@@ -233,7 +233,8 @@ public:
 
     // Selection. See Selection for the rules; ranges of any index space are taken and become Model ranges.
 
-    /// Has the cells of an edit show its text, or with nothing shows what they hold again. The data stay.
+    /// Has the cells of an edit show its text, or with nothing shows what they hold again. The data stay, and views
+    /// are not told: an open editor would take the change for one of its own cell.
     void setProvisionalText(std::optional<ProvisionalText> text);
     RangeSet const& getSelectedSet() const { return selection.set(); }
     /// The list form. For a large selection it is large, and made when it is asked for.

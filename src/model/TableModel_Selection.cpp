@@ -74,8 +74,6 @@ QModelIndexList TableModel::getSelectionIndexes() const {
 
 void TableModel::setProvisionalText(std::optional<ProvisionalText> text) {
     provisional = std::move(text);
-    if (viewRowCount > 0 && viewColCount > 0)
-        emit dataChanged(index(0, 0), index(viewRowCount - 1, viewColCount - 1));
 }
 
 bool TableModel::setPendingSelectionCorner(Range const& corner, bool isFirst) {

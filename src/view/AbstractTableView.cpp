@@ -311,12 +311,6 @@ void AbstractTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndE
     QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
-void AbstractTableView::dataChanged(QModelIndex const& topLeft, QModelIndex const& bottomRight,
-                                    QList<int> const& roles) {
-    if (!holdChanges)
-        QTableView::dataChanged(topLeft, bottomRight, roles);
-}
-
 bool AbstractTableView::isReadOnlyTable() const {
     return hasContext(Context::ReadOnly) || table->isReadOnly();
 }

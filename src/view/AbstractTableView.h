@@ -102,8 +102,6 @@ public:
     void editOnAnyKeyPressed(QModelIndex const& index, QKeyEvent* event);
     /// Closes the editor if it is one of this view's.
     void closeEditorPublic(QWidget* editor);
-    /// While on, changes of cells are not shown one by one; the caller shows the view anew.
-    void setHoldChanges(bool on) { holdChanges = on; }
 
 public slots:
     /// To the next row, in the column where nextColumnWithColumnReset was first called.
@@ -139,7 +137,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
-    void dataChanged(QModelIndex const& topLeft, QModelIndex const& bottomRight, QList<int> const& roles) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
     bool hasContext(Context flag) const;
@@ -186,7 +183,6 @@ private:
     std::unique_ptr<QMouseEvent> pressEventCopy; ///< the press of the running drag
     bool ctrlSelecting = false;                  ///< the running drag adds to the selection
     bool acceptNextOtherFocus = false;
-    bool holdChanges = false;
     std::vector<int> rowLineHighlightIndexes;
     std::vector<int> colLineHighlightIndexes;
     RangeVector cellBorderRanges;

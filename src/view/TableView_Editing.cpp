@@ -203,19 +203,11 @@ void TableView::onCellTextEdited(QString const& text) {
     emit mainCellLengthChangedSignal(int(text.size()));
     if (!pendingEdit)
         return;
-    // Many cells are shown anew together, not one by one.
-    bool const together = pendingEdit->isMultiCell();
-    auto const hold = [&](bool on) {
-        setHoldChanges(on);
-        for (FrozenTableView* const view : frozenViews())
-            view->setHoldChanges(on);
-    };
-    hold(together);
     pendingEdit->setText(text, cellEditor != nullptr);
-    hold(false);
     widenTo(text, pendingEdit->ranges());
     keepEditorInSight();
-    if (together)
+    // The editor shows its own cell.
+    if (pendingEdit->isMultiCell() || cellEditor == nullptr)
         refreshView();
 }
 

@@ -93,6 +93,9 @@ private:
     void grow() {
         bool const rows = number(2) == 0;
         bool const on = number(2) == 0;
+        // Where cells grow over the start of a whole line, which of them comes first is open.
+        if (!selection.set().lines().empty() && !selection.set().cells().isEmpty())
+            return set();
         selection.resetShiftSelectInfo();
         SelectionOracle const base = oracle;
         ShiftBounds const bounds{rows ? view.rows : view.cols, nullptr};

@@ -1,5 +1,4 @@
 #include "model/Selection.h"
-
 #include "tests/model/SelectionText.h"
 
 #include <random>

@@ -2,6 +2,7 @@
 
 #include "model/NewContents.h"
 #include "model/TableModel.h"
+#include "model/undo/ModelAxis.h"
 
 #include <algorithm>
 #include <utility>
@@ -50,7 +51,17 @@ void CellContentsCommand::carry(RangeSet const& sources, int rows, int cols, boo
     setSelectionCells(newCells, sources);
 }
 
+/// Cells and lines that are written behind the grid make it grow, also by empty texts.
+void CellContentsCommand::growGrid() {
+    for (Axis const axis : {Axis::Rows, Axis::Columns}) {
+        ModelAxis lines(*model, axis);
+        if (int const missing = cells.lastStart(axis) + 1 - lines.gridCount(); missing > 0)
+            lines.insert(lines.gridCount(), missing);
+    }
+}
+
 void CellContentsCommand::apply() {
+    growGrid();
     TableData& data = model->getTableData();
     if (fill)
         data.fill(fill->cells, fill->text, replaced);

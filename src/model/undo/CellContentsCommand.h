@@ -27,6 +27,8 @@ protected:
     void revert() override;
 
 private:
+    void growGrid();
+
     struct Fill {
         CellRegion cells; ///< Model
         QString text;
