@@ -172,6 +172,6 @@ bool sanitizeRanges(RangeSet& ranges, Range& mainCell) {
     dropCellsBehindLines(ranges);
     if (ranges.contains(mainCell))
         return false;
-    ranges.setCells(ranges.cells() | main);
+    ranges.addCells(main);
     return true;
 }

@@ -117,7 +117,7 @@ private:
     }
 
     void compare() {
-        SCOPED_TRACE(said);
+        SCOPED_TRACE(said + "\n" + textOf(selection.ranges()) + "\n" + textOf(oracle.ranges()));
         ASSERT_EQ(selection.getSelectionSize(view), oracle.size(view));
         RangeVector const expected = oracle.ranges();
         RangeVector const& ranges = selection.ranges();
