@@ -71,8 +71,8 @@ public:
     LoadResult const& getLoadResult() const { return dataContainer->getLoadResult(); }
     void setLoadLimits(LoadLimits limits) { loadLimits = limits; }
 
-    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file. A table that
-    // is locked is not saved, nor is one over its own file that goes on beyond the limits of the load.
+    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file. A table
+    // that is locked is not saved, nor is one over its own file that goes on beyond the limits of the load.
 
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
@@ -290,8 +290,8 @@ private:
     void signalSize();
 
     std::unique_ptr<AbstractDataContainer> dataContainer;
-    std::unique_ptr<AbstractDataContainer> opened; ///< with the file of the load to come
-    std::unique_ptr<AbstractDataContainer> coming; ///< being filled by the load thread, none unless a load runs
+    std::unique_ptr<AbstractDataContainer> opened;      ///< with the file of the load to come
+    std::unique_ptr<AbstractDataContainer> coming;      ///< being filled by the load thread, none unless a load runs
     EditableDataContainer* editableContainer = nullptr; ///< the same one if it is editable
     DataContainerType dataContainerType = DataContainerType::NotLoaded;
     std::array<AxisState, 2> axes; ///< by Axis
