@@ -146,7 +146,9 @@ bool SingleApplicationPrivate::becomePrimary() {
         if (result == SharedBlock::Result::Attached && startPrimary(name)) {
             return true;
         }
-        if (result != SharedBlock::Result::Foreign) {
+        if (result == SharedBlock::Result::Foreign) {
+            qWarning("SingleApplication: A name is taken by something else: %s", qPrintable(folder.filePath(name)));
+        } else {
             complain("Unable to create block.");
         }
         memory.release(folder);

@@ -133,8 +133,8 @@ TEST_F(InstancePlantedTest, AllStartsPassTheSameTakenNamesOver) {
         entry.plant(blockPath("-2"), socketPath("-2"));
         Probe alone(appData);
         EXPECT_EQ(alone.line().split(' ').first(), "alone");
-        EXPECT_THAT(alone.errors().toStdString(), testing::HasSubstr("Starting without the service"));
         EXPECT_EQ(alone.send("", "x", 10), "not sent");
+        EXPECT_THAT(alone.errors().toStdString(), testing::HasSubstr("Starting without the service"));
     }
 }
 
