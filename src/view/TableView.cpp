@@ -2,6 +2,7 @@
 
 #include "view/FrozenTableView.h"
 #include "view/HeaderView.h"
+#include "view/HiddenNotice.h"
 #include "view/ScrollAreaBottomRightCornerWidget.h"
 #include "view/TLCornerButton.h"
 #include "view/TableDelegate.h"
@@ -44,6 +45,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connect(this, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
     connectEditing();
     TableView::setModel(new TableModel(this));
+    hiddenNotice = new HiddenNotice(this);
     applyFont();
     setTheme(tableModel()->getTheme());
 }
@@ -174,6 +176,7 @@ void TableView::setupContextMenus(CommandActions const& actions) {
     AbstractTableView::setupContextMenus(actions);
     for (FrozenTableView* const view : frozenViews())
         view->setupContextMenus(actions);
+    hiddenNotice->setActions(actions);
 }
 
 void TableView::setTheme(Theme const& theme) {
@@ -183,6 +186,7 @@ void TableView::setTheme(Theme const& theme) {
     tableDelegate()->setTextColor(theme.getTextColor());
     for (FrozenTableView* const view : frozenViews())
         view->setTheme(theme);
+    hiddenNotice->setTheme(theme);
 }
 
 void TableView::refreshView() {

@@ -22,6 +22,7 @@
 
 class FrozenTableView;
 class HeaderView;
+class HiddenNotice;
 class LineAnimation;
 class RowFit;
 class ScrollAreaBottomRightCornerWidget;
@@ -497,6 +498,7 @@ private:
     FrozenTableView* cornerFrozenView = nullptr;
     TLCornerButton* topLeftCornerButton = nullptr;
     ScrollAreaBottomRightCornerWidget* bottomRightCorner = nullptr;
+    HiddenNotice* hiddenNotice = nullptr;
     QTimer wheelSnapTimer;
     std::optional<CellEdit> pendingEdit;
     LineSizes* rowSizes = nullptr;
