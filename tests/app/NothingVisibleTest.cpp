@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QFile>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -58,18 +59,24 @@ protected:
     }
     void TearDown() override { MsgBox::setAnswer({}); }
 
+    /// The table as it is at the start. Opened anew only if it is not that any more, for the sake of time.
     void openWithLittleInSight() {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(GetParam().file);
-        file.close();
-        ASSERT_TRUE(window.openFile(path));
-        window.getActiveTable()->setReadOnly(GetParam().readOnly);
-        window.setActiveTable(window.getActiveTable());
+        if (table == nullptr || table != window.getActiveTable() || state() != before) {
+            close();
+            QFile file(path);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(GetParam().file);
+            file.close();
+            ASSERT_TRUE(window.openFile(path));
+            table = window.getActiveTable();
+        }
+        table->setReadOnly(GetParam().readOnly);
+        window.setActiveTable(table);
         model().setAndApplyHiddenRowsList(GetParam().hiddenRows);
         model().setAndApplyHiddenColsList(GetParam().hiddenCols);
         model().setSelection(Range(0, 0, RangeIndexType::Model));
-        window.getActiveTable()->stopEditing();
+        table->undoStack()->clear();
+        before = state();
     }
     void close() {
         window.getActiveTable()->stopEditing();
@@ -111,14 +118,14 @@ protected:
             QTest::keyClick(launcher->getEditor(), Qt::Key_Escape);
     }
 
-    void runAndTakeBack(QString const& command, char const* answer) {
+    /// Whether the command has asked anything.
+    bool runAndTakeBack(QString const& command, char const* answer) {
         openWithLittleInSight();
-        QPointer<TableView> const table = window.getActiveTable();
-        QString const before = state();
         window.runCommand(command);
+        bool const asked = window.getPaneView()->getLauncher() != nullptr;
         answerPrompts(answer);
         if (table == nullptr || window.getActiveTable() != table)
-            return close();
+            return asked;
         expectASelection();
         table->stopEditing();
         expectASelection();
@@ -132,25 +139,30 @@ protected:
             EXPECT_EQ(state().toStdString(), after.toStdString());
             expectASelection();
         }
-        stack.setIndex(0);
-        expectASelection();
-        close();
+        return asked;
     }
 
     QTemporaryDir directory;
     QString path;
     MainWindow window;
+    QPointer<TableView> table;
+    QString before;
 };
 
 TEST_P(LittleInSight, EveryCommandRunsAndIsTakenBack) {
     window.resize(900, 700);
     window.show();
+    openWithLittleInSight();
+    EXPECT_FALSE(window.grab().isNull());
     for (Command const& command : window.getCommands().sorted()) {
         if (outside.contains(command.name))
             continue;
         for (char const* const answer : {static_cast<char const*>(nullptr), "1", "x"}) {
             SCOPED_TRACE(command.name.toStdString() + " answered by " + (answer == nullptr ? "nothing" : answer));
-            ASSERT_NO_THROW(runAndTakeBack(command.name, answer));
+            bool asked = false;
+            ASSERT_NO_THROW(asked = runAndTakeBack(command.name, answer));
+            if (!asked)
+                break;
         }
     }
 }
