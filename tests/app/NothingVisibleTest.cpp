@@ -139,6 +139,7 @@ protected:
             EXPECT_EQ(state().toStdString(), after.toStdString());
             expectASelection();
         }
+        stack.setIndex(0);
         return asked;
     }
 
