@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QToolButton>
 
 #include <algorithm>
@@ -108,18 +109,36 @@ void StatusBar::resizeEvent(QResizeEvent* event) {
     dropWhatDoesNotFit();
 }
 
+/// What the bar has for its labels beside everything else that its row holds, and the gap in front of each.
+StatusBar::LabelRoom StatusBar::labelRoom() const {
+    LabelRoom room{contentsRect().width(), 0};
+    for (int i = 0; i < layout()->count(); ++i) {
+        QLayout* const row = layout()->itemAt(i)->layout();
+        if (row == nullptr)
+            continue;
+        room.gap = row->spacing();
+        room.width += room.gap; // none in front of the first
+        for (int place = 0; place < row->count(); ++place) {
+            QLayoutItem* const item = row->itemAt(place);
+            bool const isLabel = std::find(labels.begin(), labels.end(), item->widget()) != labels.end();
+            if (!isLabel)
+                room.width -= item->minimumSize().width() + (item->widget() != nullptr ? room.gap : 0);
+        }
+    }
+    return room;
+}
+
 // A label that is cut off says nothing; it is better not there.
 void StatusBar::dropWhatDoesNotFit() {
-    constexpr int gap = 24; // around a label, with what the bar's layout adds
-    constexpr int buttons = 80;
-    int left = width() - buttons;
+    LabelRoom const room = labelRoom();
+    int left = room.width;
     std::array<LabelInfo const*, labelCount> byRank{};
     for (LabelInfo const& info : labelInfos) {
         byRank[static_cast<std::size_t>(info.rank) - 1] = &info;
     }
     for (LabelInfo const* const info : byRank) {
         QLabel* const label = labels[static_cast<std::size_t>(info->label)];
-        left -= label->sizeHint().width() + gap;
+        left -= label->sizeHint().width() + room.gap;
         label->setVisible(left >= 0);
     }
 }

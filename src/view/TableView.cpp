@@ -3,6 +3,7 @@
 #include "view/FrozenTableView.h"
 #include "view/GridLimits.h"
 #include "view/HeaderView.h"
+#include "view/HiddenNotice.h"
 #include "view/ScrollAreaBottomRightCornerWidget.h"
 #include "view/TLCornerButton.h"
 #include "view/TableDelegate.h"
@@ -39,6 +40,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connectEditing();
     TableView::setModel(new TableModel(this));
     tableModel()->setLoadLimits(GridLimits::of(defaultRowHeight, defaultColumnWidth));
+    hiddenNotice = new HiddenNotice(this);
     applyFont();
     setTheme(tableModel()->getTheme());
 }
@@ -176,6 +178,7 @@ void TableView::setupContextMenus(CommandActions const& actions) {
     AbstractTableView::setupContextMenus(actions);
     for (FrozenTableView* const view : frozenViews())
         view->setupContextMenus(actions);
+    hiddenNotice->setActions(actions);
 }
 
 void TableView::setTheme(Theme const& theme) {
@@ -185,6 +188,7 @@ void TableView::setTheme(Theme const& theme) {
     tableDelegate()->setTextColor(theme.getTextColor());
     for (FrozenTableView* const view : frozenViews())
         view->setTheme(theme);
+    hiddenNotice->setTheme(theme);
 }
 
 void TableView::refreshView() {

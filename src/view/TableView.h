@@ -22,6 +22,7 @@
 
 class FrozenTableView;
 class HeaderView;
+class HiddenNotice;
 class LineAnimation;
 class RowFit;
 class ScrollAreaBottomRightCornerWidget;
@@ -512,6 +513,7 @@ private:
     FrozenTableView* cornerFrozenView = nullptr;
     TLCornerButton* topLeftCornerButton = nullptr;
     ScrollAreaBottomRightCornerWidget* bottomRightCorner = nullptr;
+    HiddenNotice* hiddenNotice = nullptr;
     QTimer wheelSnapTimer;
     std::optional<CellEdit> pendingEdit;
     LineSizes* rowSizes = nullptr;
