@@ -145,6 +145,7 @@ bool TableModel::moveLineAbsolute(Axis axis, int from, int to) {
 void TableModel::toggleTranspose() {
     tableData.toggleTranspose();
     highlighted.invalidate();
+    refreshVisibleHeaderRows();
     int const rows = viewColCount;
     int const cols = viewRowCount;
     {

@@ -64,6 +64,8 @@ void TableData::clear() {
 
 void TableData::toggleTranspose() {
     transposed = !transposed;
+    noteMapping(Axis::Rows);
+    noteMapping(Axis::Columns);
 }
 
 void TableData::signalSize() {
@@ -177,16 +179,19 @@ void TableData::concealModel(Axis axis, Indexes const& models) {
 
 void TableData::concealRaw(Axis axis, Indexes const& raws) {
     along(axis).concealed.conceal(raws);
+    noteMapping(axis);
     signalSize();
 }
 
 void TableData::showRaw(Axis axis, Indexes const& raws) {
     along(axis).concealed.show(raws);
+    noteMapping(axis);
     signalSize();
 }
 
 void TableData::showAll(Axis axis) {
     along(axis).concealed.showAll();
+    noteMapping(axis);
     signalSize();
 }
 

@@ -61,8 +61,8 @@ TableView::~TableView() {
 void TableView::setupSections() {
     verticalHeader()->setDefaultSectionSize(defaultRowHeight);
     horizontalHeader()->setDefaultSectionSize(defaultColumnWidth);
-    rowSizes = new LineSizes(*verticalHeader(), this);
-    colSizes = new LineSizes(*horizontalHeader(), this);
+    rowSizes = new LineSizes(Axis::Rows, *verticalHeader(), this);
+    colSizes = new LineSizes(Axis::Columns, *horizontalHeader(), this);
 }
 
 void TableView::setupCorners() {
@@ -90,6 +90,7 @@ void TableView::setupScrollBars() {
 
 void TableView::setModel(QAbstractItemModel* model) {
     AbstractTableView::setModel(model);
+    setTableOfSizes();
     connectSignalsWithModel();
     connectSizesWithModel();
     connectEditingWithModel();
@@ -154,6 +155,7 @@ void TableView::changeStack(std::function<void()> const& change) {
     change();
     if (autoSaved)
         stack.setClean();
+    showSizes();
 }
 
 // State and options.
@@ -186,6 +188,7 @@ void TableView::setTheme(Theme const& theme) {
 }
 
 void TableView::refreshView() {
+    showSizes();
     AbstractTableView::refreshView();
     for (FrozenTableView* const view : frozenViews()) {
         if (view->isVisible())
