@@ -24,10 +24,7 @@ void MainWindow::askForSaveDialect(std::vector<DialectPart> const& parts) {
 void MainWindow::commandReloadFile() {
     activeTable->stopEditing();
     if (confirmDiscardUnsavedEditsForReload(activeTable)) {
-        activeTable->undoStack()->clear();
-        activeTable->tableModel()->takeFileDialect();
-        activeTable->loadCSV(activeTable->getFilepath(), true);
-        setActiveTable(activeTable);
+        activeTable->readFileAgain();
     }
 }
 
@@ -75,7 +72,6 @@ void MainWindow::commandListCharacterEncodings() {
 void MainWindow::reloadTable(TableView* table, Dialect const& dialect) {
     if (confirmDiscardUnsavedEditsForReload(table)) {
         table->reloadFile(dialect.delimiter, dialect.encoding, dialect.parsingStandard);
-        setActiveTable(table);
     }
 }
 

@@ -73,7 +73,7 @@ bool MainWindow::saveFile(TableView* table) {
     }
     table->scrollToMainCell(true, true);
     if (table == activeTable) {
-        setActiveTable(table);
+        refreshActiveTable();
     }
     return saved;
 }
@@ -196,7 +196,7 @@ bool MainWindow::moveTo(PendingSave const& save) {
     tabBar->renameTable(table);
     onSavedStatusChanged(table, true);
     if (table == activeTable) {
-        setActiveTable(table);
+        refreshActiveTable();
     }
     return true;
 }

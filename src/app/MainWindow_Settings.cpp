@@ -98,7 +98,7 @@ void MainWindow::commandToggleReadOnly() {
     table->stopEditing();
     if (table->getFilepath().isEmpty() || confirmDiscardUnsavedEditsForReload(table)) {
         table->reloadFileReadOnly(!table->isReadOnly());
-        setActiveTable(table);
+        refreshActiveTable();
     }
 }
 

@@ -59,7 +59,11 @@ void MainWindow::unwatchTable(TableView const* table) {
 void MainWindow::onWatchedFileGone(QString const& path) {
     TableView* const table = paneView->getTableView(path);
     table->stopEditing(false);
-    closeFileNoSave(table);
+    bool const hadFocus = table->hasFocusInside();
+    dropTable(table);
+    if (hadFocus) {
+        activeTable->takeFocus();
+    }
 }
 
 void MainWindow::askForReload(QString const& path) {
@@ -92,7 +96,6 @@ void MainWindow::askWhetherToReload(QString const& path, QString const& question
 }
 
 void MainWindow::reloadChangedFile(TableView* table) {
-    table->stopEditing(false);
     if (!reloads.contains(table)) {
         TableModel const& model = *table->tableModel();
         Retained retained{{table->horizontalScrollBar()->value(), table->verticalScrollBar()->value()}, {}, {}};
@@ -102,13 +105,8 @@ void MainWindow::reloadChangedFile(TableView* table) {
         }
         reloads.insert(table, retained);
     }
-    table->undoStack()->clear();
     watchedFiles->startReload(table->getFilepath());
-    table->tableModel()->takeFileDialect();
-    table->loadCSV(table->getFilepath(), true);
-    if (table == activeTable) {
-        setActiveTable(table);
-    }
+    table->readFileAgain();
 }
 
 void MainWindow::endReload(TableView* table) {

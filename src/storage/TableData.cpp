@@ -25,12 +25,8 @@ QString TableData::getFilepath() const {
     return dataContainer->getFilepath();
 }
 
-bool TableData::wasFileReadWhole() const {
-    return dataContainer->wasFileReadWhole();
-}
-
 QString TableData::getLastSaveError() const {
-    return dataContainer->getLastSaveError();
+    return saveRefusal.isEmpty() ? dataContainer->getLastSaveError() : saveRefusal;
 }
 
 void TableData::setDelimiter(QString const& delimiter, QString const& saveDelimiter) {
@@ -59,13 +55,19 @@ void TableData::setExtension(QString const& extension) {
 }
 
 void TableData::clear() {
-    dataContainer->clear();
+    if (!isLocked())
+        dataContainer->clear();
 }
 
 void TableData::toggleTranspose() {
+<<<<<<< HEAD
     transposed = !transposed;
     noteMapping(Axis::Rows);
     noteMapping(Axis::Columns);
+=======
+    if (!isLocked())
+        transposed = !transposed;
+>>>>>>> main
 }
 
 void TableData::signalSize() {
@@ -178,18 +180,24 @@ void TableData::concealModel(Axis axis, Indexes const& models) {
 }
 
 void TableData::concealRaw(Axis axis, Indexes const& raws) {
+    if (isLocked())
+        return;
     along(axis).concealed.conceal(raws);
     noteMapping(axis);
     signalSize();
 }
 
 void TableData::showRaw(Axis axis, Indexes const& raws) {
+    if (isLocked())
+        return;
     along(axis).concealed.show(raws);
     noteMapping(axis);
     signalSize();
 }
 
 void TableData::showAll(Axis axis) {
+    if (isLocked())
+        return;
     along(axis).concealed.showAll();
     noteMapping(axis);
     signalSize();

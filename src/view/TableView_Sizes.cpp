@@ -2,6 +2,7 @@
 
 #include "model/TableModel.h"
 #include "view/FrozenTableView.h"
+#include "view/GridLimits.h"
 #include "view/TableResizing.h"
 #include "view/TableView.h"
 
@@ -128,6 +129,7 @@ void TableView::setDefaultColumnWidth(int width) {
 void TableView::setDefaultSize(Axis axis, int size) {
     (axis == Axis::Rows ? defaultRowHeight : defaultColumnWidth) = size;
     sizesOf(axis).setDefault(axis == Axis::Rows ? shownRowHeight() : size);
+    updateLoadLimits();
     updateGeometries();
     axis == Axis::Rows ? enforceAutoFitRowHeight(true) : enforceAutoFitColWidth(true);
     refreshView();
@@ -145,6 +147,11 @@ int TableView::shownRowHeight() const {
 void TableView::updateShownRowHeight() {
     if (int const height = shownRowHeight(); height != rowSizes->defaultSize())
         rowSizes->changeDefault(height);
+    updateLoadLimits();
+}
+
+void TableView::updateLoadLimits() {
+    tableModel()->setLoadLimits(GridLimits::of(shownRowHeight(), defaultColumnWidth));
 }
 
 void TableView::setMaximumRowHeight(int height, bool emitChange) {
