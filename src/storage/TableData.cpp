@@ -60,14 +60,11 @@ void TableData::clear() {
 }
 
 void TableData::toggleTranspose() {
-<<<<<<< HEAD
+    if (isLocked())
+        return;
     transposed = !transposed;
     noteMapping(Axis::Rows);
     noteMapping(Axis::Columns);
-=======
-    if (!isLocked())
-        transposed = !transposed;
->>>>>>> main
 }
 
 void TableData::signalSize() {
