@@ -1,6 +1,7 @@
 #include "model/TableModel.h"
 
 #include "core/IndexUtilities.h"
+#include "core/SortMarks.h"
 #include "model/ScreenScale.h"
 
 #include <utility>
@@ -10,16 +11,13 @@ namespace {
 /// What a painted cell shows of a longer text, so that one cell cannot stall a repaint.
 constexpr int maxDisplayLength = 4096;
 
-constexpr QChar upArrow(0x2191);
-constexpr QChar downArrow(0x2193);
-
 /// A header's number or letters, with an arrow behind it if the table is sorted by its line.
 QVariant withSortArrow(QVariant const& label, int raw, SortData const& sort) {
     if (raw != sort.index || sort.sortType == SortType::None)
         return label;
     return QStringLiteral("%1 %2")
         .arg(label.toString())
-        .arg(sort.sortType == SortType::Ascending ? upArrow : downArrow);
+        .arg(sort.sortType == SortType::Ascending ? SortMarks::ascending : SortMarks::descending);
 }
 
 } // namespace

@@ -10,7 +10,6 @@
 #include "model/HeaderRowSearch.h"
 #include "model/HighlightedCells.h"
 #include "model/IndexSpaces.h"
-#include "model/LineMove.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
 #include "storage/TableData.h"
@@ -442,12 +441,8 @@ public:
     void removeColsGui(Indexes const& cols) { emit removeColsGuiSignal(cols); }
     void resizeRow(int row, int height) { emit resizeRowSignal(row, height); }
     void resizeRows(Indexes const& rows, int height) { emit resizeRowsSignal(rows, height); }
-    void resizeRowsBeforeInsert(Indexes const& rows) { emit resizeRowsBeforeInsertSignal(rows); }
     void resizeCol(int col, int width) { emit resizeColSignal(col, width); }
     void resizeCols(Indexes const& cols, int width) { emit resizeColsSignal(cols, width); }
-    void resizeColsBeforeInsert(Indexes const& cols) { emit resizeColsBeforeInsertSignal(cols); }
-    /// Has the view carry the sizes of lines along, after the data and the size of the grid have changed.
-    void moveSizes(LineMove& move) { emit linesMovedSignal(move); }
     void enforceAutoFitRowHeight(int row) { emit enforceAutoFitRowHeightSignal(row); }
     void enforceAutoFitRowHeights(Indexes const& rows) { emit enforceAutoFitRowHeightsSignal(rows); }
     void enforceAutoFitColWidth(int col) { emit enforceAutoFitColWidthSignal(col); }
@@ -511,11 +506,8 @@ signals:
     void removeColsGuiSignal(std::vector<int> cols);
     void resizeRowSignal(int row, int height);
     void resizeRowsSignal(std::vector<int> rows, int height);
-    void resizeRowsBeforeInsertSignal(std::vector<int> rows);
     void resizeColSignal(int col, int width);
     void resizeColsSignal(std::vector<int> cols, int width);
-    void resizeColsBeforeInsertSignal(std::vector<int> cols);
-    void linesMovedSignal(LineMove& move);
     void enforceAutoFitRowHeightSignal(int row);
     void enforceAutoFitRowHeightsSignal(std::vector<int> rows);
     void enforceAutoFitColWidthSignal(int col);

@@ -151,6 +151,7 @@ void TableModel::toggleTranspose() {
         return;
     tableData.toggleTranspose();
     highlighted.invalidate();
+    refreshVisibleHeaderRows();
     int const rows = viewColCount;
     int const cols = viewRowCount;
     {

@@ -60,8 +60,11 @@ void TableData::clear() {
 }
 
 void TableData::toggleTranspose() {
-    if (!isLocked())
-        transposed = !transposed;
+    if (isLocked())
+        return;
+    transposed = !transposed;
+    noteMapping(Axis::Rows);
+    noteMapping(Axis::Columns);
 }
 
 void TableData::signalSize() {
@@ -177,6 +180,7 @@ void TableData::concealRaw(Axis axis, Indexes const& raws) {
     if (isLocked())
         return;
     along(axis).concealed.conceal(raws);
+    noteMapping(axis);
     signalSize();
 }
 
@@ -184,6 +188,7 @@ void TableData::showRaw(Axis axis, Indexes const& raws) {
     if (isLocked())
         return;
     along(axis).concealed.show(raws);
+    noteMapping(axis);
     signalSize();
 }
 
@@ -191,6 +196,7 @@ void TableData::showAll(Axis axis) {
     if (isLocked())
         return;
     along(axis).concealed.showAll();
+    noteMapping(axis);
     signalSize();
 }
 

@@ -5,6 +5,7 @@
 #include "storage/AbstractDataContainer.h"
 #include "storage/CellCodec.h"
 #include "storage/ConcealedList.h"
+#include "storage/LineSizeStore.h"
 
 #include <QMutex>
 #include <QObject>
@@ -180,6 +181,15 @@ public:
     void toggleTranspose();
     bool isTransposed() const { return transposed; }
 
+    // Sizes on the screen, which follow the lines. A transposed table has others, which come and go with it.
+
+    /// By raw line.
+    LineSizeStore& lineSizes(Axis shown);
+    LineSizeStore const& lineSizes(Axis shown) const;
+    /// Another number whenever lines have come, gone, moved, or been concealed or shown, so that whoever shows sizes
+    /// knows when to look again. A table that grows at its end keeps it.
+    quint64 linesRevision(Axis shown) const { return along(storedAxis(shown, false)).revision; }
+
     // Cells.
 
     /// The text of a cell; a null text for an empty cell, an invalid value without a container.
@@ -242,6 +252,8 @@ private:
     struct AxisState {
         int count = 0; ///< as the container has it, and as growth by an edit sets it
         ConcealedList concealed;
+        std::array<LineSizeStore, 2> sizes; ///< by the axis as which it is shown
+        quint64 revision = 0;               ///< another one after each change of the lines
     };
     using Cells = AbstractDataContainer::Cells;
 
@@ -269,6 +281,11 @@ private:
     bool insertEmpty(Axis axis, int at, int count);
     bool insertFilled(Axis axis, int at, std::vector<Cells> const& filled);
     bool makeRoom(Axis axis, int at, int count);
+    template <typename Follow>
+    void noteLines(Axis axis, Follow follow);
+    void noteOrder(Axis axis, Indexes const& order);
+    void noteMapping(Axis axis);
+    void resetSizes();
     bool removeRaw(Axis axis, int at, int count);
     bool removeModel(Axis axis, int model, int count);
     bool duplicate(Axis axis, int model, int offset);
@@ -295,6 +312,7 @@ private:
     EditableDataContainer* editableContainer = nullptr; ///< the same one if it is editable
     DataContainerType dataContainerType = DataContainerType::NotLoaded;
     std::array<AxisState, 2> axes; ///< by Axis
+    quint64 lastRevision = 0;
     bool transposed = false;
     QString wordDelimiters = QStringLiteral("`~!@#$%^&*()+=\t[]{}\\|;:'\",\n./?<> ");
     std::bitset<256> wordDelimiterLookup;

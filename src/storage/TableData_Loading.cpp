@@ -68,6 +68,7 @@ bool TableData::loadCSV(QString const& path, bool useThread, DataContainerType t
     axes[0].count = 0;
     axes[1].count = 0;
     transposed = false;
+    resetSizes();
 
     dataContainer->setFilepath(path);
     setDelimiter(newDelimiter, newSaveDelimiter);

@@ -52,6 +52,7 @@ void TableData::sortLines(Axis shown, Indexes const& order) {
         editableContainer->permuteRows(order);
     else
         editableContainer->permuteCols(order);
+    noteOrder(axis, order);
     ConcealedList& concealed = along(axis).concealed;
     if (concealed.size() == 0)
         return;

@@ -66,7 +66,7 @@ public:
     void deselectAllButTheMainCell();
     /// The cell at a point of the viewport, flagged if it is the main cell. For a point outside the viewport the cell
     /// just out of sight; row or column are -1 where the table does not reach.
-    Range cellAtPos(int x, int y) const;
+    virtual Range cellAtPos(int x, int y) const;
     Range cellAtPos(QPoint point) const { return cellAtPos(point.x(), point.y()); }
     /// Shows the cells anew. Costs what is on screen and nothing more.
     virtual void refreshView();
@@ -102,6 +102,8 @@ public:
     /// Opens the editor over a cell. With an event it opens as by typing, and the event reaches it.
     void openEditor(QModelIndex const& index);
     void editOnAnyKeyPressed(QModelIndex const& index, QKeyEvent* event);
+    /// Lays the editor over its cell anew.
+    void placeEditor() { updateEditorGeometries(); }
     /// Closes the editor if it is one of this view's.
     void closeEditorPublic(QWidget* editor);
     /// While on, changes of cells are not shown one by one; the caller shows the view anew.

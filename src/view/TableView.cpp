@@ -1,7 +1,6 @@
 #include "view/TableView.h"
 
 #include "view/FrozenTableView.h"
-#include "view/GridLimits.h"
 #include "view/HeaderView.h"
 #include "view/HiddenNotice.h"
 #include "view/ScrollAreaBottomRightCornerWidget.h"
@@ -39,7 +38,6 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connect(this, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
     connectEditing();
     TableView::setModel(new TableModel(this));
-    tableModel()->setLoadLimits(GridLimits::of(defaultRowHeight, defaultColumnWidth));
     hiddenNotice = new HiddenNotice(this);
     applyFont();
     setTheme(tableModel()->getTheme());
@@ -58,8 +56,8 @@ TableView::~TableView() {
 void TableView::setupSections() {
     verticalHeader()->setDefaultSectionSize(defaultRowHeight);
     horizontalHeader()->setDefaultSectionSize(defaultColumnWidth);
-    rowSizes = new LineSizes(*verticalHeader(), this);
-    colSizes = new LineSizes(*horizontalHeader(), this);
+    rowSizes = new LineSizes(Axis::Rows, *verticalHeader(), this);
+    colSizes = new LineSizes(Axis::Columns, *horizontalHeader(), this);
 }
 
 void TableView::setupCorners() {
@@ -87,6 +85,7 @@ void TableView::setupScrollBars() {
 
 void TableView::setModel(QAbstractItemModel* model) {
     AbstractTableView::setModel(model);
+    setTableOfSizes();
     connectSignalsWithModel();
     connectSizesWithModel();
     connectEditingWithModel();
@@ -158,6 +157,7 @@ void TableView::changeStack(std::function<void()> const& change) {
     change();
     if (autoSaved)
         stack.setClean();
+    showSizes();
 }
 
 // State and options.
@@ -192,6 +192,7 @@ void TableView::setTheme(Theme const& theme) {
 }
 
 void TableView::refreshView() {
+    showSizes();
     AbstractTableView::refreshView();
     for (FrozenTableView* const view : frozenViews()) {
         if (view->isVisible())

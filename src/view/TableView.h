@@ -184,9 +184,6 @@ public:
     FrozenTableView* getHorizontalFrozenView() const { return horizontalFrozenView; }
     FrozenTableView* getVerticalFrozenView() const { return verticalFrozenView; }
     FrozenTableView* getCornerFrozenView() const { return cornerFrozenView; }
-    /// Copies the sizes of the header columns to the bands, with `all` those of all columns.
-    void setFrozenColWidths(bool all);
-    void setFrozenRowHeights(bool all);
 
     // Labels.
 
@@ -222,12 +219,6 @@ public:
     /// Gives each row its height, no more than the maximum.
     void resizeRows(std::vector<int> const& rows, std::vector<int> const& heights);
     void resizeCols(std::vector<int> const& cols, std::vector<int> const& widths);
-    /// Makes room in the sizes for lines that are inserted without the view's knowledge. The positions are ascending
-    /// and as the lines are numbered before; a position stands once for each new line.
-    void resizeRowsBeforeInsert(std::vector<int> positions);
-    void resizeColsBeforeInsert(std::vector<int> positions);
-    /// The positions need not be ascending.
-    void resizeColsAfterInsert(std::vector<int> positions);
     void enforceMinimumRowHeight();
     void enforceMinimumRowHeight(int row);
     void enforceMaximumRowHeight();
@@ -429,29 +420,32 @@ private:
     void setVerticalFrozenHeight();
     void setCornerFrozenWidth();
     void setCornerFrozenHeight();
-    void onColResized(int col, int oldWidth, int newWidth);
-    void onRowResized(int row, int oldHeight, int newHeight);
-    void frozenColResized(int col, int oldWidth, int newWidth);
-    void frozenRowResized(int row, int oldHeight, int newHeight);
     void followScrollBar(Axis axis);
     bool filterFrozenEvent(QObject const* watched, QEvent* event);
+    bool passDragOn(FrozenTableView const& from, QMouseEvent const& move);
 
     // Sizes.
     LineSizes& sizesOf(Axis axis) { return axis == Axis::Rows ? *rowSizes : *colSizes; }
-    QHeaderView* headerOf(Axis axis) const { return axis == Axis::Rows ? verticalHeader() : horizontalHeader(); }
     int maximumSize(Axis axis) const { return axis == Axis::Rows ? maximumRowHeight : maximumColumnWidth; }
-    int defaultSize(Axis axis) const { return axis == Axis::Rows ? defaultRowHeight : defaultColumnWidth; }
+    void setTableOfSizes();
+    bool takeSizes();
+    void showSizes();
+    int shownRowHeight() const;
+    void updateShownRowHeight();
+    void updateLoadLimits();
     void setDefaultSize(Axis axis, int size);
     void resizeLines(Axis axis, std::vector<int> const& lines, std::vector<int> const& sizes);
     void resizeSelectedLines(Axis axis, int size);
-    void makeRoom(Axis axis, std::vector<int> positions);
     void enforceEmptySizes(Axis axis);
     void enforceEmptySize(Axis axis, int line);
     bool isEmptyLine(Axis axis, int line) const;
     void widenTo(QString const& text, RangeVector const& ranges);
+    int typedWidth(QString const& text, bool bold);
+    void widenToLabels();
     void keepEditorInSight();
     void scrollAfterFit();
     void fitRow(RowFit const& fit, int row);
+    void boundRow(int row);
     int headerRowsWidth(int col);
     void resizeTogether(std::function<void()> const& resize);
     void setupAnimations();

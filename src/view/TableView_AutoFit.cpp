@@ -3,6 +3,7 @@
 
 #include "model/TableModel.h"
 #include "view/ColumnSample.h"
+#include "view/HeaderView.h"
 #include "view/MsgBox.h"
 #include "view/RowFit.h"
 #include "view/SampledLines.h"
@@ -14,6 +15,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace {
@@ -22,6 +24,18 @@ namespace {
 constexpr int editPrecision = 50;
 
 } // namespace
+
+/// Labels that have become longer are not cut. Columns that the user has sized stay.
+void TableView::widenToLabels() {
+    if (!autoFitColWidth)
+        return;
+    resizeTogether([this] {
+        for (int col = 0; col < tableModel()->columnCountModel(); ++col) {
+            if (!colSizes->isByHand(col))
+                colSizes->widen(col, std::min(getHorizontalHeaderView()->labelWidth(col), maximumColumnWidth));
+        }
+    });
+}
 
 /// A view that has not been shown has no size yet, and what is in sight in it says nothing.
 void TableView::scrollAfterFit() {
@@ -43,12 +57,20 @@ int TableView::calculateAutoFitRowHeight(int row, int precision) const {
 
 void TableView::fitRow(RowFit const& fit, int row) {
     int const height = fit.heightOf(row);
-    // The bounds are kept here and not by a second and third resizing, each of which would tell the views anew.
-    int const wanted = std::max(height > 0 ? height : rowHeight(row), defaultRowHeight);
-    setRowHeight(row, std::min(wanted, maximumRowHeight));
+    if (height > 0)
+        rowSizes->fit(row, std::min(std::max(height, rowSizes->defaultSize()), maximumRowHeight));
+    else
+        boundRow(row);
+}
+
+void TableView::boundRow(int row) {
+    enforceMinimumRowHeight(row);
+    enforceEmptyRowHeight(row);
+    enforceMaximumRowHeight(row);
 }
 
 void TableView::enforceAutoFitRowHeight(bool scroll) {
+    showSizes();
     if (autoFitRowHeight) {
         std::vector<int> rows(std::size_t(tableModel()->rowCountModel()));
         std::iota(rows.begin(), rows.end(), 0);
@@ -64,7 +86,8 @@ void TableView::enforceAutoFitRowHeight(bool scroll) {
 }
 
 void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
-    if (!autoFitRowHeight && rowSizes->areDefault() && defaultRowHeight <= maximumRowHeight)
+    showSizes();
+    if (!autoFitRowHeight && rowSizes->areDefault())
         return;
     resizeTogether([&] {
         if (autoFitRowHeight) {
@@ -78,9 +101,8 @@ void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
             return;
         }
         for (int const row : rows) {
-            enforceMinimumRowHeight(row);
-            enforceEmptyRowHeight(row);
-            enforceMaximumRowHeight(row);
+            if (row < rowSizes->end())
+                boundRow(row);
         }
     });
 }
@@ -133,11 +155,12 @@ int TableView::headerRowsWidth(int col) {
 
 void TableView::resizeColumnToContents(int col, int precision) {
     bool allEmpty = false;
-    int const width =
-        col < tableModel()->columnCountModel()
-            ? estimateMaxWidthForColumnMainTable(col, precision, defaultColumnWidth, maximumColumnWidth, allEmpty)
-            : defaultColumnWidth;
-    setColumnWidth(col, std::min(std::max(width, headerRowsWidth(col)), maximumColumnWidth));
+    int width = defaultColumnWidth;
+    if (col < tableModel()->columnCountModel())
+        width = std::max(
+            estimateMaxWidthForColumnMainTable(col, precision, defaultColumnWidth, maximumColumnWidth, allEmpty),
+            getHorizontalHeaderView()->labelWidth(col));
+    colSizes->fit(col, std::min(std::max(width, headerRowsWidth(col)), maximumColumnWidth));
 }
 
 void TableView::resizeColumnsToContents() {
@@ -148,21 +171,35 @@ void TableView::resizeColumnsToContents() {
     });
 }
 
+int TableView::typedWidth(QString const& text, bool bold) {
+    if (qint64(bold ? averageBoldCharWidth : averageCharWidth) * text.size() > maximumColumnWidth)
+        return maximumColumnWidth;
+    QFont font = tableFont;
+    font.setWeight(bold ? QFont::Bold : tableFont.weight());
+    measuringTable.setFont(font);
+    return std::min(measuringTable.widthOf({text}), maximumColumnWidth);
+}
+
 /// While a text is typed its columns only grow; the cells above and below are not looked at before the edit is over.
 void TableView::widenTo(QString const& text, RangeVector const& ranges) {
     if (!autoFitColWidth)
         return;
-    bool const tooLong = qint64(averageCharWidth) * text.size() > maximumColumnWidth;
-    int const width = tooLong ? maximumColumnWidth : std::min(measuringTable.widthOf({text}), maximumColumnWidth);
-    auto const widen = [&](int col) { colSizes->raise(col, width); };
+    std::array<int, 2> widths{-1, -1}; // plain and bold
+    auto const widen = [&](Range const& range, int col) {
+        QModelIndex const cell = tableModel()->index(std::max(range.row, 0), col);
+        int& width = widths[cell.data(Qt::FontRole).value<QFont>().bold() ? 1 : 0];
+        if (width < 0)
+            width = typedWidth(text, &width != widths.data());
+        colSizes->widen(col, width);
+    };
     for (Range const& range : ranges) {
         if (range.type == RangeType::Cell || range.type == RangeType::Column) {
-            widen(range.col);
+            widen(range, range.col);
             continue;
         }
         for (int col = std::max(range.col, 0); col < tableModel()->columnCount(); ++col) {
             if (std::find(range.excludedCols.begin(), range.excludedCols.end(), col) == range.excludedCols.end())
-                widen(col);
+                widen(range, col);
         }
     }
 }
@@ -172,6 +209,7 @@ void TableView::enforceAutoFitColWidth(bool scroll) {
         return;
     if (autoFitColumnCountdown > 0)
         --autoFitColumnCountdown;
+    showSizes();
     if (!autoFitColWidth)
         return;
     resizeColumnsToContents();
@@ -180,6 +218,7 @@ void TableView::enforceAutoFitColWidth(bool scroll) {
 }
 
 void TableView::enforceAutoFitColWidths(std::vector<int> const& cols) {
+    showSizes();
     if (!autoFitColWidth)
         return;
     resizeTogether([&] {
@@ -226,7 +265,7 @@ void TableView::applyFont() {
     bold.setWeight(QFont::Bold);
     averageCharWidth = int(QFontMetrics(tableFont).averageCharWidth() * widerThanAverage);
     averageBoldCharWidth = int(QFontMetrics(bold).averageCharWidth() * widerThanAverage);
-    measuringTable.setFont(tableFont);
+    updateShownRowHeight();
     refreshView();
     enforceAutoFitRowHeight(true);
     enforceAutoFitColWidth(true);
