@@ -22,12 +22,13 @@ void MainWindow::askForSaveDialect(std::vector<DialectPart> const& parts) {
 }
 
 void MainWindow::commandReloadFile() {
-    activeTable->stopEditing();
-    if (confirmDiscardUnsavedEditsForReload(activeTable)) {
-        activeTable->undoStack()->clear();
-        activeTable->tableModel()->takeFileDialect();
-        activeTable->loadCSV(activeTable->getFilepath(), true);
-        setActiveTable(activeTable);
+    QPointer<TableView> const table = activeTable;
+    table->stopEditing();
+    if (table && confirmDiscardUnsavedEditsForReload(table) && table) {
+        table->undoStack()->clear();
+        table->tableModel()->takeFileDialect();
+        table->loadCSV(table->getFilepath(), true);
+        setActiveTable(table);
     }
 }
 
@@ -73,7 +74,8 @@ void MainWindow::commandListCharacterEncodings() {
 }
 
 void MainWindow::reloadTable(TableView* table, Dialect const& dialect) {
-    if (confirmDiscardUnsavedEditsForReload(table)) {
+    QPointer<TableView> const alive = table;
+    if (confirmDiscardUnsavedEditsForReload(table) && alive) {
         table->reloadFile(dialect.delimiter, dialect.encoding, dialect.parsingStandard);
         setActiveTable(table);
     }

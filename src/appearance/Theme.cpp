@@ -43,6 +43,12 @@ constexpr StyleRule styleRules[] = {
     {"QPushButton:hover", "background-color: {HoverItemColor};"},
     {"QPushButton:default", "border: 1px solid {HighlightedButtonColor};"},
     {"QPushButton:focus", "border: 1px solid {HighlightedButtonColor};"},
+    {"QCheckBox::indicator", "width: 9px; height: 9px; padding: 2px; border: 1px solid {StaticTextColor};"
+                             " border-radius: 2px; background-color: {Background3Color};"},
+    {"QCheckBox::indicator:checked", "background-color: {TextColor}; background-clip: content;"},
+    {"QCheckBox::indicator:focus", "border: 1px solid {HighlightedButtonColor};"},
+    {"NoticeLine", "background-color: {Background3Color}; border-top: 1px solid {HighlightedButtonColor};"},
+    {"NoticeLine QLabel", "background-color: transparent;"},
     {"QLineEdit, QPlainTextEdit, QTextEdit",
      "background-color: {Background3Color}; border: 1px solid {Background4Color};"
      " selection-background-color: {SelectedTextColor};"},

@@ -1,7 +1,10 @@
 #include "view/MsgBox.h"
 
+#include "core/ModalHold.h"
+
 #include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -15,6 +18,7 @@ void MsgBox::setAnswer(Answer newAnswer) {
 }
 
 int MsgBox::exec() {
+    ModalHold const hold;
     if (!answer)
         return QMessageBox::exec();
     if (QAbstractButton* const button = answer(*this))
@@ -40,6 +44,11 @@ void MsgBox::conditionButtons() {
     if (defaultButton() == nullptr && !buttons().isEmpty()) {
         setDefaultButton(qobject_cast<QPushButton*>(buttons().constFirst()));
     }
+}
+
+void MsgBox::widen(QPushButton& button, int width) {
+    button.ensurePolished();
+    button.setMinimumWidth(std::max(width, button.sizeHint().width()));
 }
 
 void MsgBox::inform(QWidget* parent, Theme const& theme, QString const& text) {

@@ -16,6 +16,8 @@ public:
     void setTheme(Theme const& theme);
     /// Gives all buttons the look of the program: no icons, equal height, and the first as default if none is.
     void conditionButtons();
+    /// Makes a button at least that many pixels wide, and as wide as its label needs in any case.
+    static void widen(QPushButton& button, int width);
 
     /// Gives the button to press in place of showing the box.
     using Answer = std::function<QAbstractButton*(MsgBox const& box)>;

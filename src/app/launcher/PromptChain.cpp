@@ -140,7 +140,10 @@ void PromptChain::showAnswers() {
 }
 
 void PromptChain::onAnswer(QString const& answer, int start, int length, int cursor) {
+    // Keys that were pressed before the prompt went may still come from it.
     Step const step = current;
+    if (step == nullptr)
+        return;
     QString const complaint = step->complaint ? step->complaint(answer) : QString();
     if (complaint.isEmpty()) {
         carryOut(step, answer);

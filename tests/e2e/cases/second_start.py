@@ -22,3 +22,33 @@ class SecondStart(DesktopTest):
         self.expect_window("untitled - Gridwright")
         self.assertIn("c.csv - Gridwright", self.windows())
         self.assertIsNone(first.poll())
+
+    def test_behind_a_file_dialog_files_open_when_it_is_left(self):
+        self.write("a.csv", b"1,2\n")
+        self.write("b.csv", b"3,4\n")
+        self.start("a.csv")
+        self.expect_window("a.csv - Gridwright")
+        self.press("ctrl+o")
+        self.expect_window("Open File")
+        self.expect_end(self.start("b.csv"))
+        self.press("Escape")
+        self.expect_window("b.csv - Gridwright")
+
+    def test_during_the_questions_of_a_closing_window_no_edit_is_lost(self):
+        for name in "abcd":
+            self.write(f"{name}.csv", b"1,2\n")
+        self.start("a.csv", "b.csv", "c.csv")
+        for name in "acb":
+            self.expect_window(f"{name}.csv - Gridwright")
+            self.type("x")
+            self.press("Return", "ctrl+Next")
+        self.press_and_see("ctrl+l")
+        self.type("exit")
+        self.press("Return")
+        self.expect_window("Gridwright")
+        self.expect_end(self.start("d.csv"))
+        for count in (1, 2, 3):
+            self.press("alt+s")
+            self.wait_for(lambda: [self.read(f"{name}.csv") for name in "abc"].count(b"x,2\n") == count,
+                          lambda: f"{count} files are not saved")
+        self.expect_window("d.csv - Gridwright")
