@@ -3,6 +3,8 @@
 #include "app/NoticeLine.h"
 #include "view/TableView.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 GoneTables::GoneTables(QWidget* parent) : QObject(parent), line(new NoticeLine(tr("&Open Last Contents"), parent)) {
@@ -20,7 +22,7 @@ void GoneTables::keep(std::unique_ptr<TableView> table, bool edited) {
     kept.push_back({std::move(table), edited});
     QStringList paths;
     for (Kept const& each : kept)
-        paths << each.table->getFilepath();
+        paths << QFileInfo(each.table->getFilepath()).absoluteFilePath();
     line->tell(kept.size() == 1
                    ? tr("This file was deleted or moved by another program, and its tab was closed: %1")
                    : tr("These files were deleted or moved by another program, and their tabs were closed: %1"),

@@ -204,5 +204,5 @@ void MainWindow::dropEvent(QDropEvent* event) {
         }
     }
     event->acceptProposedAction();
-    openFiles(paths);
+    ModalHold::whenFree(this, [this, paths] { openFiles(paths); });
 }

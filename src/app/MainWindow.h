@@ -489,7 +489,8 @@ private:
     void takeBack(TableView* table);
     void askForReload(QString const& path);
     void askForReloadOverEdits(QString const& path);
-    void askWhetherToReload(QString const& path, QString const& question, QString const& refusal);
+    void askWhetherToReload(QString const& path, QString const& question, QString const& refusal,
+                            QString const& remark);
     /// Reads a table's file again; its edits are lost.
     void reloadChangedFile(TableView* table);
     void endReload(TableView* table);

@@ -129,14 +129,14 @@ bool MainWindow::askHowToOpenLargeFile(QString const& path, bool& readOnly) {
     MsgBox box(this);
     box.setTheme(theme);
     box.setText(tr("This file is large (%1 MB).\n").arg(size) + tr("Would you like to open it in read-only mode?"));
-    box.setInformativeText(path);
+    box.nameFile(path);
     QPushButton* const asReadOnly = box.addButton(tr("Open as &Read-Only"), QMessageBox::AcceptRole);
     QPushButton* const forEditing = box.addButton(tr("Open in &Edit Mode"), QMessageBox::AcceptRole);
     box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
     box.setDefaultButton(asReadOnly);
     box.conditionButtons();
     for (QPushButton* const button : {asReadOnly, forEditing}) {
-        MsgBox::widen(*button, buttonWidth);
+        MsgBox::enlarge(*button, {buttonWidth, 0});
     }
     box.exec();
     readOnly = box.clickedButton() == asReadOnly;

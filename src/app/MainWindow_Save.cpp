@@ -49,7 +49,7 @@ ExtensionData presentOptions(TableModel const& model) {
 } // namespace
 
 bool MainWindow::saveFile(TableView* table) {
-    if (table == nullptr || table->isLoading() || table->isReadOnly()) {
+    if (table == nullptr || table->isLoading() || (table->isReadOnly() && !table->getFilepath().isEmpty())) {
         return false;
     }
     QPointer<TableView> const alive = table;
@@ -264,14 +264,14 @@ bool MainWindow::askHowToOpenSavedCopy(QString const& path, bool& readOnly) {
     MsgBox box(this);
     box.setTheme(theme);
     box.setText(tr("The new file is large (%1 MB).\n").arg(size) + tr("How would you like to open it?"));
-    box.setInformativeText(path);
+    box.nameFile(path);
     QPushButton* const asReadOnly = box.addButton(tr("&Read-Only\nMode"), QMessageBox::AcceptRole);
     QPushButton* const forEditing = box.addButton(tr("&Edit Mode"), QMessageBox::AcceptRole);
     QPushButton* const notAtAll = box.addButton(tr("Do&n't Open"), QMessageBox::RejectRole);
     box.setDefaultButton(asReadOnly);
     box.conditionButtons();
     for (QPushButton* const button : {asReadOnly, forEditing, notAtAll}) {
-        button->setMinimumHeight(buttonHeight);
+        MsgBox::enlarge(*button, {0, buttonHeight});
     }
     box.exec();
     readOnly = box.clickedButton() == asReadOnly;

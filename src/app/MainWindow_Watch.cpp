@@ -59,6 +59,11 @@ void MainWindow::unwatchTable(TableView* table) {
 // the file anew.
 void MainWindow::onWatchedFileGone(QString const& path) {
     TableView* const table = paneView->getTableView(path);
+    if (table->isLoading()) { // nothing is there yet
+        takeOut(table);
+        tellMissing({QFileInfo(path).absoluteFilePath()});
+        return;
+    }
     bool const edited = hasUnsavedEdits(table);
     table->tableModel()->setSaveAfterEachEdit(false);
     table->stopEditing();
@@ -68,7 +73,6 @@ void MainWindow::onWatchedFileGone(QString const& path) {
 void MainWindow::takeBack(TableView* table) {
     QPointer<TableView> const before = activeTable;
     table->tableModel()->getTableData().getDataContainer()->setFilepath(QString());
-    table->setReadOnly(false);
     table->propagateSettings(settings);
     addTableEditorFromView(table);
     table->undoStack()->resetClean();
@@ -79,22 +83,25 @@ void MainWindow::takeBack(TableView* table) {
 
 void MainWindow::askForReload(QString const& path) {
     askWhetherToReload(path, tr("This file has been changed externally.\n\n") + tr("Would you like to reload it?"),
-                       tr("Do&n't Reload"));
+                       tr("Do&n't Reload"),
+                       hasUnsavedEdits(paneView->getTableView(path)) ? tr("Your unsaved changes would be lost.")
+                                                                     : QString());
 }
 
 void MainWindow::askForReloadOverEdits(QString const& path) {
     askWhetherToReload(path,
                        tr("This file has been changed externally, ") + tr("but you have unsaved changes.\n\n") +
                            tr("Would you like to reload the file or ignore the external changes?"),
-                       tr("&Ignore"));
+                       tr("&Ignore"), QString());
 }
 
-void MainWindow::askWhetherToReload(QString const& path, QString const& question, QString const& refusal) {
+void MainWindow::askWhetherToReload(QString const& path, QString const& question, QString const& refusal,
+                                    QString const& remark) {
     MsgBox box(this);
     box.setTheme(theme);
     box.setTextFormat(Qt::PlainText);
     box.setText(question);
-    box.setInformativeText(path);
+    box.nameFile(path, remark);
     QPushButton* const reload = box.addButton(tr("&Reload"), QMessageBox::AcceptRole);
     box.addButton(refusal, QMessageBox::RejectRole);
     box.setDefaultButton(reload);

@@ -39,7 +39,7 @@ constexpr StyleRule styleRules[] = {
     {"QScrollBar::add-line, QScrollBar::sub-line", "width: 0; height: 0;"},
     {"QScrollBar::add-page, QScrollBar::sub-page", "background: none;"},
     {"QPushButton", "color: {ButtonTextColor}; background-color: {Background5Color}; border-radius: 3px;"
-                    " padding: 5px 14px; min-width: 60px;"},
+                    " padding: 5px 14px;"},
     {"QPushButton:hover", "background-color: {HoverItemColor};"},
     {"QPushButton:default", "border: 1px solid {HighlightedButtonColor};"},
     {"QPushButton:focus", "border: 1px solid {HighlightedButtonColor};"},

@@ -279,7 +279,7 @@ bool TableView::askToDisableAutoFit(QString const& text) {
     box.setCheckBox(dontAsk);
     box.conditionButtons();
     for (QPushButton* const button : {disable, keep})
-        MsgBox::widen(*button, button->fontMetrics().horizontalAdvance(button->text()) + besideLabel);
+        MsgBox::enlarge(*button, {button->fontMetrics().horizontalAdvance(button->text()) + besideLabel, 0});
     box.exec();
     if (dontAsk->isChecked()) {
         suppressAutoFitWarnings = true;

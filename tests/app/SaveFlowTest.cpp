@@ -390,10 +390,13 @@ TEST_F(SaveFlowTest, AskAndIgnoreGovernWhatAnOutsideChangeDoes) {
     write("a.csv", "22\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 1; }));
     EXPECT_EQ(box.texts().value(0), "This file has been changed externally.\n\nWould you like to reload it?");
+    EXPECT_EQ(box.namedFiles().value(0), table()->getFilepath());
     EXPECT_EQ(cell(0, 0), "1");
+    change("mine");
     box.next("Reload");
     write("a.csv", "333\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "333"; }));
+    EXPECT_TRUE(box.namedFiles().last().endsWith("Your unsaved changes would be lost."));
     set("Behavior When File Is Changed Externally", "ignore");
     write("a.csv", "4444\n");
     EXPECT_FALSE(QTest::qWaitFor([&] { return cell(0, 0) != "333"; }, 300));
@@ -430,6 +433,7 @@ TEST_F(SaveFlowTest, AFileFromTheThresholdOnIsOpenedAsTheUserSays) {
     box.next("Open in Edit Mode");
     EXPECT_TRUE(window.openFiles({below, first, second, third}));
     EXPECT_EQ(box.texts().first(), "This file is large (1 MB).\nWould you like to open it in read-only mode?");
+    EXPECT_EQ(box.namedFiles(), (QStringList{first, second, third}));
     auto const opened = [&](QString const& path) { return window.getPaneView()->getTableView(path); };
     EXPECT_FALSE(opened(below)->isReadOnly());
     EXPECT_EQ(opened(first), nullptr);

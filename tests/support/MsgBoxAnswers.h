@@ -27,6 +27,8 @@ public:
         answers.enqueue({label, std::move(meanwhile)});
     }
     QStringList const& texts() const { return shown; }
+    /// The files that the boxes were about; empty where a box names none beside its text.
+    QStringList const& namedFiles() const { return files; }
 
 private:
     struct Answer {
@@ -36,6 +38,7 @@ private:
 
     QAbstractButton* press(MsgBox const& box) {
         shown << box.text();
+        files << box.informativeText();
         Answer const next = answers.isEmpty() ? Answer() : answers.dequeue();
         if (next.meanwhile)
             next.meanwhile();
@@ -49,4 +52,5 @@ private:
 
     QQueue<Answer> answers;
     QStringList shown;
+    QStringList files;
 };

@@ -41,7 +41,7 @@ TEST(MsgBoxTest, NoLabelOfAButtonIsCutWhateverTheFont) {
         box.addButton("Do&n't Save", QMessageBox::DestructiveRole);
         box.conditionButtons();
         constexpr int least = 130;
-        MsgBox::widen(*told, least);
+        MsgBox::enlarge(*told, {least, 0});
         box.show();
         for (QAbstractButton* const button : box.buttons()) {
             QString const text = button->text().remove('&');

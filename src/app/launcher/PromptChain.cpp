@@ -52,12 +52,14 @@ void PromptChain::ask(PromptStep step) {
 }
 
 void PromptChain::goBack() {
-    if (isOpen() && !answered.empty())
+    if (!answered.empty())
         goTo(answered.size() - 1);
 }
 
 void PromptChain::goTo(std::size_t index) {
-    Answered const target = answered.at(index);
+    if (!isOpen() || index >= answered.size())
+        return;
+    Answered const target = answered[index];
     answered.resize(index);
     dropLauncher();
     callIfSet(std::exchange(current, nullptr)->closed);
@@ -81,6 +83,8 @@ void PromptChain::dropLauncher() {
 
 void PromptChain::onLauncherClosed() {
     Step const step = std::exchange(current, nullptr);
+    if (step == nullptr)
+        return;
     answered.clear();
     paneView->clearPrevOptionList();
     callIfSet(step->closed);

@@ -9,8 +9,10 @@
 #include "view/FileDialog.h"
 
 #include <QDialog>
+#include <QDropEvent>
 #include <QFile>
 #include <QFileOpenEvent>
+#include <QMimeData>
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
@@ -178,13 +180,18 @@ TEST_F(SecondStartTest, OfTheFileThatAQuestionIsAboutGivesItOneTab) {
 TEST_F(SecondStartTest, FilesThatTheDesktopHandsOverWaitToo) {
     openAndChange("a.csv");
     QString const other = write("b.csv");
+    QString const dropped = write("c.csv");
     box.next("Cancel", [&] {
         QFileOpenEvent event(other);
         QCoreApplication::sendEvent(&app, &event);
+        QMimeData files;
+        files.setUrls({QUrl::fromLocalFile(dropped)});
+        QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &drop);
         EXPECT_EQ(open(), "a.csv");
     });
     window->commandCloseFile();
-    EXPECT_TRUE(comesTo("a.csv b.csv"));
+    EXPECT_TRUE(comesTo("a.csv b.csv c.csv"));
     box.next("Don't Save");
     window->commandCloseAllFiles();
 }
