@@ -9,6 +9,7 @@
 #include "view/FileDialog.h"
 
 #include <QDialog>
+#include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
 #include <QFileOpenEvent>
@@ -186,7 +187,9 @@ TEST_F(SecondStartTest, FilesThatTheDesktopHandsOverWaitToo) {
         QCoreApplication::sendEvent(&app, &event);
         QMimeData files;
         files.setUrls({QUrl::fromLocalFile(dropped)});
+        QDragEnterEvent enter({}, Qt::CopyAction, &files, Qt::LeftButton, {});
         QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &enter);
         QCoreApplication::sendEvent(window, &drop);
         EXPECT_EQ(open(), "a.csv");
     });
