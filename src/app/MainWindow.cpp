@@ -101,39 +101,45 @@ void MainWindow::buildWidgets() {
             [this] { runCommand(QStringLiteral("Toggle Show File Metadata")); });
     connect(&statistics, &SelectionStatistics::finishedSignal, this,
             [this](QString const& text) { labelBar->setText(StatusBar::Label::Stats, text); });
+    connect(paneView, &PaneView::tableLoadBegunSignal, this, &MainWindow::onTableLoadBegun);
     connect(paneView, &PaneView::tableLoadedSignal, this,
             [this](TableView* table) { ModalHold::whenFree(table, [this, table] { onTableLoaded(table); }); });
+    connect(paneView, &PaneView::tableLoadFailedSignal, this, &MainWindow::onTableLoadFailed);
     connect(goneTables, &GoneTables::takenBackSignal, this, &MainWindow::takeBack);
     for (NoticeLine const* const line : {goneTables->getLine(), missingFiles}) {
-        connect(line, &NoticeLine::dismissedSignal, this, [this] { activeTable->setFocus(); });
+        connect(line, &NoticeLine::dismissedSignal, this, [this] { activeTable->takeFocus(); });
     }
     setupLauncher();
 }
 
 void MainWindow::setActiveTable(TableView* table) {
-    if (table == nullptr) {
-        return;
+    if (table != nullptr) {
+        showTable(table);
+        table->takeFocus();
     }
+}
+
+void MainWindow::showTable(TableView* table) {
     if (activeTable != nullptr && activeTable != table && hasAnyContext(context, Context::CellEditing)) {
         activeTable->stopEditing();
     }
     activeTable = table;
     paneView->setActiveTable(table);
     tabBar->selectTabOnly(table);
+    refreshActiveTable();
+}
+
+void MainWindow::refreshActiveTable() {
     Context changed = context & globalContextMask;
-    addContextGlobal(changed, contextOfTable(table));
+    addContextGlobal(changed, contextOfTable(activeTable));
     setContext(changed);
-    table->setFocus();
     updateWindowTitle();
     updateStatusBar();
 }
 
 Context MainWindow::contextOfTable(TableView const* table) const {
-    Context bits = Context::None;
-    if (!table->isLoading()) {
-        bits |= Context::TableActive;
-        bits |= table->getFilepath().isEmpty() ? Context::None : Context::FileOnDisk;
-    }
+    Context bits = Context::TableActive;
+    bits |= table->getFilepath().isEmpty() ? Context::None : Context::FileOnDisk;
     bits |= table->isReadOnly() ? Context::ReadOnly : Context::None;
     bits |= table->tableModel()->hasHiddenLines() ? Context::HiddenPresent : Context::None;
     bits |= table->tableModel()->isSelectionMultiCell() ? Context::MultiCellSelection : Context::None;
@@ -146,8 +152,10 @@ void MainWindow::runCommand(QString const& name) {
     }
 }
 
+// Bits bring others along, and whoever sets one need not know of a load.
 void MainWindow::setContext(Context newContext) {
-    context = newContext;
+    bool const isLoading = activeTable != nullptr && activeTable->isLoading();
+    context = isLoading ? withoutTable(newContext) : newContext;
     commands.enableMatching(context);
     paneView->setContext(context);
     settings.setValue(SettingType::ShowEditorPane, hasAnyContext(context, Context::EditorPaneShown));

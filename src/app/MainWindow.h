@@ -106,6 +106,7 @@ public:
     void runCommand(QString const& name);
 
 public slots:
+    /// The user turns to a table: shows it and gives it the focus.
     void setActiveTable(TableView* table);
     /// What the window and its table are doing now; commands are live or not by it.
     void setContext(Context newContext);
@@ -415,6 +416,13 @@ private:
     void onSuppressAutoFitWarningsChanged(bool suppress);
     void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
+    // Which table is the active one, what is told about it, and where the keys go are three things. Only what the user
+    // does moves the focus.
+
+    /// Makes a table the active one. The focus stays where it is.
+    void showTable(TableView* table);
+    /// Brings context, title and status bar in step with the active table.
+    void refreshActiveTable();
     TableView* makeEmptyTableObject();
     TableView* addEmptyTableEditor();
     TableView* addTableEditorFromFile(QString const& path, bool readOnly, bool isPreferenceFile);
@@ -498,9 +506,13 @@ private:
     /// Edits that a reload would lose: no sort that a reload has made and would make again.
     bool hasUnsavedEdits(TableView* table) const;
     bool isUntouchedEmptyTable(TableView const* table) const;
+    void onTableLoadBegun(TableView* table);
     void onTableLoaded(TableView* table);
-    /// Warns of a table that may lack the end of its file.
+    /// Tells why a table could not be read again, which keeps what it has.
+    void onTableLoadFailed(TableView* table, QString const& reason);
+    /// Warns of a table that lacks the end of its file.
     void tellIfNotReadWhole(TableView const* table);
+    void tellThatItCannotBeOpened(QString const& path, QString const& reason);
 
     void onCommandLauncher();
     void onCommandLauncherResponseReceived(QString const& response);

@@ -25,10 +25,7 @@ void MainWindow::commandReloadFile() {
     QPointer<TableView> const table = activeTable;
     table->stopEditing();
     if (table && confirmDiscardUnsavedEditsForReload(table) && table) {
-        table->undoStack()->clear();
-        table->tableModel()->takeFileDialect();
-        table->loadCSV(table->getFilepath(), true);
-        setActiveTable(table);
+        table->readFileAgain();
     }
 }
 
@@ -77,7 +74,6 @@ void MainWindow::reloadTable(TableView* table, Dialect const& dialect) {
     QPointer<TableView> const alive = table;
     if (confirmDiscardUnsavedEditsForReload(table) && alive) {
         table->reloadFile(dialect.delimiter, dialect.encoding, dialect.parsingStandard);
-        setActiveTable(table);
     }
 }
 

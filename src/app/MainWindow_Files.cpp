@@ -105,7 +105,7 @@ TableView* MainWindow::takeTable(QString const& path) {
     }
     QString const reason = reasonAgainstOpening(path);
     if (!reason.isEmpty()) {
-        MsgBox::inform(this, theme, tr("This can't be opened as a table:\n%1\n\n%2").arg(path, reason));
+        tellThatItCannotBeOpened(path, reason);
         return nullptr;
     }
     if (Utilities::isPreferenceFilepath(path)) {
@@ -171,7 +171,16 @@ TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly
         ExtensionData const row = ExtensionTable::find(extensions, ExtensionTable::extensionOfFile(path));
         table->setExtensionData(settledOptions(row, path));
     }
-    table->loadCSV(path, !isPreferenceFile && QFileInfo(path).size() > backgroundLoadSize);
+    QString reason;
+    auto const ears = connect(table, &TableView::loadFailedSignal, [&](QString const& told) { reason = told; });
+    bool const opened = table->loadCSV(path, !isPreferenceFile && QFileInfo(path).size() > backgroundLoadSize);
+    disconnect(ears);
+    if (!opened) {
+        reason += table->tableModel()->getLoadResult().reason;
+        delete table;
+        tellThatItCannotBeOpened(path, reason);
+        return nullptr;
+    }
     addTableEditorFromView(table);
     QPointer<TableView> const added = table;
     tellIfNotReadWhole(table);
@@ -189,21 +198,48 @@ bool MainWindow::isUntouchedEmptyTable(TableView const* table) const {
     return table->getFilepath().isEmpty() && model.rowCountRaw() == 0 && model.columnCountRaw() == 0;
 }
 
-void MainWindow::onTableLoaded(TableView* table) {
-    endReload(table);
-    tellIfNotReadWhole(table);
+void MainWindow::tellThatItCannotBeOpened(QString const& path, QString const& reason) {
+    MsgBox::inform(this, theme, tr("This can't be opened as a table:\n%1\n\n%2").arg(path, reason));
+}
+
+void MainWindow::onTableLoadBegun(TableView* table) {
     if (table == activeTable) {
-        setActiveTable(table);
+        refreshActiveTable();
     }
 }
 
-void MainWindow::tellIfNotReadWhole(TableView const* table) {
-    if (!table->isLoading() && !table->tableModel()->wasFileReadWhole()) {
-        MsgBox::inform(this, theme,
-                       tr("This file became shorter, or could not be read on, while it was being opened:\n%1\n\nThe "
-                          "table holds what could be read.")
-                           .arg(table->getFilepath()));
+void MainWindow::onTableLoaded(TableView* table) {
+    endReload(table);
+    if (table == activeTable) {
+        refreshActiveTable();
     }
+    tellIfNotReadWhole(table);
+}
+
+void MainWindow::onTableLoadFailed(TableView* table, QString const& reason) {
+    QString const path = table->getFilepath();
+    if (!table->isLoading()) {
+        reloads.remove(table);
+    }
+    watchedFiles->onLoadFinished(path);
+    MsgBox::inform(this, theme,
+                   tr("This file can't be read again:\n%1\n\n%2\n\nThe table keeps what it had.").arg(path, reason));
+}
+
+void MainWindow::tellIfNotReadWhole(TableView const* table) {
+    LoadResult const& result = table->tableModel()->getLoadResult();
+    if (table->isLoading() || result.end == LoadEnd::Whole) {
+        return;
+    }
+    QString const text =
+        result.beyondLimits
+            ? tr("This file has more than a table can show:\n%1\n\n%2 The table holds it up to there and is "
+                 "read-only, so that the rest of the file is not lost.")
+            : tr("This file became shorter, or could not be read on, while it was being opened:\n%1\n\nThe table "
+                 "holds what could be read.");
+    MsgBox::inform(this, theme,
+                   result.beyondLimits ? text.arg(table->getFilepath(), result.reason)
+                                       : text.arg(table->getFilepath()));
 }
 
 bool MainWindow::closeFile(TableView* table) {
@@ -222,7 +258,11 @@ bool MainWindow::closeFile(TableView* table) {
         }
     }
     if (alive) {
+        bool const wasActive = table == activeTable;
         takeOut(table);
+        if (wasActive) {
+            activeTable->takeFocus();
+        }
     }
     return true;
 }
@@ -242,13 +282,10 @@ std::unique_ptr<TableView> MainWindow::detachTable(TableView* table) {
 }
 
 std::unique_ptr<TableView> MainWindow::takeOut(TableView* table) {
-    bool const wasActive = table == activeTable;
     int const index = tabBar->getIndexFromTable(table);
     std::unique_ptr<TableView> detached = detachTable(table);
-    if (wasActive && tabBar->count() == 0) {
-        commandNewFile();
-    } else if (wasActive) {
-        setActiveTable(tabBar->tableAt(std::max(index - 1, 0)));
+    if (activeTable == nullptr) {
+        showTable(tabBar->count() == 0 ? addEmptyTableEditor() : tabBar->tableAt(std::max(index - 1, 0)));
     }
     return detached;
 }

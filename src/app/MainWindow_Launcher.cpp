@@ -173,6 +173,7 @@ void MainWindow::closeLauncher() {
 
 // The order counts: Escape does one thing at a time.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
+    bool const isLoading = activeTable->isLoading();
     bool const navigating = hasAnyContext(context, Context::Navigating);
     bool const launcherOpen = hasAnyContext(context, Context::LauncherOpen);
     bool const widgetOpen = launcherOpen || hasAnyContext(context, Context::FindReplaceOpen);
@@ -180,7 +181,7 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
         UnbuiltCommands::keyPressEvent(event);
     } else if (hasAnyContext(context, Context::CellEditing) && !hasAnyContext(context, Context::ReadOnly)) {
         activeTable->stopEditing();
-    } else if (navigating && launcherOpen) {
+    } else if ((navigating || isLoading) && launcherOpen) {
         closeLauncher();
     } else if (navigating && !widgetOpen && hasAnyContext(context, Context::MultiCellSelection)) {
         activeTable->setMainCellAsSelection(activeTable->getMainCell());

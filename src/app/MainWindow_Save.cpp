@@ -82,8 +82,8 @@ bool MainWindow::saveFile(TableView* table) {
     if (alive) {
         table->scrollToMainCell(true, true);
     }
-    if (alive == activeTable) {
-        setActiveTable(alive);
+    if (alive && alive == activeTable) {
+        refreshActiveTable();
     }
     return saved;
 }
@@ -213,7 +213,7 @@ bool MainWindow::moveTo(PendingSave const& save) {
     tabBar->renameTable(table);
     onSavedStatusChanged(table, true);
     if (table == activeTable) {
-        setActiveTable(table);
+        refreshActiveTable();
     }
     return true;
 }

@@ -99,7 +99,7 @@ void MainWindow::commandToggleReadOnly() {
     table->stopEditing();
     if (table && (table->getFilepath().isEmpty() || confirmDiscardUnsavedEditsForReload(table)) && table) {
         table->reloadFileReadOnly(!table->isReadOnly());
-        setActiveTable(table);
+        refreshActiveTable();
     }
 }
 

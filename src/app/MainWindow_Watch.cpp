@@ -67,7 +67,11 @@ void MainWindow::onWatchedFileGone(QString const& path) {
     bool const edited = hasUnsavedEdits(table);
     table->tableModel()->setSaveAfterEachEdit(false);
     table->stopEditing();
+    bool const hadFocus = table->hasFocusInside();
     goneTables->keep(takeOut(table), edited);
+    if (hadFocus) {
+        activeTable->takeFocus();
+    }
 }
 
 void MainWindow::takeBack(TableView* table) {
@@ -118,7 +122,6 @@ void MainWindow::askWhetherToReload(QString const& path, QString const& question
 }
 
 void MainWindow::reloadChangedFile(TableView* table) {
-    table->stopEditing(false);
     if (!reloads.contains(table)) {
         TableModel const& model = *table->tableModel();
         Retained retained{{table->horizontalScrollBar()->value(), table->verticalScrollBar()->value()}, {}, {}};
@@ -128,13 +131,8 @@ void MainWindow::reloadChangedFile(TableView* table) {
         }
         reloads.insert(table, retained);
     }
-    table->undoStack()->clear();
     watchedFiles->startReload(table->getFilepath());
-    table->tableModel()->takeFileDialect();
-    table->loadCSV(table->getFilepath(), true);
-    if (table == activeTable) {
-        setActiveTable(table);
-    }
+    table->readFileAgain();
 }
 
 void MainWindow::endReload(TableView* table) {

@@ -34,6 +34,7 @@ TableModel::TableModel(QObject* parent) : QAbstractTableModel(parent) {
     connect(&tableData, &TableData::tableSizeChangedSignal, this, [this] { highlighted.invalidate(); });
     connect(&tableData, &TableData::tableSizeChangedSignal, this, &TableModel::tableSizeChangedSignal);
     connect(&tableData, &TableData::loadFinishedSignal, this, &TableModel::onLoadFinished);
+    connect(&tableData, &TableData::loadFailedSignal, this, &TableModel::loadFailedSignal);
     connect(&tableData, &TableData::updateProgressSignal, this, &TableModel::updateProgress);
     connect(&tableData, &TableData::saveStartedSignal, this, &TableModel::onSaveStarted);
     connect(&tableData, &TableData::saveFinishedSignal, this, &TableModel::onSaveFinished);
@@ -82,12 +83,7 @@ QVariant TableModel::cellValue(QModelIndex const& index) const {
         if (range && range->value.isValid())
             return range->value;
     }
-    return storedValue(index.row(), index.column());
-}
-
-// During a load the cells belong to another thread.
-QVariant TableModel::storedValue(int row, int col) const {
-    return tableData.isLoading() ? QVariant() : tableData.getValueModel(row, col);
+    return tableData.getValueModel(index.row(), index.column());
 }
 
 QVariant TableModel::displayText(QModelIndex const& index) const {

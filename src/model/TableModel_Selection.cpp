@@ -23,8 +23,7 @@ void TableModel::announce(SelectionChange const& change) {
 
 void TableModel::onMainCellChanged() {
     Range mainCell = selection.mainCell();
-    if (!isLoading())
-        populateCellDataValues(mainCell, true, false);
+    populateCellDataValues(mainCell, true, false);
     emit mainCellChangedSignal(mainCell);
 }
 

@@ -76,6 +76,10 @@ void AbstractTableView::setLetEditorPaneConsumeNavigationKeystrokes(bool on) {
     letEditorPaneConsumeNavigationKeystrokes = on;
 }
 
+bool AbstractTableView::isLoading() const {
+    return table != nullptr && table->isLoading();
+}
+
 bool AbstractTableView::isMousePressed() const {
     return isSet(table->getPendingCornerStart());
 }
@@ -101,7 +105,7 @@ void AbstractTableView::deselectAllButTheMainCell() {
 
 KeyState AbstractTableView::keyState() const {
     KeyState state;
-    state.dead = isMousePressed() || loading;
+    state.dead = isMousePressed() || isLoading();
     state.cellEditing = hasContext(Context::CellEditing);
     state.editing = editing;
     state.editorPaneShown = hasContext(Context::EditorPaneShown);
@@ -111,7 +115,7 @@ KeyState AbstractTableView::keyState() const {
 }
 
 bool AbstractTableView::event(QEvent* event) {
-    if (event->type() == QEvent::KeyPress && !loading) {
+    if (event->type() == QEvent::KeyPress && !isLoading()) {
         auto* const key = static_cast<QKeyEvent*>(event);
         KeyDecision const decision = decideTab(*key, keyState());
         if (decision.action != KeyAction::PassToBase)
@@ -188,6 +192,8 @@ Range AbstractTableView::cellAtPos(int x, int y) const {
 }
 
 void AbstractTableView::mousePressEvent(QMouseEvent* event) {
+    if (isLoading())
+        return;
     pressEventCopy = copyOf(*event);
     QPoint const point = event->position().toPoint();
     switch (decidePress(event->button(), event->modifiers())) {
@@ -277,7 +283,7 @@ void AbstractTableView::endCutOffDrag() {
 }
 
 void AbstractTableView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
+    if (event->button() == Qt::LeftButton && !isLoading()) {
         deselectAllButTheMainCell();
         editMainCellAppend();
     }
@@ -327,7 +333,7 @@ void AbstractTableView::dataChanged(QModelIndex const& topLeft, QModelIndex cons
 }
 
 bool AbstractTableView::isReadOnlyTable() const {
-    return hasContext(Context::ReadOnly) || table->isReadOnly();
+    return hasContext(Context::ReadOnly) || table->isReadOnly() || isLoading();
 }
 
 // The context menu.

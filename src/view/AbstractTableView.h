@@ -46,8 +46,8 @@ public:
     virtual void setLetEditorPaneConsumeNavigationKeystrokes(bool on);
     /// The context menus of the cells and headers offer the commands among `actions`.
     virtual void setupContextMenus(CommandActions const& actions);
-    /// While a file is loaded in the background the keys are dead.
-    bool isLoading() const { return loading; }
+    /// Whether a file is being loaded in the background. Meanwhile the keys are dead and nothing changes the table.
+    bool isLoading() const;
     /// Whether an edit is open, over a cell or in the editor pane.
     bool isEditing() const { return editing; }
     /// The next focus that comes for no stated reason is taken, as when the window is activated.
@@ -156,7 +156,6 @@ protected:
 
     Context context = Context::TableActive;
     CommandActions commands;
-    bool loading = false;
     bool editing = false;
     bool letEditorPaneConsumeNavigationKeystrokes = true;
     QPointer<QuickEdit> cellEditor; ///< the open editor over a cell, null otherwise

@@ -1,6 +1,7 @@
 #include "view/TableView.h"
 
 #include "view/FrozenTableView.h"
+#include "view/GridLimits.h"
 #include "view/HeaderView.h"
 #include "view/ScrollAreaBottomRightCornerWidget.h"
 #include "view/TLCornerButton.h"
@@ -15,13 +16,6 @@
 namespace {
 
 constexpr int wheelSnapDelayMs = 100;
-
-/// How many cells a section's size is judged by, falling with the number of rows.
-int precisionForRows(int rows) {
-    if (rows > 999999)
-        return 50;
-    return rows > 99999 ? 100 : 500;
-}
 
 } // namespace
 
@@ -44,6 +38,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connect(this, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
     connectEditing();
     TableView::setModel(new TableModel(this));
+    tableModel()->setLoadLimits(GridLimits::of(defaultRowHeight, defaultColumnWidth));
     applyFont();
     setTheme(tableModel()->getTheme());
 }
@@ -103,6 +98,7 @@ void TableView::connectSignalsWithModel() {
     connect(model, &TableModel::startProgressUpdateSignal, this, &TableView::startProgressUpdateSignal);
     connect(model, &TableModel::loadProgressUpdateSignal, this, &TableView::loadProgressUpdateSignal);
     connect(model, &TableModel::loadFinishedSignal, this, &TableView::loadFinishedSignal);
+    connect(model, &TableModel::loadFailedSignal, this, &TableView::loadFailedSignal);
     connect(model, &TableModel::tableSizeChangedSignal, this, &TableView::tableSizeChangedSignal);
     connect(model, &TableModel::mainCellChangedSignal, this, &TableView::mainCellChangedSignal);
     connect(model, &TableModel::selectionSizeChangedSignal, this, &TableView::selectionSizeChangedSignal);
@@ -136,15 +132,21 @@ void TableView::connectSizesWithModel() {
 // Undo.
 
 void TableView::pushUndoCommand(QUndoCommand* command) {
+    if (isLoading()) {
+        delete command;
+        return;
+    }
     changeStack([this, command] { stack.push(command); });
 }
 
 void TableView::undo() {
-    changeStack([this] { stack.undo(); });
+    if (!isLoading())
+        changeStack([this] { stack.undo(); });
 }
 
 void TableView::redo() {
-    changeStack([this] { stack.redo(); });
+    if (!isLoading())
+        changeStack([this] { stack.redo(); });
 }
 
 // A command saves before the stack counts it, so the stack learns of the save afterwards.
@@ -195,31 +197,6 @@ void TableView::refreshView() {
 
 // The file.
 
-bool TableView::reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard) {
-    TableModel& model = *tableModel();
-    bool const same =
-        delimiter == model.getDelimiter() && encoding == model.getEncoding() && standard == model.getParsingStandard();
-    if (same || getFilepath().isEmpty())
-        return false;
-    stack.clear();
-    startBackgroundLoad();
-    return model.reloadFile(delimiter, encoding, standard);
-}
-
-void TableView::reloadFileReadOnly(bool on) {
-    setReadOnly(on);
-    if (!getFilepath().isEmpty()) {
-        stack.clear();
-        loadCSV(getFilepath(), true);
-    }
-}
-
-void TableView::startBackgroundLoad() {
-    hide();
-    loading = true;
-    setUpdatesEnabled(false);
-}
-
 void TableView::setReadOnly(bool on) {
     readOnly = on;
     settings.setValue(SettingType::ReadOnly, on);
@@ -233,38 +210,4 @@ void TableView::setExtensionData(ExtensionData const& data) {
     model->setLineEnding(data.lineEnding);
     model->setEncoding(data.encoding);
     model->setParsingStandard(data.parsingStandard);
-}
-
-void TableView::loadCSV(QString const& path, bool background) {
-    if (background)
-        startBackgroundLoad();
-    TableModel* const model = tableModel();
-    model->loadCSV(path, background, readOnly, model->getDelimiter(), model->getSaveDelimiter(), model->getEncoding(),
-                   model->getParsingStandard());
-    if (!background) {
-        setResizeContentsPrecision(50);
-        warnAutoFitIfLargeFile();
-        enforceAutoFitColWidth(true);
-        enforceAutoFitRowHeight(true);
-        refreshView();
-    }
-}
-
-// The scanner waits a moment at each report for this answer, so that it does not run ahead of the event queue.
-void TableView::onStartProgressUpdate() {
-    tableModel()->wakeLoader();
-}
-
-void TableView::onLoadProgressUpdate(int, int, int) {
-    tableModel()->wakeLoader();
-}
-
-void TableView::onLoadFinished() {
-    setResizeContentsPrecision(precisionForRows(tableModel()->rowCountModel()));
-    warnAutoFitIfLargeFile();
-    enforceAutoFitColWidth(false);
-    enforceAutoFitRowHeight(false);
-    setUpdatesEnabled(true);
-    loading = false;
-    show();
 }

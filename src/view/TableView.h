@@ -51,14 +51,21 @@ public:
     // The table and its file.
 
     /// Reads the file into the table by the options set before. In the background form the view is hidden until
-    /// onLoadFinished, and keys are dead.
-    void loadCSV(QString const& path, bool background);
+    /// onLoadFinished, keys are dead and changes refused. False for a file that cannot be opened: in the background
+    /// form the table is then as it was and loadFailedSignal tells why, in the other it is empty.
+    bool loadCSV(QString const& path, bool background);
+    /// Reads the table's file again in the dialect that it is in, on a thread. An open edit and the undo stack are
+    /// dropped. False if the file cannot be opened; then the table is as it was, and so it is with the next two.
+    bool readFileAgain();
     /// Reads the table's file again in another dialect, on a thread; the undo stack is cleared. False if that is the
     /// present dialect or there is no file.
     bool reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
     /// Reads the table's file again for reading only or for editing, on a thread; the undo stack is cleared. A table
     /// without a file only changes its mode.
     void reloadFileReadOnly(bool on);
+    /// Gives the focus to the table, or to what stands for it while it is loaded.
+    void takeFocus();
+    bool hasFocusInside() const;
     void setReadOnly(bool on);
     bool isReadOnly() const { return readOnly; }
     /// The options by which the table is loaded and saved; the delimiters must be settled.
@@ -77,7 +84,7 @@ public:
     // Undo.
 
     QUndoStack* undoStack() { return &stack; }
-    /// Carries the command out and keeps it for undo. Takes ownership.
+    /// Carries the command out and keeps it for undo. Takes ownership. A table that is being loaded takes none.
     void pushUndoCommand(QUndoCommand* command);
     void undo();
     void redo();
@@ -352,6 +359,10 @@ signals:
     void startProgressUpdateSignal();
     void loadProgressUpdateSignal(int done, int steps, int sizeMiB);
     void loadFinishedSignal();
+    /// A load in the background has begun.
+    void loadBegunSignal();
+    /// A load could not begin, for a reason that is a sentence for the user.
+    void loadFailedSignal(QString reason);
     void tableSizeChangedSignal(int rawRows, int rawCols, int modelRows, int modelCols);
     void mainCellChangedSignal(Range mainCell);
     void selectionChangedSignal(TableView* view);
@@ -454,7 +465,11 @@ private:
     void applyFont();
     bool askToDisableAutoFit(QString const& text);
 
-    void startBackgroundLoad();
+    bool beginReload(bool asReadOnly);
+    bool loadInBackground(std::function<bool()> const& load);
+    void hideForLoad();
+    void showAfterLoad();
+    void takeReadOnlyFromModel();
     void applyGlobalSettings();
     void applyTableSettings();
 

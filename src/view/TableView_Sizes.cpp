@@ -1,6 +1,7 @@
 // The sizes of rows and columns: defaults, bounds and what is set by hand.
 
 #include "model/TableModel.h"
+#include "view/GridLimits.h"
 #include "view/FrozenTableView.h"
 #include "view/TableResizing.h"
 #include "view/TableView.h"
@@ -109,6 +110,7 @@ void TableView::setDefaultColumnWidth(int width) {
 
 void TableView::setDefaultSize(Axis axis, int size) {
     (axis == Axis::Rows ? defaultRowHeight : defaultColumnWidth) = size;
+    tableModel()->setLoadLimits(GridLimits::of(defaultRowHeight, defaultColumnWidth));
     sizesOf(axis).setDefault(size);
     for (FrozenTableView const* const view : frozenViews()) {
         QHeaderView* const header = axis == Axis::Rows ? view->verticalHeader() : view->horizontalHeader();

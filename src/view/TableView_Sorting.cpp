@@ -9,7 +9,7 @@
 #include <memory>
 
 bool TableView::sortRowsOrCols(SortData const& sort) {
-    if (sort.sortType == SortType::None || sort.index < 0 || loading || sorting)
+    if (sort.sortType == SortType::None || sort.index < 0 || isLoading() || sorting)
         return false;
     stopEditing();
     QScopedValueRollback<bool> const busy(sorting, true);

@@ -28,8 +28,8 @@ protected:
         open(write("table.csv", content), false, encoding);
     }
 
-    void open(QString const& path, bool useThread, EncodingType encoding = EncodingType::Utf8) {
-        data.loadCSV(path, useThread, TableData::DataContainerType::Editable, QStringLiteral(","), QStringLiteral(","),
+    bool open(QString const& path, bool useThread, EncodingType encoding = EncodingType::Utf8) {
+        return data.loadCSV(path, useThread, TableData::DataContainerType::Editable, QStringLiteral(","), QStringLiteral(","),
                      encoding, ParsingStandard::Rfc4180);
     }
 

@@ -95,7 +95,7 @@ void PromptChain::onLauncherClosed() {
 
 void PromptChain::focusTable() {
     if (TableView* const active = paneView->getActiveTable())
-        active->setFocus();
+        active->takeFocus();
 }
 
 // The table is still whole, so that the step can take back what it has shown in it.

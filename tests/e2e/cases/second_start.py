@@ -42,13 +42,15 @@ class SecondStart(DesktopTest):
             self.expect_window(f"{name}.csv - Gridwright")
             self.type("x")
             self.press("Return", "ctrl+Next")
-        self.press_and_see("ctrl+l")
+        self.press("ctrl+l")
+        self.expect(launcher="")
         self.type("exit")
+        self.expect(launcher="exit", answer="File: Exit")
         self.press("Return")
-        self.expect_window("Gridwright")
+        self.expect_message("a.csv")
         self.expect_end(self.start("d.csv"))
-        for count in (1, 2, 3):
+        for name in "acb":
+            self.expect_message(f"{name}.csv")
             self.press("alt+s")
-            self.wait_for(lambda: [self.read(f"{name}.csv") for name in "abc"].count(b"x,2\n") == count,
-                          lambda: f"{count} files are not saved")
+            self.expect_file(f"{name}.csv", b"x,2\n")
         self.expect_window("d.csv - Gridwright")
