@@ -5,6 +5,7 @@
 #include "app/MainWindow.h"
 #include "app/PreferenceStartup.h"
 #include "app/WindowGeometry.h"
+#include "core/ModalHold.h"
 #include "core/PathUtilities.h"
 
 #include <QDir>
@@ -68,8 +69,11 @@ bool Application::makeTutorialFile() const {
 }
 
 void Application::handleCommandLineArguments(QStringList const& arguments) {
-    if (arguments.size() < 2 || activeMainWindow == nullptr) {
+    if (arguments.size() < 2) {
         return;
+    }
+    if (activeMainWindow == nullptr) { // the last one closed while the arguments waited
+        createNewInstance(true, {});
     }
     CommandLine const line = CommandLine::parse(arguments, workingDirectory);
     MainWindow& window = *activeMainWindow;
@@ -77,12 +81,19 @@ void Application::handleCommandLineArguments(QStringList const& arguments) {
         window.openFolder(folder);
     }
     applyRequestedGeometry(window, line);
+    window.tellMissing(line.missing);
     window.openFiles(line.files);
     window.activateWindow();
 }
 
 void Application::onMessageReceived(quint32, QByteArray const& message) {
-    HandOverMessage const handOver = HandOverMessage::parse(message);
+    if (ModalHold::isOpen() && activeMainWindow != nullptr) {
+        alert(activeMainWindow); // something waits behind the question
+    }
+    ModalHold::whenFree(this, [this, message] { carryOut(HandOverMessage::parse(message)); });
+}
+
+void Application::carryOut(HandOverMessage const& handOver) {
     if (handOver.asksForNewWindow()) {
         createNewInstance(true, {});
         return;
@@ -166,11 +177,13 @@ void Application::closeProgram() {
 }
 
 bool Application::event(QEvent* event) {
-    if (event->type() == QEvent::FileOpen && activeMainWindow != nullptr) {
+    if (event->type() == QEvent::FileOpen) {
         QString const file = static_cast<QFileOpenEvent*>(event)->file();
-        if (!file.isEmpty()) {
-            activeMainWindow->openFile(file);
-        }
+        ModalHold::whenFree(this, [this, file] {
+            if (!file.isEmpty() && activeMainWindow != nullptr) {
+                activeMainWindow->openFile(file);
+            }
+        });
     }
     return SingleApplication::event(event);
 }

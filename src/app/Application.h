@@ -8,6 +8,7 @@
 #include <vector>
 
 class MainWindow;
+struct HandOverMessage;
 
 /// The program: one process per user with any number of windows. The first start becomes the primary and runs; a later
 /// one is secondary, sends its arguments to the primary and exits, or starts up itself if nobody takes them.
@@ -28,6 +29,7 @@ public:
     bool event(QEvent* event) override;
 
 public slots:
+    /// Carries a later start out, after the questions that are open.
     void onMessageReceived(quint32 instanceId, QByteArray const& message);
     /// Opens a further window, centred or of the size of the one that asks.
     void createNewInstance(bool centred, QStringList const& files);
@@ -37,6 +39,7 @@ public slots:
     void closeProgram();
 
 private:
+    void carryOut(HandOverMessage const& handOver);
     /// Writes the sample table of a first run. True if it was not there.
     bool makeTutorialFile() const;
     MainWindow* addMainWindow(bool centred);

@@ -40,6 +40,8 @@ CommandLine CommandLine::parse(QStringList const& arguments, QString const& work
             result.folders.append(path);
         } else if (namesAFile(path)) {
             result.files.append(path);
+        } else {
+            result.missing.append(absolute);
         }
     }
     result.folders.removeDuplicates();

@@ -12,6 +12,7 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QPointer>
 #include <QUrl>
 
 void MainWindow::loadPreferences() {
@@ -91,12 +92,12 @@ void MainWindow::onSuppressAutoFitWarningsChanged(bool suppress) {
 
 // The edits of a table that is not saved would be lost: the table is read anew, in the other way.
 void MainWindow::commandToggleReadOnly() {
-    TableView* const table = activeTable;
+    QPointer<TableView> const table = activeTable;
     if (table->isLoading()) {
         return;
     }
     table->stopEditing();
-    if (table->getFilepath().isEmpty() || confirmDiscardUnsavedEditsForReload(table)) {
+    if (table && (table->getFilepath().isEmpty() || confirmDiscardUnsavedEditsForReload(table)) && table) {
         table->reloadFileReadOnly(!table->isReadOnly());
         refreshActiveTable();
     }

@@ -57,3 +57,35 @@ class SecondStart(DesktopTest):
         largest = str(2**31 - 1)
         self.start("-w", largest, "-h", largest, "-x", largest, "-y", largest, "a.csv")
         self.expect_window("a.csv - Gridwright")
+
+    def test_behind_a_file_dialog_files_open_when_it_is_left(self):
+        self.write("a.csv", b"1,2\n")
+        self.write("b.csv", b"3,4\n")
+        self.start("a.csv")
+        self.expect_window("a.csv - Gridwright")
+        self.press("ctrl+o")
+        self.expect_window("Open File")
+        self.expect_end(self.start("b.csv"))
+        self.press("Escape")
+        self.expect_window("b.csv - Gridwright")
+
+    def test_during_the_questions_of_a_closing_window_no_edit_is_lost(self):
+        for name in "abcd":
+            self.write(f"{name}.csv", b"1,2\n")
+        self.start("a.csv", "b.csv", "c.csv")
+        for name in "acb":
+            self.expect_window(f"{name}.csv - Gridwright")
+            self.type("x")
+            self.press("Return", "ctrl+Next")
+        self.press("ctrl+l")
+        self.expect(launcher="")
+        self.type("exit")
+        self.expect(launcher="exit", answer="File: Exit")
+        self.press("Return")
+        self.expect_message("a.csv")
+        self.expect_end(self.start("d.csv"))
+        for name in "acb":
+            self.expect_message(f"{name}.csv")
+            self.press("alt+s")
+            self.expect_file(f"{name}.csv", b"x,2\n")
+        self.expect_window("d.csv - Gridwright")
