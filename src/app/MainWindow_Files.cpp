@@ -218,8 +218,9 @@ void MainWindow::tellIfNotReadWhole(TableView const* table) {
                  "read-only, so that the rest of the file is not lost.")
             : tr("This file became shorter, or could not be read on, while it was being opened:\n%1\n\nThe table "
                  "holds what could be read.");
-    MsgBox::inform(this, theme, result.beyondLimits ? text.arg(table->getFilepath(), result.reason)
-                                                    : text.arg(table->getFilepath()));
+    MsgBox::inform(this, theme,
+                   result.beyondLimits ? text.arg(table->getFilepath(), result.reason)
+                                       : text.arg(table->getFilepath()));
 }
 
 bool MainWindow::closeFile(TableView* table) {
@@ -229,7 +230,7 @@ bool MainWindow::closeFile(TableView* table) {
     if (table->isEditing()) {
         table->stopEditing();
     }
-    if (table->undoStack()->isClean() || isUntouchedEmptyTable(table)) {
+    if (!table->hasUnsavedChanges() || isUntouchedEmptyTable(table)) {
         return closeFileNoSave(table);
     }
     setActiveTable(table);

@@ -48,11 +48,17 @@ ExtensionData presentOptions(TableModel const& model) {
 } // namespace
 
 bool MainWindow::saveFile(TableView* table) {
-    if (table == nullptr || table->isLoading() || table->isReadOnly()) {
+    if (table == nullptr || table->isLoading()) {
         return false;
     }
     table->stopEditing();
     QString const path = table->getFilepath();
+    if (table->isReadOnly() && !path.isEmpty()) {
+        MsgBox::inform(this, theme,
+                       buildSaveFailureMessage(path, tr("The table is read-only. \"Save File As\" saves it to another "
+                                                        "file.")));
+        return false;
+    }
     if (path.isEmpty()) {
         return saveFileAs(table, false);
     }
@@ -286,6 +292,9 @@ void MainWindow::commandSaveVisibleDataAs() {
 void MainWindow::commandSaveAllFiles() {
     activeTable->stopEditing();
     for (TableView* const table : paneView->getTables()) {
+        if (table->isReadOnly() && !table->hasUnsavedChanges()) {
+            continue;
+        }
         saveFile(table);
     }
 }

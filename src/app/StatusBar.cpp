@@ -48,6 +48,7 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     setFont(QFont(QStringLiteral("Lucida Sans Unicode"), pointSize));
     setSizeGripEnabled(false);
     setContentsMargins(10, 0, 10, 0);
+    connect(this, &QStatusBar::messageChanged, this, &StatusBar::dropWhatDoesNotFit);
     auto* const sideBarButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Left.png"), tr("Side Bar"));
     connect(sideBarButton, &QToolButton::clicked, this, &StatusBar::sideBarButtonPressedSignal);
     addWidget(sideBarButton);
@@ -108,7 +109,7 @@ void StatusBar::resizeEvent(QResizeEvent* event) {
     dropWhatDoesNotFit();
 }
 
-// A label that is cut off says nothing; it is better not there.
+// A label that is cut off says nothing; it is better not there. A message takes the place of those at the left.
 void StatusBar::dropWhatDoesNotFit() {
     constexpr int gap = 24; // around a label, with what the bar's layout adds
     constexpr int buttons = 80;
@@ -120,7 +121,8 @@ void StatusBar::dropWhatDoesNotFit() {
     for (LabelInfo const* const info : byRank) {
         QLabel* const label = labels[static_cast<std::size_t>(info->label)];
         left -= label->sizeHint().width() + gap;
-        label->setVisible(left >= 0);
+        bool const isCovered = !info->atRight && !currentMessage().isEmpty();
+        label->setVisible(left >= 0 && !isCovered);
     }
 }
 
