@@ -18,9 +18,12 @@
 Application::Application(int& argc, char** argv, bool allowSecondary, QFlags<Mode> mode, int timeoutMs)
     : SingleApplication(argc, argv, allowSecondary, mode, timeoutMs), workingDirectory(QDir::currentPath()) {
     setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
-    if (isSecondary()) {
-        return;
+    if (!isSecondary()) {
+        startUp();
     }
+}
+
+void Application::startUp() {
     // A static library's resources are linked only where they are asked for.
     Q_INIT_RESOURCE(documents);
     connect(this, &SingleApplication::receivedMessage, this, &Application::onMessageReceived);
@@ -46,6 +49,7 @@ Application::Application(int& argc, char** argv, bool allowSecondary, QFlags<Mod
 }
 
 Application::~Application() {
+    setServing(false);
     std::vector<MainWindow*> const left = std::exchange(mainWindows, {});
     for (MainWindow* window : left) {
         window->close();
@@ -72,8 +76,7 @@ void Application::handleCommandLineArguments(QStringList const& arguments) {
     for (QString const& folder : line.folders) {
         window.openFolder(folder);
     }
-    window.resize(line.width >= 1 ? line.width : window.width(), line.height >= 1 ? line.height : window.height());
-    window.move(line.x >= 0 ? line.x : window.x(), line.y >= 0 ? line.y : window.y());
+    applyRequestedGeometry(window, line);
     window.openFiles(line.files);
     window.activateWindow();
 }
@@ -92,6 +95,7 @@ MainWindow* Application::addMainWindow(bool centred) {
     auto* window = new MainWindow;
     activeMainWindow = window;
     mainWindows.push_back(window);
+    setServing(true);
     if (centred) {
         applyDefaultGeometry(*window);
         window->show();
@@ -143,6 +147,8 @@ void Application::removeMainWindow(QObject* window) {
     if (window == activeMainWindow) {
         activeMainWindow = mainWindows.empty() ? nullptr : mainWindows.front();
     }
+    // The program is about to end. A start that comes now is to be a new one.
+    setServing(!mainWindows.empty());
 }
 
 void Application::onMainWindowFocusChanged() {

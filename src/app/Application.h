@@ -10,7 +10,7 @@
 class MainWindow;
 
 /// The program: one process per user with any number of windows. The first start becomes the primary and runs; a later
-/// one is secondary, sends its arguments to the primary and exits.
+/// one is secondary, sends its arguments to the primary and exits, or starts up itself if nobody takes them.
 class Application : public SingleApplication {
     Q_OBJECT
 
@@ -18,6 +18,9 @@ public:
     Application(int& argc, char** argv, bool allowSecondary, QFlags<Mode> mode, int timeoutMs);
     ~Application() override;
 
+    /// Prepares the preferences, opens the first window and carries the own command line out. The constructor does so
+    /// unless this start is secondary.
+    void startUp();
     /// Carries a command line out on the active window; element 0 is the program's own path.
     void handleCommandLineArguments(QStringList const& arguments);
     std::vector<MainWindow*> const& getMainWindows() const { return mainWindows; }

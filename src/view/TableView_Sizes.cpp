@@ -1,8 +1,8 @@
 // The sizes of rows and columns: defaults, bounds and what is set by hand.
 
 #include "model/TableModel.h"
-#include "view/GridLimits.h"
 #include "view/FrozenTableView.h"
+#include "view/GridLimits.h"
 #include "view/TableResizing.h"
 #include "view/TableView.h"
 
