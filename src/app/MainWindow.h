@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/SettingsWriter.h"
 #include "app/StatusBar.h"
 #include "app/UnbuiltCommands.h"
 #include "app/WatchedFiles.h"
@@ -447,6 +448,11 @@ private:
     void askForSetting(SettingType type);
     /// Keeps the value of a setting for the window and in the settings file, and puts it in force.
     void storeSetting(SettingType type, QString const& value);
+    /// Lets all parts know of a setting that has changed, and writes it into its file.
+    void putInForce(SettingType type);
+    /// A failure is told.
+    void writeSetting(SettingType type);
+    void tellUnknownTheme();
     bool confirmDiscardUnsavedEditsForReload(TableView* table);
     /// Asks whether to save, to discard or to cancel; true if the changes are saved or the user lets them go.
     bool mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel);
@@ -534,6 +540,7 @@ private:
 
     Theme theme;
     Settings settings;
+    SettingsWriter settingsWriter;
     bool updating = false;
     PreferenceWatcher* preferenceWatcher = nullptr;
     inline static WatchedFiles::Timings watchTimings;

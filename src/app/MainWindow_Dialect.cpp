@@ -78,7 +78,7 @@ void MainWindow::reloadTable(TableView* table, Dialect const& dialect) {
 }
 
 bool MainWindow::confirmDiscardUnsavedEditsForReload(TableView* table) {
-    if (table->undoStack()->isClean()) {
+    if (!table->hasUnsavedChanges()) {
         return true;
     }
     return mayLoseChanges(table,

@@ -250,7 +250,7 @@ bool MainWindow::closeFile(TableView* table) {
     if (table->isEditing()) {
         table->stopEditing();
     }
-    if (alive && !table->undoStack()->isClean() && !isUntouchedEmptyTable(table)) {
+    if (alive && table->hasUnsavedChanges() && !isUntouchedEmptyTable(table)) {
         setActiveTable(table);
         QString const question = tr("Do you want to save changes to %1?").arg(table->tableModel()->getTableName());
         if (!mayLoseChanges(table, question, tr("Do&n't Save"))) {

@@ -49,7 +49,7 @@ ExtensionData presentOptions(TableModel const& model) {
 } // namespace
 
 bool MainWindow::saveFile(TableView* table) {
-    if (table == nullptr || table->isLoading() || (table->isReadOnly() && !table->getFilepath().isEmpty())) {
+    if (table == nullptr || table->isLoading()) {
         return false;
     }
     QPointer<TableView> const alive = table;
@@ -58,6 +58,12 @@ bool MainWindow::saveFile(TableView* table) {
         return false;
     }
     QString const path = table->getFilepath();
+    if (table->isReadOnly() && !path.isEmpty()) {
+        MsgBox::inform(this, theme,
+                       buildSaveFailureMessage(path, tr("The table is read-only. \"Save File As\" saves it to another "
+                                                        "file.")));
+        return false;
+    }
     if (path.isEmpty()) {
         return saveFileAs(table, false);
     }
@@ -312,6 +318,9 @@ void MainWindow::commandSaveAllFiles() {
     activeTable->stopEditing();
     TableWalk walk(*paneView);
     while (TableView* const table = walk.next()) {
+        if (table->isReadOnly() && !table->hasUnsavedChanges()) {
+            continue;
+        }
         saveFile(table);
     }
 }

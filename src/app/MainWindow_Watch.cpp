@@ -43,7 +43,7 @@ void MainWindow::watchTable(TableView* table) {
 }
 
 bool MainWindow::hasUnsavedEdits(TableView* table) const {
-    bool const changed = !table->undoStack()->isClean() && !onlySortedSinceReload.contains(table);
+    bool const changed = table->hasUnsavedChanges() && !onlySortedSinceReload.contains(table);
     return (changed || table->hasAutoSaveFailed() || table->isEditing()) && !isUntouchedEmptyTable(table);
 }
 

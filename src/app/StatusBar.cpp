@@ -49,6 +49,7 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     setFont(QFont(QStringLiteral("Lucida Sans Unicode"), pointSize));
     setSizeGripEnabled(false);
     setContentsMargins(10, 0, 10, 0);
+    connect(this, &QStatusBar::messageChanged, this, &StatusBar::dropWhatDoesNotFit);
     auto* const sideBarButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Left.png"), tr("Side Bar"));
     connect(sideBarButton, &QToolButton::clicked, this, &StatusBar::sideBarButtonPressedSignal);
     addWidget(sideBarButton);
@@ -128,7 +129,7 @@ StatusBar::LabelRoom StatusBar::labelRoom() const {
     return room;
 }
 
-// A label that is cut off says nothing; it is better not there.
+// A label that is cut off says nothing; it is better not there. A message takes the place of those at the left.
 void StatusBar::dropWhatDoesNotFit() {
     LabelRoom const room = labelRoom();
     int left = room.width;
@@ -139,7 +140,8 @@ void StatusBar::dropWhatDoesNotFit() {
     for (LabelInfo const* const info : byRank) {
         QLabel* const label = labels[static_cast<std::size_t>(info->label)];
         left -= label->sizeHint().width() + room.gap;
-        label->setVisible(left >= 0);
+        bool const isCovered = !info->atRight && !currentMessage().isEmpty();
+        label->setVisible(left >= 0 && !isCovered);
     }
 }
 

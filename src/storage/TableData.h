@@ -63,6 +63,9 @@ public:
     /// keeps it so until all who show it have taken the load in.
     void setLocked(bool on) { locked = on; }
     bool isLocked() const { return isLoading() || locked; }
+    /// A read-only table refuses every change of its cells; its lines can still be put in another order, concealed and
+    /// transposed.
+    void setReadOnly(bool on) { readOnly = on; }
     /// The container of the table as it is now: an empty one during a load, while the one that is being filled belongs
     /// to the load thread.
     AbstractDataContainer* getDataContainer() const { return dataContainer.get(); }
@@ -266,6 +269,7 @@ private:
     void takeOverLoaded();
     void endLoadThread(AbstractDataContainer* container);
     bool refusesSave(QString const& path);
+    bool refusesChanges() const { return readOnly || isLocked(); }
 
     // Every row and column pair above is a face of one of these. They know stored axes only.
 
@@ -332,6 +336,7 @@ private:
     std::unique_ptr<QThread> loadThread; ///< none unless a load runs
     int loadNumber = 0;                  ///< tells the signals of the present load from late ones of an earlier load
     bool locked = false;
+    bool readOnly = false;
     LoadLimits loadLimits;
     QString saveRefusal; ///< why the last save was refused, empty if it was not
 };

@@ -1,5 +1,6 @@
 #include "view/TableView.h"
 
+#include "model/undo/TableUndoCommand.h"
 #include "view/FrozenTableView.h"
 #include "view/HeaderView.h"
 #include "view/HiddenNotice.h"
@@ -133,21 +134,32 @@ void TableView::connectSizesWithModel() {
 // Undo.
 
 void TableView::pushUndoCommand(QUndoCommand* command) {
-    if (isLoading()) {
+    if (refuses(command))
         delete command;
-        return;
-    }
-    changeStack([this, command] { stack.push(command); });
+    else
+        changeStack([this, command] { stack.push(command); });
 }
 
 void TableView::undo() {
-    if (!isLoading())
+    if (!refuses(stack.command(stack.index() - 1)))
         changeStack([this] { stack.undo(); });
 }
 
 void TableView::redo() {
-    if (!isLoading())
+    if (!refuses(stack.command(stack.index())))
         changeStack([this] { stack.redo(); });
+}
+
+/// Whether the table loads, or is read-only and the command, or one within it, would change its cells. Null is no
+/// command.
+bool TableView::refuses(QUndoCommand const* command) const {
+    if (isLoading() || command == nullptr)
+        return isLoading();
+    auto const* const change = dynamic_cast<TableUndoCommand const*>(command);
+    bool refused = readOnly && change != nullptr && change->changesCells();
+    for (int i = 0; i < command->childCount() && !refused; ++i)
+        refused = refuses(command->child(i));
+    return refused;
 }
 
 // A command saves before the stack counts it, so the stack learns of the save afterwards.

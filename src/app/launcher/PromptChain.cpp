@@ -115,8 +115,10 @@ void PromptChain::show(Step const& step, QString const& text, int start, int len
     launcher->setQueryTitle(step->title);
     launcher->setQueryDescription(step->description);
     if (!step->options.empty())
-        launcher->setOptions(step->options);
+        launcher->setOptions(step->options, step->noMatch);
     launcher->setEditorText(text);
+    if (text.isEmpty())
+        launcher->selectOption(step->selected);
     if (length > 0)
         launcher->setEditorSelection(start, length);
     else
