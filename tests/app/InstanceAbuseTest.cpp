@@ -36,10 +36,16 @@ TEST_F(InstanceAbuseTest, FramesLeftHangingAreDroppedAndQuietClientsStay) {
     quiet.write(introduction);
     EXPECT_EQ(acknowledgements(quiet, 2), QByteArray(2, acknowledgement));
 
-    for (QByteArray const& part :
-         {QByteArray(), introduction.left(3), introduction.chopped(1), introduction + encodeHeader(9).chopped(1),
-          introduction + encodeHeader(9) + "half"}) {
-        EXPECT_TRUE(isDropped(socketPath(), {part})) << part.toHex().toStdString();
+    QByteArray const parts[] = {QByteArray(), introduction.left(3), introduction.chopped(1),
+                                introduction + encodeHeader(9).chopped(1), introduction + encodeHeader(9) + "half"};
+    QLocalSocket clients[std::size(parts)];
+    for (std::size_t i = 0; i < std::size(parts); ++i) {
+        connectTo(clients[i], socketPath());
+        clients[i].write(parts[i]);
+        clients[i].waitForBytesWritten(patience);
+    }
+    for (QLocalSocket& client : clients) {
+        EXPECT_TRUE(client.state() == QLocalSocket::UnconnectedState || client.waitForDisconnected(patience));
     }
 
     QLocalSocket slow;
