@@ -88,12 +88,6 @@ void boundRowsOneOfThemTall(benchmark::State& state) {
     view.setRowHeight(1000, view.getDefaultRowHeight());
 }
 
-void makeRoomForARow(benchmark::State& state) {
-    TableView& view = wideTable();
-    for (auto _ : state)
-        view.resizeRowsBeforeInsert({3});
-}
-
 void insertARowAndUndo(benchmark::State& state) {
     TableView& view = wideTable();
     for (auto _ : state) {
@@ -122,6 +116,5 @@ BENCHMARK(open)->Arg(0)->Arg(1)->Arg(0)->Arg(1)->Iterations(5)->Unit(benchmark::
 BENCHMARK(fitFiftyColumns)->Unit(benchmark::kMillisecond);
 BENCHMARK(boundRowsOfDefaultHeight)->Unit(benchmark::kMillisecond);
 BENCHMARK(boundRowsOneOfThemTall)->Unit(benchmark::kMillisecond);
-BENCHMARK(makeRoomForARow)->Unit(benchmark::kMillisecond);
 BENCHMARK(insertARowAndUndo)->Unit(benchmark::kMillisecond);
 BENCHMARK(fitAThousandRows)->Unit(benchmark::kMillisecond);

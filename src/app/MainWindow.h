@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/SettingsWriter.h"
 #include "app/StatusBar.h"
 #include "app/UnbuiltCommands.h"
 #include "app/WatchedFiles.h"
@@ -21,11 +22,14 @@
 #include <QSet>
 #include <QStringList>
 
+#include <memory>
 #include <vector>
 
 class FileMetadataWidget;
 class FindReplaceWidget;
 class FindResultsWidget;
+class GoneTables;
+class NoticeLine;
 class PaneView;
 class PreferenceWatcher;
 class SideBar;
@@ -55,6 +59,8 @@ public:
     /// The first one becomes the active table. True if any table was taken.
     bool openFiles(QStringList const& paths);
     bool openFile(QString const& path);
+    /// Tells without a question that files which were to be opened do not exist.
+    void tellMissing(QStringList const& paths);
     /// Tells that a folder is no table.
     void openFolder(QString const& path);
     /// Closes a table; the window always keeps one.
@@ -101,6 +107,7 @@ public:
     void runCommand(QString const& name);
 
 public slots:
+    /// The user turns to a table: shows it and gives it the focus.
     void setActiveTable(TableView* table);
     /// What the window and its table are doing now; commands are live or not by it.
     void setContext(Context newContext);
@@ -410,6 +417,13 @@ private:
     void onSuppressAutoFitWarningsChanged(bool suppress);
     void addToMenu(QMenu& menu, std::vector<MenuItem> const& items);
 
+    // Which table is the active one, what is told about it, and where the keys go are three things. Only what the user
+    // does moves the focus.
+
+    /// Makes a table the active one. The focus stays where it is.
+    void showTable(TableView* table);
+    /// Brings context, title and status bar in step with the active table.
+    void refreshActiveTable();
     TableView* makeEmptyTableObject();
     TableView* addEmptyTableEditor();
     TableView* addTableEditorFromFile(QString const& path, bool readOnly, bool isPreferenceFile);
@@ -418,8 +432,12 @@ private:
     TableView* takeTable(QString const& path);
     /// Asks about a file of many megabytes whether it is to be opened read-only; false if not at all.
     bool askHowToOpenLargeFile(QString const& path, bool& readOnly);
-    void removeTable(TableView* table);
-    bool closeFileNoSave(TableView* table);
+    /// Takes a table out of the window, whole; there may be no active one afterwards.
+    std::unique_ptr<TableView> detachTable(TableView* table);
+    /// Does the same and shows another table in the place of the active one.
+    std::unique_ptr<TableView> takeOut(TableView* table);
+    /// Ends a table that nobody has put anything into, unless it is the one that shows.
+    void dropUntouched(TableView* table);
     void onSavedStatusChanged(TableView* table, bool clean);
     /// The bits that the table brings to the window's context.
     Context contextOfTable(TableView const* table) const;
@@ -430,6 +448,11 @@ private:
     void askForSetting(SettingType type);
     /// Keeps the value of a setting for the window and in the settings file, and puts it in force.
     void storeSetting(SettingType type, QString const& value);
+    /// Lets all parts know of a setting that has changed, and writes it into its file.
+    void putInForce(SettingType type);
+    /// A failure is told.
+    void writeSetting(SettingType type);
+    void tellUnknownTheme();
     bool confirmDiscardUnsavedEditsForReload(TableView* table);
     /// Asks whether to save, to discard or to cancel; true if the changes are saved or the user lets them go.
     bool mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel);
@@ -474,11 +497,14 @@ private:
     // Changes by other programs (MainWindow_Watch.cpp).
     void setupWatch();
     void watchTable(TableView* table);
-    void unwatchTable(TableView const* table);
+    void unwatchTable(TableView* table);
     void onWatchedFileGone(QString const& path);
+    /// Opens a table whose file went as one without a file.
+    void takeBack(TableView* table);
     void askForReload(QString const& path);
     void askForReloadOverEdits(QString const& path);
-    void askWhetherToReload(QString const& path, QString const& question, QString const& refusal);
+    void askWhetherToReload(QString const& path, QString const& question, QString const& refusal,
+                            QString const& remark);
     /// Reads a table's file again; its edits are lost.
     void reloadChangedFile(TableView* table);
     void endReload(TableView* table);
@@ -486,9 +512,13 @@ private:
     /// Edits that a reload would lose: no sort that a reload has made and would make again.
     bool hasUnsavedEdits(TableView* table) const;
     bool isUntouchedEmptyTable(TableView const* table) const;
+    void onTableLoadBegun(TableView* table);
     void onTableLoaded(TableView* table);
-    /// Warns of a table that may lack the end of its file.
+    /// Tells why a table could not be read again, which keeps what it has.
+    void onTableLoadFailed(TableView* table, QString const& reason);
+    /// Warns of a table that lacks the end of its file.
     void tellIfNotReadWhole(TableView const* table);
+    void tellThatItCannotBeOpened(QString const& path, QString const& reason);
 
     void onCommandLauncher();
     void onCommandLauncherResponseReceived(QString const& response);
@@ -510,6 +540,7 @@ private:
 
     Theme theme;
     Settings settings;
+    SettingsWriter settingsWriter;
     bool updating = false;
     PreferenceWatcher* preferenceWatcher = nullptr;
     inline static WatchedFiles::Timings watchTimings;
@@ -532,9 +563,12 @@ private:
     SideBar* sideBar = nullptr;
     FindReplaceWidget* findReplaceWidget = nullptr;
     FindResultsWidget* findResultsWidget = nullptr;
+    GoneTables* goneTables = nullptr;
+    NoticeLine* missingFiles = nullptr; ///< tells of paths that were to be opened and do not exist
     FileMetadataWidget* fileMetadataWidget = nullptr;
     QScrollArea* metadataArea = nullptr;
     StatusBar* labelBar = nullptr;
     SelectionStatistics statistics; ///< of a large selection in the active table
     TableView* activeTable = nullptr;
+    bool closing = false; ///< the window asks about its tables, or will when another question is answered
 };

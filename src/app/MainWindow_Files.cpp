@@ -2,6 +2,7 @@
 
 #include "app/FileOpening.h"
 #include "app/MainWindow.h"
+#include "app/NoticeLine.h"
 #include "app/PaneView.h"
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
@@ -10,11 +11,12 @@
 #include "core/DialectUtilities.h"
 #include "core/EncodingUtilities.h"
 #include "core/PathUtilities.h"
+#include "view/FileDialog.h"
 #include "view/MsgBox.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QFileInfo>
+#include <QPointer>
 #include <QPushButton>
 
 #include <algorithm>
@@ -60,24 +62,37 @@ ExtensionData preferenceFileOptions() {
 } // namespace
 
 bool MainWindow::openFiles(QStringList const& paths) {
-    TableView* const before = activeTable;
-    TableView* first = nullptr;
+    QPointer<TableView> const before = activeTable;
+    QPointer<TableView> first;
     for (QString const& path : paths) {
         TableView* const table = takeTable(path);
-        first = first == nullptr ? table : first;
+        if (!first) {
+            first = table;
+        }
     }
-    if (first == nullptr) {
+    if (!first) {
         return false;
     }
     setActiveTable(first);
-    if (before != first && isUntouchedEmptyTable(before)) {
-        removeTable(before);
-    }
+    dropUntouched(before);
     return true;
+}
+
+void MainWindow::dropUntouched(TableView* table) {
+    if (table != nullptr && table != activeTable && isUntouchedEmptyTable(table)) {
+        detachTable(table);
+    }
 }
 
 bool MainWindow::openFile(QString const& path) {
     return openFiles({path});
+}
+
+void MainWindow::tellMissing(QStringList const& paths) {
+    if (!paths.isEmpty()) {
+        missingFiles->tell(paths.size() == 1 ? tr("This file does not exist: %1") : tr("These files do not exist: %1"),
+                           paths);
+    }
 }
 
 void MainWindow::openFolder(QString const& path) {
@@ -90,7 +105,7 @@ TableView* MainWindow::takeTable(QString const& path) {
     }
     QString const reason = reasonAgainstOpening(path);
     if (!reason.isEmpty()) {
-        MsgBox::inform(this, theme, tr("This can't be opened as a table:\n%1\n\n%2").arg(path, reason));
+        tellThatItCannotBeOpened(path, reason);
         return nullptr;
     }
     if (Utilities::isPreferenceFilepath(path)) {
@@ -100,7 +115,8 @@ TableView* MainWindow::takeTable(QString const& path) {
     if (!readOnly && !askHowToOpenLargeFile(path, readOnly)) {
         return nullptr;
     }
-    return addTableEditorFromFile(path, readOnly, false);
+    TableView* const openedMeanwhile = paneView->getTableView(path);
+    return openedMeanwhile != nullptr ? openedMeanwhile : addTableEditorFromFile(path, readOnly, false);
 }
 
 bool MainWindow::askHowToOpenLargeFile(QString const& path, bool& readOnly) {
@@ -113,13 +129,15 @@ bool MainWindow::askHowToOpenLargeFile(QString const& path, bool& readOnly) {
     MsgBox box(this);
     box.setTheme(theme);
     box.setText(tr("This file is large (%1 MB).\n").arg(size) + tr("Would you like to open it in read-only mode?"));
+    box.nameFile(path);
     QPushButton* const asReadOnly = box.addButton(tr("Open as &Read-Only"), QMessageBox::AcceptRole);
     QPushButton* const forEditing = box.addButton(tr("Open in &Edit Mode"), QMessageBox::AcceptRole);
     box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
-    asReadOnly->setFixedWidth(buttonWidth);
-    forEditing->setFixedWidth(buttonWidth);
     box.setDefaultButton(asReadOnly);
     box.conditionButtons();
+    for (QPushButton* const button : {asReadOnly, forEditing}) {
+        MsgBox::enlarge(*button, {buttonWidth, 0});
+    }
     box.exec();
     readOnly = box.clickedButton() == asReadOnly;
     return readOnly || box.clickedButton() == forEditing;
@@ -153,10 +171,20 @@ TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly
         ExtensionData const row = ExtensionTable::find(extensions, ExtensionTable::extensionOfFile(path));
         table->setExtensionData(settledOptions(row, path));
     }
-    table->loadCSV(path, !isPreferenceFile && QFileInfo(path).size() > backgroundLoadSize);
+    QString reason;
+    auto const ears = connect(table, &TableView::loadFailedSignal, [&](QString const& told) { reason = told; });
+    bool const opened = table->loadCSV(path, !isPreferenceFile && QFileInfo(path).size() > backgroundLoadSize);
+    disconnect(ears);
+    if (!opened) {
+        reason += table->tableModel()->getLoadResult().reason;
+        delete table;
+        tellThatItCannotBeOpened(path, reason);
+        return nullptr;
+    }
     addTableEditorFromView(table);
+    QPointer<TableView> const added = table;
     tellIfNotReadWhole(table);
-    return table;
+    return added;
 }
 
 void MainWindow::addTableEditorFromView(TableView* table) {
@@ -170,49 +198,71 @@ bool MainWindow::isUntouchedEmptyTable(TableView const* table) const {
     return table->getFilepath().isEmpty() && model.rowCountRaw() == 0 && model.columnCountRaw() == 0;
 }
 
-void MainWindow::onTableLoaded(TableView* table) {
-    endReload(table);
-    tellIfNotReadWhole(table);
+void MainWindow::tellThatItCannotBeOpened(QString const& path, QString const& reason) {
+    MsgBox::inform(this, theme, tr("This can't be opened as a table:\n%1\n\n%2").arg(path, reason));
+}
+
+void MainWindow::onTableLoadBegun(TableView* table) {
     if (table == activeTable) {
-        setActiveTable(table);
+        refreshActiveTable();
     }
 }
 
-void MainWindow::tellIfNotReadWhole(TableView const* table) {
-    if (!table->isLoading() && !table->tableModel()->wasFileReadWhole()) {
-        MsgBox::inform(this, theme,
-                       tr("This file became shorter, or could not be read on, while it was being opened:\n%1\n\nThe "
-                          "table holds what could be read.")
-                           .arg(table->getFilepath()));
+void MainWindow::onTableLoaded(TableView* table) {
+    endReload(table);
+    if (table == activeTable) {
+        refreshActiveTable();
     }
+    tellIfNotReadWhole(table);
+}
+
+void MainWindow::onTableLoadFailed(TableView* table, QString const& reason) {
+    QString const path = table->getFilepath();
+    if (!table->isLoading()) {
+        reloads.remove(table);
+    }
+    watchedFiles->onLoadFinished(path);
+    MsgBox::inform(this, theme,
+                   tr("This file can't be read again:\n%1\n\n%2\n\nThe table keeps what it had.").arg(path, reason));
+}
+
+void MainWindow::tellIfNotReadWhole(TableView const* table) {
+    LoadResult const& result = table->tableModel()->getLoadResult();
+    if (table->isLoading() || result.end == LoadEnd::Whole) {
+        return;
+    }
+    QString const text =
+        result.beyondLimits
+            ? tr("This file has more than a table can show:\n%1\n\n%2 The table holds it up to there and is "
+                 "read-only, so that the rest of the file is not lost.")
+            : tr("This file became shorter, or could not be read on, while it was being opened:\n%1\n\nThe table "
+                 "holds what could be read.");
+    MsgBox::inform(this, theme,
+                   result.beyondLimits ? text.arg(table->getFilepath(), result.reason)
+                                       : text.arg(table->getFilepath()));
 }
 
 bool MainWindow::closeFile(TableView* table) {
     if (table == nullptr) {
         return false;
     }
+    QPointer<TableView> const alive = table;
     if (table->isEditing()) {
         table->stopEditing();
     }
-    if (table->undoStack()->isClean() || isUntouchedEmptyTable(table)) {
-        return closeFileNoSave(table);
+    if (alive && table->hasUnsavedChanges() && !isUntouchedEmptyTable(table)) {
+        setActiveTable(table);
+        QString const question = tr("Do you want to save changes to %1?").arg(table->tableModel()->getTableName());
+        if (!mayLoseChanges(table, question, tr("Do&n't Save"))) {
+            return false;
+        }
     }
-    setActiveTable(table);
-    QString const question = tr("Do you want to save changes to %1?").arg(table->tableModel()->getTableName());
-    return mayLoseChanges(table, question, tr("Do&n't Save")) && closeFileNoSave(table);
-}
-
-bool MainWindow::closeFileNoSave(TableView* table) {
-    if (table != activeTable) {
-        removeTable(table);
-        return true;
-    }
-    int const index = tabBar->getIndexFromTable(table);
-    removeTable(table);
-    if (tabBar->count() == 0) {
-        commandNewFile();
-    } else {
-        setActiveTable(tabBar->tableAt(std::max(index - 1, 0)));
+    if (alive) {
+        bool const wasActive = table == activeTable;
+        takeOut(table);
+        if (wasActive) {
+            activeTable->takeFocus();
+        }
     }
     return true;
 }
@@ -221,14 +271,23 @@ void MainWindow::onSavedStatusChanged(TableView* table, bool clean) {
     tabBar->setSaved(table, clean);
 }
 
-void MainWindow::removeTable(TableView* table) {
+std::unique_ptr<TableView> MainWindow::detachTable(TableView* table) {
     unwatchTable(table);
     tabBar->removeTable(table);
     paneView->removeTable(table);
     if (table == activeTable) {
         activeTable = nullptr;
     }
-    delete table;
+    return std::unique_ptr<TableView>(table);
+}
+
+std::unique_ptr<TableView> MainWindow::takeOut(TableView* table) {
+    int const index = tabBar->getIndexFromTable(table);
+    std::unique_ptr<TableView> detached = detachTable(table);
+    if (activeTable == nullptr) {
+        showTable(tabBar->count() == 0 ? addEmptyTableEditor() : tabBar->tableAt(std::max(index - 1, 0)));
+    }
+    return detached;
 }
 
 void MainWindow::commandNewFile() {
@@ -236,7 +295,7 @@ void MainWindow::commandNewFile() {
 }
 
 void MainWindow::commandOpenFile() {
-    openFiles(QFileDialog::getOpenFileNames(this, tr("Open File")));
+    openFiles(FileDialog::filesToOpen(this, tr("Open File")));
 }
 
 void MainWindow::commandNewWindow() {
@@ -248,10 +307,9 @@ void MainWindow::commandCloseFile() {
 }
 
 void MainWindow::commandCloseAllFiles() {
-    for (TableView* table : paneView->getTables()) {
-        if (!closeFile(table)) {
-            return;
-        }
+    std::vector<TableView*> left = paneView->getTables();
+    while ((left.size() > 1 || !isUntouchedEmptyTable(left.front())) && closeFile(left.front())) {
+        left = paneView->getTables();
     }
 }
 

@@ -5,6 +5,7 @@
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "app/launcher/PromptChain.h"
+#include "app/prompts/TableSetting.h"
 
 #include <QAction>
 #include <QFileInfo>
@@ -77,6 +78,7 @@ void MainWindow::askForCommand(QString const& title, QStringList const& names) {
             step.options.push_back(optionOf(*command));
         }
     }
+    step.noMatch = tr("No command matches.");
     step.carryOut = [this](QString const& response, PromptAsker&) { onCommandLauncherResponseReceived(response); };
     ask(std::move(step));
 }
@@ -101,8 +103,8 @@ QString MainWindow::settingPill(Command const& command) const {
     if (command.setting == SettingType::None) {
         return {};
     }
-    Settings const& inForce = command.scope == ScopeType::Table ? activeTable->getSettings() : settings;
-    return inForce.displayText(command.setting);
+    Setting const setting = TableSetting::present(command.setting, settings, *activeTable);
+    return setting.toString(setting);
 }
 
 void MainWindow::onDelimiterOptionsPrompt() {
@@ -147,6 +149,7 @@ void MainWindow::onTableDimensionsOptionsPrompt() {
 void MainWindow::commandGoToFile() {
     PromptStep step;
     step.title = tr("Go to File:");
+    step.noMatch = tr("No file matches.");
     std::vector<QPointer<TableView>> tables;
     for (int i = 0; i < tabBar->count(); ++i) {
         TableView* const table = tabBar->tableAt(i);
@@ -173,6 +176,7 @@ void MainWindow::closeLauncher() {
 
 // The order counts: Escape does one thing at a time.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
+    bool const isLoading = activeTable->isLoading();
     bool const navigating = hasAnyContext(context, Context::Navigating);
     bool const launcherOpen = hasAnyContext(context, Context::LauncherOpen);
     bool const widgetOpen = launcherOpen || hasAnyContext(context, Context::FindReplaceOpen);
@@ -180,7 +184,7 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
         UnbuiltCommands::keyPressEvent(event);
     } else if (hasAnyContext(context, Context::CellEditing) && !hasAnyContext(context, Context::ReadOnly)) {
         activeTable->stopEditing();
-    } else if (navigating && launcherOpen) {
+    } else if ((navigating || isLoading) && launcherOpen) {
         closeLauncher();
     } else if (navigating && !widgetOpen && hasAnyContext(context, Context::MultiCellSelection)) {
         activeTable->setMainCellAsSelection(activeTable->getMainCell());

@@ -2,6 +2,7 @@
 
 #include "app/LoadProgressOverlay.h"
 #include "app/launcher/Launcher.h"
+#include "view/EditorPane.h"
 #include "view/EditorPaneLoader.h"
 
 #include <QFileInfo>
@@ -36,6 +37,14 @@ void PaneView::addTable(TableView* table) {
 
 void PaneView::connectLoad(Page const& page) {
     TableView const* const table = page.table;
+    connect(table, &TableView::loadBegunSignal, page.stack, [this, page] {
+        page.overlay->setProgress(0, 1);
+        if (page.table == activeTable)
+            editorPane->setReadOnly(true);
+        emit tableLoadBegunSignal(page.table);
+    });
+    connect(table, &TableView::loadFailedSignal, page.stack,
+            [this, page](QString const& reason) { emit tableLoadFailedSignal(page.table, reason); });
     connect(table, &TableView::startProgressUpdateSignal, page.stack, [this, page] {
         showOverlay(page, true);
         page.table->onStartProgressUpdate();

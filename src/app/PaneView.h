@@ -68,8 +68,12 @@ public slots:
 signals:
     void addContextSignal(Context flags);
     void removeContextSignal(Context flags);
+    /// A background load of `table` has begun.
+    void tableLoadBegunSignal(TableView* table);
     /// A background load of `table` has ended and the table shows again.
     void tableLoadedSignal(TableView* table);
+    /// The file of `table` cannot be read again, for a reason that is a sentence for the user.
+    void tableLoadFailedSignal(TableView* table, QString reason);
     /// `table` is being taken out.
     void tableRemovedSignal(TableView* table);
 

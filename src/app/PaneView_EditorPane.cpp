@@ -111,7 +111,7 @@ void PaneView::onMainCellChanged(Range const& mainCell) {
         return;
     bool const sameCell = mainCell == shownCell;
     shownCell = mainCell;
-    editorPane->setReadOnly(activeTable->tableModel()->isReadOnly());
+    editorPane->setReadOnly(activeTable->isReadOnly() || activeTable->isLoading());
     QString const text = mainCell.value.toString();
     if (sameCell && loader->isShowing(text))
         return;

@@ -131,7 +131,7 @@ bool WatchedFiles::mustWait(QString const& path) const {
     if (saving || tables.isAsking()) {
         return true;
     }
-    // A load of a file that is gone may never end.
+    // A file that is gone is not waited for.
     if ((loadingPaths.contains(path) || tables.isLoading(path)) && files.stateOf(path)) {
         return true;
     }

@@ -43,7 +43,7 @@ bool PreferenceFiles::load(TableModel& model, QString const& path) {
         return false;
     }
     model.loadCSV(path, false, false, comma, comma, EncodingType::Utf8, ParsingStandard::Rfc4180);
-    return model.wasFileReadWhole();
+    return model.getLoadResult().end == LoadEnd::Whole;
 }
 
 bool PreferenceFiles::save(TableModel& model, QString const& path) {

@@ -59,6 +59,11 @@ constexpr Context globalContextMask = Context::FolderOpen | Context::Navigating 
                                       Context::LauncherOpen | Context::FindReplaceOpen | Context::FindMode |
                                       Context::ReplaceMode | Context::FindAllMode | Context::FindResultsMode;
 
+/// What is left of `context` while there is no table to work on, as during a load.
+constexpr Context withoutTable(Context context) {
+    return context & ~((tableContextMask & ~Context::ReadOnly) | Context::Navigating);
+}
+
 /// Adds bits to `value`, and what follows from them: an open launcher means an active table, an edited cell means that
 /// the table is not navigated, and so on. Adding Context::Any sets all bits.
 void addContextGlobal(Context& value, Context add);

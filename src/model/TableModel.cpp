@@ -1,6 +1,7 @@
 #include "model/TableModel.h"
 
 #include "core/IndexUtilities.h"
+#include "core/SortMarks.h"
 #include "model/ScreenScale.h"
 
 #include <utility>
@@ -10,16 +11,13 @@ namespace {
 /// What a painted cell shows of a longer text, so that one cell cannot stall a repaint.
 constexpr int maxDisplayLength = 4096;
 
-constexpr QChar upArrow(0x2191);
-constexpr QChar downArrow(0x2193);
-
 /// A header's number or letters, with an arrow behind it if the table is sorted by its line.
 QVariant withSortArrow(QVariant const& label, int raw, SortData const& sort) {
     if (raw != sort.index || sort.sortType == SortType::None)
         return label;
     return QStringLiteral("%1 %2")
         .arg(label.toString())
-        .arg(sort.sortType == SortType::Ascending ? upArrow : downArrow);
+        .arg(sort.sortType == SortType::Ascending ? SortMarks::ascending : SortMarks::descending);
 }
 
 } // namespace
@@ -34,6 +32,7 @@ TableModel::TableModel(QObject* parent) : QAbstractTableModel(parent) {
     connect(&tableData, &TableData::tableSizeChangedSignal, this, [this] { highlighted.invalidate(); });
     connect(&tableData, &TableData::tableSizeChangedSignal, this, &TableModel::tableSizeChangedSignal);
     connect(&tableData, &TableData::loadFinishedSignal, this, &TableModel::onLoadFinished);
+    connect(&tableData, &TableData::loadFailedSignal, this, &TableModel::loadFailedSignal);
     connect(&tableData, &TableData::updateProgressSignal, this, &TableModel::updateProgress);
     connect(&tableData, &TableData::saveStartedSignal, this, &TableModel::onSaveStarted);
     connect(&tableData, &TableData::saveFinishedSignal, this, &TableModel::onSaveFinished);
@@ -41,7 +40,7 @@ TableModel::TableModel(QObject* parent) : QAbstractTableModel(parent) {
 }
 
 TableModel::TableModel(bool readOnly, QObject* parent) : TableModel(parent) {
-    this->readOnly = readOnly;
+    setReadOnly(readOnly);
 }
 
 TableModel::~TableModel() = default;
@@ -84,12 +83,7 @@ QVariant TableModel::cellValue(QModelIndex const& index) const {
         if (range && range->value.isValid())
             return range->value;
     }
-    return storedValue(index.row(), index.column());
-}
-
-// During a load the cells belong to another thread.
-QVariant TableModel::storedValue(int row, int col) const {
-    return tableData.isLoading() ? QVariant() : tableData.getValueModel(row, col);
+    return tableData.getValueModel(index.row(), index.column());
 }
 
 QVariant TableModel::displayText(QModelIndex const& index) const {

@@ -10,7 +10,6 @@
 #include "model/HeaderRowSearch.h"
 #include "model/HighlightedCells.h"
 #include "model/IndexSpaces.h"
-#include "model/LineMove.h"
 #include "model/ProvisionalText.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
@@ -99,7 +98,6 @@ public:
     void toggleTranspose();
     /// While set, inserting and removing rows and columns leaves the data alone and only tells the view.
     void setDataAlreadyChanged(bool on) { dataAlreadyChanged = on; }
-    bool isDataAlreadyChanged() const { return dataAlreadyChanged; }
     /// While set, inserts do not signal a change of layout.
     void setSkipLayoutSignals(bool on) { skipLayoutSignals = on; }
 
@@ -294,9 +292,12 @@ public:
 
     // Loading, saving and the dialect of the file.
 
-    /// Replaces the table by a file. With `async` the file is read on a thread and loadFinishedSignal tells the end;
-    /// otherwise it is read on return. Selection and header settings stay.
-    void loadCSV(QString const& path, bool async, bool readOnly, QString const& delimiter, QString const& saveDelimiter,
+    /// Opens the file of the load to come; see TableData::openForLoad.
+    bool openForLoad(QString const& path, bool readOnly);
+    /// Replaces the table by a file. With `async` the file is read on a thread, loadFinishedSignal tells the end, and
+    /// until then every change is refused; otherwise it is read on return. Selection and header settings stay. False
+    /// for a file that cannot be opened: with `async` the table is then as it was, otherwise it is empty.
+    bool loadCSV(QString const& path, bool async, bool readOnly, QString const& delimiter, QString const& saveDelimiter,
                  EncodingType encoding, ParsingStandard parsingStandard);
     void clearTable(QModelIndex const& parent = QModelIndex());
     /// Reads the table's file again under another dialect. False if that is the present one or there is no file.
@@ -309,10 +310,12 @@ public:
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
     /// Saves after a change by a command if that option is on and the table has a file.
     void saveAfterEdit();
-    bool isLoading() const { return tableData.isLoading(); }
+    /// From the begin of a load on a thread until the grid has all of its rows.
+    bool isLoading() const { return tableData.isLocked(); }
     QString getFilepath() const { return tableData.getFilepath(); }
     QString getLastSaveError() const { return tableData.getLastSaveError(); }
-    bool wasFileReadWhole() const { return tableData.wasFileReadWhole(); }
+    LoadResult const& getLoadResult() const { return tableData.getLoadResult(); }
+    void setLoadLimits(LoadLimits limits) { tableData.setLoadLimits(limits); }
     /// The name of the file, "untitled" without one.
     QString getTableName() const;
     /// Lets a scanner that waits at a progress report go on.
@@ -444,12 +447,8 @@ public:
     void removeColsGui(Indexes const& cols) { emit removeColsGuiSignal(cols); }
     void resizeRow(int row, int height) { emit resizeRowSignal(row, height); }
     void resizeRows(Indexes const& rows, int height) { emit resizeRowsSignal(rows, height); }
-    void resizeRowsBeforeInsert(Indexes const& rows) { emit resizeRowsBeforeInsertSignal(rows); }
     void resizeCol(int col, int width) { emit resizeColSignal(col, width); }
     void resizeCols(Indexes const& cols, int width) { emit resizeColsSignal(cols, width); }
-    void resizeColsBeforeInsert(Indexes const& cols) { emit resizeColsBeforeInsertSignal(cols); }
-    /// Has the view carry the sizes of lines along, after the data and the size of the grid have changed.
-    void moveSizes(LineMove& move) { emit linesMovedSignal(move); }
     void enforceAutoFitRowHeight(int row) { emit enforceAutoFitRowHeightSignal(row); }
     void enforceAutoFitRowHeights(Indexes const& rows) { emit enforceAutoFitRowHeightsSignal(rows); }
     void enforceAutoFitColWidth(int col) { emit enforceAutoFitColWidthSignal(col); }
@@ -485,6 +484,8 @@ signals:
     void refreshHeadersSignal();
     void loadProgressUpdateSignal(int done, int steps, int sizeMiB);
     void tableSizeChangedSignal(int rawRows, int rawCols, int modelRows, int modelCols);
+    /// A load could not begin, for a reason that is a sentence for the user.
+    void loadFailedSignal(QString reason);
     void saveStartedSignal(QString path);
     void saveFinishedSignal(QString path);
     void autoSaveFailedSignal(QString path, QString error);
@@ -511,11 +512,8 @@ signals:
     void removeColsGuiSignal(std::vector<int> cols);
     void resizeRowSignal(int row, int height);
     void resizeRowsSignal(std::vector<int> rows, int height);
-    void resizeRowsBeforeInsertSignal(std::vector<int> rows);
     void resizeColSignal(int col, int width);
     void resizeColsSignal(std::vector<int> cols, int width);
-    void resizeColsBeforeInsertSignal(std::vector<int> cols);
-    void linesMovedSignal(LineMove& move);
     void enforceAutoFitRowHeightSignal(int row);
     void enforceAutoFitRowHeightsSignal(std::vector<int> rows);
     void enforceAutoFitColWidthSignal(int col);
@@ -531,7 +529,6 @@ private:
     QString labelAt(int col) const;
     bool hasLabelRow() const;
 
-    QVariant storedValue(int row, int col) const;
     QVariant cellValue(QModelIndex const& index) const;
     QVariant displayText(QModelIndex const& index) const;
     QVariant backgroundOf(QModelIndex const& index) const;
@@ -544,17 +541,18 @@ private:
     bool insertLines(Axis axis, int line, int count, QModelIndex const& parent, ChangeData const& insertInData);
     bool insertLinesRaw(Axis axis, int rawLine, int count, QModelIndex const& parent);
     bool removeLines(Axis axis, int line, int count, QModelIndex const& parent);
+    bool mayChangeData() const;
     void setViewCount(Axis axis, int count);
     TableShape shape(Axis axis);
     void setSizeOption(int& option, int value);
     void removeExtraneousLines(Axis axis, bool& mainCellChanged);
     void keepMainCellInGrid();
     bool moveLineAbsolute(Axis axis, int from, int to);
+    void clearGrid();
     void showEverything();
     bool growTowardsLoadedRows();
     void noteFileDialect(QString const& path, QString const& fileDelimiter);
     int& numHeaderCols() { return colorOptions.headerCols; }
-    Indexes emptyLinesModel(Axis axis, int start, GetRowColMaskType maskType, Indexes const& mask) const;
     void orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, RangeIndexType type) const;
     void orderedSet(Axis axis, Indexes& out, RangeSet const& ranges, RangeIndexType type) const;
     void announce(SelectionChange const& change);

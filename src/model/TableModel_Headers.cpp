@@ -34,7 +34,7 @@ bool TableModel::hasLabelRow() const {
 }
 
 QString TableModel::labelAt(int col) const {
-    return storedValue(std::max(colorOptions.headerRows - 1, 0), col).toString();
+    return tableData.getValueModel(std::max(colorOptions.headerRows - 1, 0), col).toString();
 }
 
 void TableModel::getColumnLabels(QList<QString>& out, Indexes const& cols) const {

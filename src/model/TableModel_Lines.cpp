@@ -31,13 +31,17 @@ bool TableModel::insertLinesRaw(Axis axis, int rawLine, int count, QModelIndex c
                        [&] { return data.insertRaw(rawLine, count); });
 }
 
+/// Whether inserting and removing lines may go on: they leave the data alone, or it takes changes.
+bool TableModel::mayChangeData() const {
+    bool const readOnlyData = tableData.getDataContainerType() == TableData::DataContainerType::ReadOnly;
+    return dataAlreadyChanged || !(readOnlyData || isLoading());
+}
+
 bool TableModel::insertLines(Axis axis, int line, int count, QModelIndex const& parent,
                              ChangeData const& insertInData) {
     if (count < 1)
         return true;
-    bool const refused =
-        !dataAlreadyChanged && tableData.getDataContainerType() == TableData::DataContainerType::ReadOnly;
-    if (refused || line < 0 || line > viewCount(axis))
+    if (!mayChangeData() || line < 0 || line > viewCount(axis))
         return false;
     if (!skipLayoutSignals)
         emit layoutAboutToBeChanged();
@@ -70,7 +74,7 @@ bool TableModel::removeLines(Axis axis, int line, int count, QModelIndex const& 
     count = std::min(count, viewCount(axis) - line);
     if (count < 1 || line < 0)
         return true;
-    if (!dataAlreadyChanged && tableData.getDataContainerType() == TableData::DataContainerType::ReadOnly)
+    if (!mayChangeData())
         return false;
     if (axis == Axis::Rows)
         beginRemoveRows(parent, line, line + count - 1);
@@ -143,8 +147,11 @@ bool TableModel::moveLineAbsolute(Axis axis, int from, int to) {
 }
 
 void TableModel::toggleTranspose() {
+    if (isLoading())
+        return;
     tableData.toggleTranspose();
     highlighted.invalidate();
+    refreshVisibleHeaderRows();
     int const rows = viewColCount;
     int const cols = viewRowCount;
     {

@@ -9,14 +9,26 @@
 
 #include <algorithm>
 
-void TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString const& delimiter,
+namespace {
+
+TableData::DataContainerType containerType(bool readOnly) {
+    return readOnly ? TableData::DataContainerType::ReadOnly : TableData::DataContainerType::Editable;
+}
+
+} // namespace
+
+bool TableModel::openForLoad(QString const& path, bool forReading) {
+    return tableData.openForLoad(path, containerType(forReading));
+}
+
+bool TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString const& delimiter,
                          QString const& saveDelimiter, EncodingType encoding, ParsingStandard parsingStandard) {
-    // A container that is being filled belongs to its thread and must not be cleared.
-    tableData.stopLoadThread(true);
+    if (async && !openForLoad(path, readOnly))
+        return false;
     ++loadNumber;
     loadInBackground = async;
-    clearTable();
-    this->readOnly = readOnly;
+    clearGrid();
+    setReadOnly(readOnly);
     this->delimiter = delimiter;
     this->saveDelimiter = saveDelimiter;
     this->encoding = encoding;
@@ -27,9 +39,7 @@ void TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
     setColSortData(SortData());
     showEverything();
     // The end of the load comes to onLoadFinished by a signal, within this call if the load is not on a thread.
-    tableData.loadCSV(path, async,
-                      readOnly ? TableData::DataContainerType::ReadOnly : TableData::DataContainerType::Editable,
-                      delimiter, saveDelimiter, encoding, parsingStandard);
+    return tableData.loadCSV(path, async, containerType(readOnly), delimiter, saveDelimiter, encoding, parsingStandard);
 }
 
 void TableModel::showEverything() {
@@ -45,12 +55,19 @@ void TableModel::clearTable(QModelIndex const& parent) {
     removeColumns(0, columnCount(parent), parent);
 }
 
+void TableModel::clearGrid() {
+    QScopedValueRollback<bool> const onlyView(dataAlreadyChanged, true);
+    removeRows(0, viewRowCount);
+    removeColumns(0, viewColCount);
+}
+
 /// A view takes a while to learn of many millions of rows. It is told of them in steps, between which the window
 /// answers. True once the grid lacks no more than a step.
 bool TableModel::growTowardsLoadedRows() {
     constexpr int rowsAtOnce = 500000;
     if (!loadInBackground || rowCountModel() - viewRowCount <= rowsAtOnce)
         return true;
+    tableData.setLocked(true);
     QScopedValueRollback<bool> const onlyView(dataAlreadyChanged, true);
     insertRows(viewRowCount, rowsAtOnce);
     QTimer::singleShot(0, this, [this, load = loadNumber] {
@@ -63,6 +80,8 @@ bool TableModel::growTowardsLoadedRows() {
 void TableModel::onLoadFinished() {
     if (!growTowardsLoadedRows())
         return;
+    tableData.setLocked(false);
+    readOnly = readOnly || getLoadResult().beyondLimits;
     savedRowCountRaw = rowCountRaw();
     savedColCountRaw = columnCountRaw();
     enforceTableSize();
@@ -75,18 +94,18 @@ void TableModel::onLoadFinished() {
     emit loadFinishedSignal();
 }
 
-bool TableModel::reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard parsingStandard) {
-    if (delimiter == this->delimiter && encoding == this->encoding && parsingStandard == this->parsingStandard)
+bool TableModel::reloadFile(QString const& newDelimiter, EncodingType newEncoding, ParsingStandard newStandard) {
+    if (newDelimiter == delimiter && newEncoding == encoding && newStandard == parsingStandard)
         return false;
-    this->delimiter = delimiter;
-    saveDelimiter = delimiter;
-    this->encoding = encoding;
-    this->parsingStandard = parsingStandard;
     QString const path = getFilepath();
-    if (path.isEmpty())
+    if (path.isEmpty()) {
+        delimiter = newDelimiter;
+        saveDelimiter = newDelimiter;
+        encoding = newEncoding;
+        parsingStandard = newStandard;
         return false;
-    loadCSV(path, true, readOnly, delimiter, saveDelimiter, encoding, parsingStandard);
-    return true;
+    }
+    return loadCSV(path, true, readOnly, newDelimiter, newDelimiter, newEncoding, newStandard);
 }
 
 bool TableModel::reloadFileWithDelimiter(QString const& newDelimiter) {
@@ -165,6 +184,8 @@ void TableModel::setExtension(QString const& newExtension) {
 }
 
 bool TableModel::setDelimiter(QString const& newDelimiter, QString const& newSaveDelimiter) {
+    if (isLoading())
+        return false;
     delimiter = newDelimiter;
     saveDelimiter = newSaveDelimiter;
     tableData.setDelimiter(delimiter, saveDelimiter);
@@ -172,18 +193,24 @@ bool TableModel::setDelimiter(QString const& newDelimiter, QString const& newSav
 }
 
 bool TableModel::setLineEnding(LineEndingType type) {
+    if (isLoading())
+        return false;
     lineEnding = type;
     tableData.setLineEnding(type);
     return true;
 }
 
 bool TableModel::setEncoding(EncodingType type) {
+    if (isLoading())
+        return false;
     encoding = type;
     tableData.setEncoding(type, true);
     return true;
 }
 
 bool TableModel::setParsingStandard(ParsingStandard standard) {
+    if (isLoading())
+        return false;
     parsingStandard = standard;
     tableData.setParsingStandard(standard);
     return true;
@@ -197,6 +224,7 @@ void TableModel::setSaveWithTrailingDelimiters(bool on) {
 bool TableModel::setReadOnly(bool on) {
     bool const changed = on != readOnly;
     readOnly = on;
+    tableData.setReadOnly(on);
     return changed;
 }
 

@@ -23,8 +23,7 @@ void TableModel::announce(SelectionChange const& change) {
 
 void TableModel::onMainCellChanged() {
     Range mainCell = selection.mainCell();
-    if (!isLoading())
-        populateCellDataValues(mainCell, true, false);
+    populateCellDataValues(mainCell, true, false);
     emit mainCellChangedSignal(mainCell);
 }
 
@@ -60,7 +59,10 @@ bool TableModel::addCellsToSelection(RangeSet const& ranges) {
 }
 
 bool TableModel::removeCellFromSelection(int row, int col) {
-    return selection.removeCellFromSelection(row, col);
+    bool const removed = selection.removeCellFromSelection(row, col);
+    if (removed)
+        announce({.ranges = true, .size = true, .multiCell = selection.isSelectionMultiCell()});
+    return removed;
 }
 
 QModelIndexList TableModel::getSelectionIndexes() const {
@@ -141,10 +143,13 @@ void TableModel::invertSelectionByColumnsHeaderExcluded() {
         selection.invertSelectionByColumnsHeaderExcluded({rowCountModel(), columnCountModel()}, getNumHeaderCols()));
 }
 
+// A jump goes by what is in sight. It ends in the data, but from cells behind the data it never leads back into it
+// against its direction.
 bool TableModel::getNextBlockLocation(Range const& from, Range& to, Direction direction) const {
-    to = getModelFromRawRange(tableData.getNextBlockLocation(getRawRange(from), direction), true);
-    to.row = std::max(to.row, 0);
-    to.col = std::max(to.col, 0);
+    Range const start = getModelRange(from);
+    to = tableData.getNextBlockLocation(start, direction);
+    to.row = std::clamp(to.row, 0, std::max({rowCountModel() - 1, start.row, 0}));
+    to.col = std::clamp(to.col, 0, std::max({columnCountModel() - 1, start.col, 0}));
     return true;
 }
 

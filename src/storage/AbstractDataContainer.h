@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
+#include "storage/LoadResult.h"
 
 #include <QMutex>
 #include <QObject>
@@ -97,8 +98,11 @@ public:
     Bytes const& getBom() const { return bom; }
     /// One sentence for the user about the last failed save, empty after a good one.
     QString getLastSaveError() const { return lastSaveError; }
-    /// False if the last load got fewer bytes than the file had when it was opened.
-    bool wasFileReadWhole() const { return fileReadWhole; }
+    /// How the last load has ended.
+    LoadResult const& getLoadResult() const { return loadResult; }
+    void setLoadLimits(LoadLimits limits) { loadLimits = limits; }
+    /// Opens the file for the load to come. False leaves the reason in getLoadResult().
+    virtual bool openForLoad() { return true; }
     /// The pair that paces progress signals to the GUI. Not owned; may be null.
     void setProgressUpdateMutex(QMutex* mutex, QWaitCondition* condition);
 
@@ -128,8 +132,8 @@ public:
     QString formatSaveErrorReason(QString reason, QString const& fallback) const;
 
 public slots:
-    /// Reads the file into the table. True if it was read to its end; false if it could not be opened or the load was
-    /// stopped, and then loadFinishedSignal does not come.
+    /// Reads the file into the table, after openForLoad() if that has not been called. True if it was read to its end;
+    /// false if it could not be opened or the load was stopped, and then loadFinishedSignal does not come.
     virtual bool loadCSV() = 0;
 
 signals:
@@ -164,7 +168,8 @@ protected:
     bool hasBom = false;
     Bytes bom; ///< the mark found at the load; a save writes it back if it still fits the encoding
     QString lastSaveError;
-    bool fileReadWhole = true;
+    LoadResult loadResult;
+    LoadLimits loadLimits;
     std::atomic<bool> quit = false;
 
 private:

@@ -1,6 +1,7 @@
 #include "storage/EditableDataContainer.h"
 
 #include "storage/MaskCursor.h"
+#include "storage/ScannerFile.h"
 
 #include <algorithm>
 #include <numeric>
@@ -54,6 +55,8 @@ void collectCells(AbstractDataContainer::Cells& out, int count, GetRowColMaskTyp
 } // namespace
 
 EditableDataContainer::EditableDataContainer(QObject* parent) : AbstractDataContainer(parent) {}
+
+EditableDataContainer::~EditableDataContainer() = default;
 
 // Cells
 

@@ -6,12 +6,14 @@
 #include "storage/TakenRows.h"
 
 #include <functional>
+#include <memory>
 #include <span>
 
 class CellPatch;
 class CellRegion;
 class LineWriter;
 class ReplacedCells;
+class ScannerFile;
 struct CellRect;
 struct LineDialect;
 struct ScannerDialect;
@@ -26,6 +28,7 @@ class EditableDataContainer : public AbstractDataContainer {
 
 public:
     explicit EditableDataContainer(QObject* parent = nullptr);
+    ~EditableDataContainer() override;
 
     Bytes getValue(int row, int col, bool ignoreMaps = false) const override;
     /// As getValue, without a copy; valid until the row changes.
@@ -87,6 +90,7 @@ public:
     void getColCSVString(Bytes& out, int col, GetRowColMaskType maskType, Mask const& mask) const override;
     void getColCSVStringMultiByte(Bytes& out, int col, GetRowColMaskType maskType, Mask const& mask) const override;
 
+    bool openForLoad() override;
     /// The size in bytes of the file at the last load.
     qint64 getFileSize() const { return fileSize; }
 
@@ -104,6 +108,8 @@ private:
 
     ScannerDialect scannerDialect() const;
     bool loadWith(Scan scan, ScannerDialect const& dialect);
+    ScannerJob jobOf(ScannerFile& file);
+    void keepWithinLimits();
     void announce(std::function<void()> const& emitSignal, int sleepMs);
 
     int storedRows() const { return static_cast<int>(rows.size()); }
@@ -127,6 +133,7 @@ private:
     void writeRow(LineWriter& writer, int row, GetRowColMaskType maskType, Mask const& mask) const;
     void writeCol(LineWriter& writer, int col, GetRowColMaskType maskType, Mask const& mask) const;
 
+    std::unique_ptr<ScannerFile> opened; ///< for the load to come
     CellRows rows;
     qint64 fileSize = 0;
     int numRowsStored = 0;

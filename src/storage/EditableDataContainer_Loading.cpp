@@ -5,6 +5,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -72,41 +73,81 @@ ScannerDialect EditableDataContainer::scannerDialect() const {
     return dialect;
 }
 
+bool EditableDataContainer::openForLoad() {
+    opened = std::make_unique<ScannerFile>(filepath);
+    if (opened->isOpen())
+        return true;
+    loadResult = {LoadEnd::None, opened->failure()};
+    opened.reset();
+    return false;
+}
+
 bool EditableDataContainer::loadWith(Scan scan, ScannerDialect const& dialect) {
-    ScannerFile file(filepath);
-    if (!file.isOpen())
+    if (!opened && !openForLoad())
         return false;
-    fileSize = static_cast<qint64>(file.size());
+    std::unique_ptr<ScannerFile> const file = std::move(opened);
+    fileSize = static_cast<qint64>(file->size());
+    loadResult = {};
     if (fileSize == 0) {
-        file.close();
+        file->close();
         emit loadFinishedSignal();
         return true;
     }
+    rows.clear();
+    numRowsStored = 0;
+    ScannerResult const result = scan(rows, jobOf(*file), dialect);
+    numRowsStored = storedRows();
+    numColsStored = std::max(numColsStored, static_cast<int>(result.columns));
+    if (result.beyondLimits)
+        keepWithinLimits();
+    else if (result.finished && !file->wasReadWhole())
+        loadResult = {LoadEnd::Part, file->failure()};
+    file->close();
+    if (result.finished)
+        emit loadFinishedSignal();
+    return result.finished;
+}
+
+ScannerJob EditableDataContainer::jobOf(ScannerFile& file) {
     ScannerJob job;
     job.bytes = bytesOfBlocks(file.size());
-    job.read = [&](char* to, std::size_t bytes) { return file.read(to, bytes); };
+    job.read = [&file](char* to, std::size_t bytes) { return file.read(to, bytes); };
     job.markLength = [this](std::string_view start) {
         return static_cast<std::size_t>(computeTableBomOffset(start, true));
     };
     job.quit = &quit;
-    if (file.size() >= largeFileBytes) {
-        announce([this] { emit startProgressUpdateSignal(); }, dialogDelayMs);
-        int const steps = static_cast<int>(file.size() / ScannerJob::progressStep + 1);
-        int const sizeMiB = static_cast<int>(file.size() / 0x100000);
-        job.progress = [this, steps, sizeMiB](std::uint64_t done) {
-            announce([&] { emit loadProgressUpdateSignal(static_cast<int>(done), steps, sizeMiB); }, 0);
-        };
+    job.limits.rows = static_cast<std::size_t>(loadLimits.rows);
+    job.limits.columns = static_cast<std::size_t>(loadLimits.columns);
+    if (file.size() < largeFileBytes)
+        return job;
+    announce([this] { emit startProgressUpdateSignal(); }, dialogDelayMs);
+    int const steps = static_cast<int>(file.size() / ScannerJob::progressStep + 1);
+    int const sizeMiB = static_cast<int>(file.size() / 0x100000);
+    job.progress = [this, steps, sizeMiB](std::uint64_t done) {
+        announce([&] { emit loadProgressUpdateSignal(static_cast<int>(done), steps, sizeMiB); }, 0);
+    };
+    return job;
+}
+
+/// The scan may have gone a little too far: the table ends with the last row of those wanted, or with the last wanted
+/// cell of the row that is too long.
+void EditableDataContainer::keepWithinLimits() {
+    bool const tooWide = numColsStored > loadLimits.columns;
+    auto const limit = static_cast<std::size_t>(loadLimits.columns);
+    auto end = std::min(rows.size(), static_cast<std::size_t>(loadLimits.rows));
+    for (std::size_t row = 0; tooWide && row < end; ++row) {
+        if (rows.cellCount(row) > limit) {
+            rows.removeCells(row, limit, rows.cellCount(row) - limit);
+            end = row + 1;
+        }
     }
-    rows.clear();
-    numRowsStored = 0;
-    ScannerResult const result = scan(rows, job, dialect);
+    rows.resize(end);
     numRowsStored = storedRows();
-    numColsStored = std::max(numColsStored, static_cast<int>(result.columns));
-    fileReadWhole = !result.finished || file.wasReadWhole();
-    file.close();
-    if (result.finished)
-        emit loadFinishedSignal();
-    return result.finished;
+    numColsStored = std::min(numColsStored, loadLimits.columns);
+    loadResult = {LoadEnd::Part,
+                  tooWide ? tr("It has more than %L1 columns.").arg(loadLimits.columns)
+                          : tr("It has more than %L1 rows.").arg(loadLimits.rows),
+                  true};
 }
 
 /// Emits a progress signal under the owner's mutex and lets the GUI answer, which a GUI that is busy need not do.

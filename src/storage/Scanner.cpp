@@ -9,7 +9,7 @@ template <typename Kind>
 ScannerResult scan(CellRows& rows, ScannerJob const& job, ScannerDialect const& dialect) {
     Kind scanner(rows, job, dialect);
     bool const finished = scanner.run();
-    return {finished, scanner.columns()};
+    return {finished, scanner.columns(), scanner.isBeyondLimits()};
 }
 
 } // namespace

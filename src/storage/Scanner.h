@@ -10,6 +10,8 @@
 struct ScannerResult {
     bool finished = false;   ///< false if it was stopped
     std::size_t columns = 0; ///< the greatest number of cells in a row, trailing empty ones included
+    /// Whether it ended where the limits of the job were passed. Rows and cells beyond them may have been appended.
+    bool beyondLimits = false;
 };
 
 /// Appends the rows of a file to `rows`, cells being ended by a delimiter of one code unit, or none. A delimiter of

@@ -63,6 +63,10 @@ public:
     /// What to take from an address to get the end of a cell there, relative to its row.
     char const* origin() const { return rowBegin + shift; }
     std::size_t cellsInRow() const { return endCount - rowFirstEnd; }
+    /// Whether more rows, or more cells in a row, have been found than the job wants.
+    bool isBeyondLimits() const {
+        return rows.size() > job.limits.rows || mostCells > job.limits.columns || cellsInRow() > job.limits.columns;
+    }
 
     /// Lets the bytes from `from` to `to` fall away.
     void drop(char* from, char* to) {
@@ -77,6 +81,11 @@ public:
     /// Stores the row, whose bytes end at `end`; the next begins at `next`.
     template <typename End>
     void finishRow(char* end, char* next);
+    /// Stores the cells whose ends are noted as a row, in a scan that ends within it.
+    void finishCells() {
+        if (cellsInRow())
+            wide ? finishRow<std::uint64_t>(in, in) : finishRow<std::uint32_t>(in, in);
+    }
     void beginRow(char* at) {
         rowBegin = settled = at;
         mark = nullptr;

@@ -15,15 +15,16 @@ bool SequenceScanner::run() {
     while (!stopped) {
         buffer.isWide() ? scan<std::uint64_t>() : scan<std::uint32_t>();
         stopped = quitDue() && job.stopped();
-        if (buffer.exhausted())
+        beyondLimits = buffer.isBeyondLimits();
+        if (beyondLimits || buffer.exhausted())
             break;
         buffer.refill();
     }
-    if (!stopped)
+    if (stopped || beyondLimits)
+        buffer.finishCells();
+    else
         buffer.isWide() ? endFile<std::uint64_t>() : endFile<std::uint32_t>();
-    else if (buffer.cellsInRow())
-        buffer.isWide() ? buffer.finishRow<std::uint64_t>(buffer.in, buffer.in)
-                        : buffer.finishRow<std::uint32_t>(buffer.in, buffer.in);
+    beyondLimits = buffer.isBeyondLimits(); // the last row counts too
     buffer.finish();
     return !stopped;
 }

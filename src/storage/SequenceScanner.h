@@ -15,6 +15,7 @@ public:
     /// Returns whether the file was read to its end.
     bool run();
     std::size_t columns() const { return buffer.columns(); }
+    bool isBeyondLimits() const { return beyondLimits; }
 
 private:
     enum class State { CellStart, Unquoted, Quoted, QuoteInQuoted };
@@ -39,6 +40,7 @@ private:
     ScannerJob const& job;
     std::string const delimiter;
     bool const quotes;
+    bool beyondLimits = false;
     bool rowEnded = false; ///< whether any row has ended yet
 
     // As of `stateFrom`: a cell start or a quote in a quoted cell is one only for what stands right there.

@@ -25,12 +25,8 @@ QString TableData::getFilepath() const {
     return dataContainer->getFilepath();
 }
 
-bool TableData::wasFileReadWhole() const {
-    return dataContainer->wasFileReadWhole();
-}
-
 QString TableData::getLastSaveError() const {
-    return dataContainer->getLastSaveError();
+    return saveRefusal.isEmpty() ? dataContainer->getLastSaveError() : saveRefusal;
 }
 
 void TableData::setDelimiter(QString const& delimiter, QString const& saveDelimiter) {
@@ -59,11 +55,16 @@ void TableData::setExtension(QString const& extension) {
 }
 
 void TableData::clear() {
-    dataContainer->clear();
+    if (!isLocked())
+        dataContainer->clear();
 }
 
 void TableData::toggleTranspose() {
+    if (isLocked())
+        return;
     transposed = !transposed;
+    noteMapping(Axis::Rows);
+    noteMapping(Axis::Columns);
 }
 
 void TableData::signalSize() {
@@ -176,17 +177,26 @@ void TableData::concealModel(Axis axis, Indexes const& models) {
 }
 
 void TableData::concealRaw(Axis axis, Indexes const& raws) {
+    if (isLocked())
+        return;
     along(axis).concealed.conceal(raws);
+    noteMapping(axis);
     signalSize();
 }
 
 void TableData::showRaw(Axis axis, Indexes const& raws) {
+    if (isLocked())
+        return;
     along(axis).concealed.show(raws);
+    noteMapping(axis);
     signalSize();
 }
 
 void TableData::showAll(Axis axis) {
+    if (isLocked())
+        return;
     along(axis).concealed.showAll();
+    noteMapping(axis);
     signalSize();
 }
 

@@ -5,6 +5,7 @@
 #include "storage/AbstractDataContainer.h"
 #include "storage/CellCodec.h"
 #include "storage/ConcealedList.h"
+#include "storage/LineSizeStore.h"
 
 #include <QMutex>
 #include <QObject>
@@ -43,11 +44,14 @@ public:
 
     // Loading.
 
-    /// Replaces the container by one that reads `path`. With `useThread` the load runs on a thread of its own and
-    /// loadFinishedSignal tells its end; otherwise the table is filled on return. A file that cannot be opened is an
-    /// empty table; on a thread it gives no signal, and isLoading() stays true until the next stopLoadThread(). The
-    /// concealed lists are left alone.
-    void loadCSV(QString const& path, bool useThread, DataContainerType type, QString const& delimiter,
+    /// Opens the file of the load to come, which may begin with what is to be lost only if it can be read. False leaves
+    /// the table, and a load that runs, as they are and tells the reason by loadFailedSignal.
+    bool openForLoad(QString const& path, DataContainerType type);
+    /// Replaces the container by one that reads `path`, after openForLoad if that has not been called. With `useThread`
+    /// the load runs on a thread of its own and loadFinishedSignal tells its end; meanwhile the table is empty and
+    /// locked. A file that cannot be opened then leaves all as it was and gives false. Without a thread the table is
+    /// filled on return, and a file that cannot be opened is an empty table. The concealed lists are left alone.
+    bool loadCSV(QString const& path, bool useThread, DataContainerType type, QString const& delimiter,
                  QString const& saveDelimiter, EncodingType encoding, ParsingStandard standard);
     /// Ends the load thread; with `cancel` a running load is told to stop first.
     void stopLoadThread(bool cancel);
@@ -56,14 +60,25 @@ public:
     DataContainerType getDataContainerType() const { return dataContainerType; }
     /// The pair that paces the scanners' progress to the GUI. Not owned.
     void setProgressUpdateMutex(QMutex* mutex, QWaitCondition* condition);
-    bool isLoading() const { return loading; }
+    bool isLoading() const { return coming != nullptr; }
+    /// A locked table takes no change: what is asked of it does nothing and fails. A table that loads is locked; this
+    /// keeps it so until all who show it have taken the load in.
+    void setLocked(bool on) { locked = on; }
+    bool isLocked() const { return isLoading() || locked; }
+    /// A read-only table refuses every change of its cells; its lines can still be put in another order, concealed and
+    /// transposed.
+    void setReadOnly(bool on) { readOnly = on; }
+    /// The container of the table as it is now: an empty one during a load, while the one that is being filled belongs
+    /// to the load thread.
     AbstractDataContainer* getDataContainer() const { return dataContainer.get(); }
     QString getFilepath() const;
     QString getLastSaveError() const;
-    /// False if the file became shorter, or could not be read on, while it was loaded.
-    bool wasFileReadWhole() const;
+    /// How the last load has ended.
+    LoadResult const& getLoadResult() const { return dataContainer->getLoadResult(); }
+    void setLoadLimits(LoadLimits limits) { loadLimits = limits; }
 
-    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file.
+    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file. A table
+    // that is locked is not saved, nor is one over its own file that goes on beyond the limits of the load.
 
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
@@ -171,6 +186,15 @@ public:
     void toggleTranspose();
     bool isTransposed() const { return transposed; }
 
+    // Sizes on the screen, which follow the lines. A transposed table has others, which come and go with it.
+
+    /// By raw line.
+    LineSizeStore& lineSizes(Axis shown);
+    LineSizeStore const& lineSizes(Axis shown) const;
+    /// Another number whenever lines have come, gone, moved, or been concealed or shown, so that whoever shows sizes
+    /// knows when to look again. A table that grows at its end keeps it.
+    quint64 linesRevision(Axis shown) const { return along(storedAxis(shown, false)).revision; }
+
     // Cells.
 
     /// The text of a cell; a null text for an empty cell, an invalid value without a container.
@@ -224,6 +248,8 @@ signals:
     void startProgressUpdateSignal();
     void loadProgressUpdateSignal(int done, int steps, int sizeMiB);
     void loadFinishedSignal();
+    /// A load could not begin, for a reason that is a sentence for the user.
+    void loadFailedSignal(QString reason);
     void tableSizeChangedSignal(int rawRows, int rawCols, int modelRows, int modelCols);
     void saveStartedSignal(QString path);
     void saveFinishedSignal(QString path);
@@ -238,12 +264,21 @@ private:
     struct AxisState {
         int count = 0; ///< as the container has it, and as growth by an edit sets it
         ConcealedList concealed;
+        std::array<LineSizeStore, 2> sizes; ///< by the axis as which it is shown
+        quint64 revision = 0;               ///< another one after each change of the lines
     };
     using Cells = AbstractDataContainer::Cells;
 
     static std::unique_ptr<AbstractDataContainer> makeContainer(DataContainerType type);
-    void setContainer(std::unique_ptr<AbstractDataContainer> container);
-    void startLoadThread();
+    using Container = std::unique_ptr<AbstractDataContainer>;
+    void setContainer(Container container);
+    Container takeOpened(QString const& path, DataContainerType type);
+    void passDialectTo(AbstractDataContainer& container) const;
+    void startLoadThread(Container former);
+    void takeOverLoaded();
+    void endLoadThread(AbstractDataContainer* container);
+    bool refusesSave(QString const& path);
+    bool refusesChanges() const { return readOnly || isLocked(); }
 
     // Every row and column pair above is a face of one of these. They know stored axes only.
 
@@ -259,6 +294,11 @@ private:
     bool insertEmpty(Axis axis, int at, int count);
     bool insertFilled(Axis axis, int at, std::vector<Cells> const& filled);
     bool makeRoom(Axis axis, int at, int count);
+    template <typename Follow>
+    void noteLines(Axis axis, Follow follow);
+    void noteOrder(Axis axis, Indexes const& order);
+    void noteMapping(Axis axis);
+    void resetSizes();
     bool removeRaw(Axis axis, int at, int count);
     bool removeModel(Axis axis, int model, int count);
     bool duplicate(Axis axis, int model, int offset);
@@ -281,9 +321,12 @@ private:
     void signalSize();
 
     std::unique_ptr<AbstractDataContainer> dataContainer;
+    std::unique_ptr<AbstractDataContainer> opened;      ///< with the file of the load to come
+    std::unique_ptr<AbstractDataContainer> coming;      ///< being filled by the load thread, none unless a load runs
     EditableDataContainer* editableContainer = nullptr; ///< the same one if it is editable
     DataContainerType dataContainerType = DataContainerType::NotLoaded;
     std::array<AxisState, 2> axes; ///< by Axis
+    quint64 lastRevision = 0;
     bool transposed = false;
     QString wordDelimiters = QStringLiteral("`~!@#$%^&*()+=\t[]{}\\|;:'\",\n./?<> ");
     std::bitset<256> wordDelimiterLookup;
@@ -302,5 +345,8 @@ private:
     CellCodec codec;
     std::unique_ptr<QThread> loadThread; ///< none unless a load runs
     int loadNumber = 0;                  ///< tells the signals of the present load from late ones of an earlier load
-    bool loading = false;
+    bool locked = false;
+    bool readOnly = false;
+    LoadLimits loadLimits;
+    QString saveRefusal; ///< why the last save was refused, empty if it was not
 };

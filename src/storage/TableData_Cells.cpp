@@ -9,8 +9,6 @@
 #include <utility>
 
 QString TableData::textAt(int row, int col) const {
-    if (loading)
-        return {}; // The load thread has the cells; a view that paints meanwhile shows none.
     if (editableContainer)
         return codec.decode(editableContainer->cellView(row, col));
     auto const bytes = dataContainer->getValue(row, col);
@@ -36,7 +34,7 @@ AbstractDataContainer::Bytes TableData::getValueRawCharVec(int row, int col, boo
 bool TableData::setValueRaw(int row, int col, QString const& text, bool ignoreTranspose) {
     if (transposed && !ignoreTranspose)
         std::swap(row, col);
-    if (!growToHold(row, col, !text.isEmpty()))
+    if (refusesChanges() || !growToHold(row, col, !text.isEmpty()))
         return false;
     auto const written = codec.encode(text);
     bool const changed = dataContainer->getValue(row, col) != written;
@@ -67,13 +65,13 @@ bool TableData::setValueModel(int row, int col, QString const& text) {
 }
 
 std::string_view TableData::cellBytesRaw(int row, int col) const {
-    if (!editableContainer || loading)
+    if (!editableContainer)
         return {};
     return transposed ? editableContainer->cellView(col, row) : editableContainer->cellView(row, col);
 }
 
 void TableData::exchange(CellPatch& patch) {
-    if (!editableContainer)
+    if (!editableContainer || refusesChanges())
         return;
     growToHold(patch);
     editableContainer->exchange(patch, transposed);

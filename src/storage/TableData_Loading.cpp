@@ -2,13 +2,16 @@
 #include "storage/TableData.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+
+#include <utility>
 
 std::unique_ptr<AbstractDataContainer> TableData::makeContainer(DataContainerType /*type*/) {
     // Read-only tables are read into memory too, until there is a container that works from an index of the file.
     return std::make_unique<EditableDataContainer>();
 }
 
-void TableData::setContainer(std::unique_ptr<AbstractDataContainer> container) {
+void TableData::setContainer(Container container) {
     dataContainer = std::move(container);
     editableContainer = qobject_cast<EditableDataContainer*>(dataContainer.get());
     dataContainer->setProgressUpdateMutex(progressMutex, progressCondition);
@@ -20,36 +23,81 @@ void TableData::setProgressUpdateMutex(QMutex* mutex, QWaitCondition* condition)
     dataContainer->setProgressUpdateMutex(mutex, condition);
 }
 
-void TableData::loadCSV(QString const& path, bool useThread, DataContainerType type, QString const& delimiter,
-                        QString const& saveDelimiter, EncodingType encoding, ParsingStandard standard) {
-    dataContainer->disconnect(this);
+bool TableData::openForLoad(QString const& path, DataContainerType type) {
+    if (opened && opened->getFilepath() == path)
+        return true;
+    opened = makeContainer(type);
+    opened->setFilepath(path);
+    if (opened->openForLoad())
+        return true;
+    QString const reason = opened->getLoadResult().reason;
+    opened.reset();
+    emit loadFailedSignal(reason);
+    return false;
+}
+
+/// The container that has been opened for this load, or a new one whose file is still to be opened.
+TableData::Container TableData::takeOpened(QString const& path, DataContainerType type) {
+    Container next = std::move(opened);
+    if (!next || next->getFilepath() != path) {
+        next = makeContainer(type);
+        next->setFilepath(path);
+    }
+    return next;
+}
+
+void TableData::passDialectTo(AbstractDataContainer& container) const {
+    container.setDelimiter(delimiter, saveDelimiter);
+    container.setLineEnding(lineEnding);
+    container.setEncoding(encoding);
+    container.setParsingStandard(parsingStandard);
+    container.setSaveWithTrailingDelimiters(saveWithTrailingDelimiters);
+    container.setLoadLimits(loadLimits);
+}
+
+bool TableData::loadCSV(QString const& path, bool useThread, DataContainerType type, QString const& newDelimiter,
+                        QString const& newSaveDelimiter, EncodingType newEncoding, ParsingStandard standard) {
+    if (useThread && !openForLoad(path, type))
+        return false;
+    Container next = takeOpened(path, type);
     stopLoadThread(true);
-    ++loadNumber;
+    locked = false;
+    Container former = std::move(dataContainer);
     setContainer(makeContainer(type));
     dataContainerType = type;
     axes[0].count = 0;
     axes[1].count = 0;
     transposed = false;
+    resetSizes();
 
     dataContainer->setFilepath(path);
-    setDelimiter(delimiter, saveDelimiter);
+    setDelimiter(newDelimiter, newSaveDelimiter);
     setLineEnding(lineEnding);
-    setEncoding(encoding, false);
+    setEncoding(newEncoding, false);
     setParsingStandard(standard);
     setSaveWithTrailingDelimiters(saveWithTrailingDelimiters);
+    passDialectTo(*next);
+    next->setProgressUpdateMutex(progressMutex, progressCondition);
 
+    coming = std::move(next);
     if (useThread) {
-        startLoadThread();
-    } else {
-        dataContainer->loadCSV();
-        onLoadFinished();
+        startLoadThread(std::move(former));
+        return true;
     }
+    former.reset();
+    coming->loadCSV();
+    onLoadFinished();
+    return getLoadResult().end != LoadEnd::None;
 }
 
-void TableData::startLoadThread() {
-    AbstractDataContainer* const container = dataContainer.get();
+void TableData::startLoadThread(Container former) {
+    AbstractDataContainer* const container = coming.get();
     loadThread = std::make_unique<QThread>();
     container->moveToThread(loadThread.get());
+    // The end of a large table takes a while, so the thread sees to it, before it needs the memory.
+    former->moveToThread(loadThread.get());
+    connect(loadThread.get(), &QThread::started,
+            [last = std::shared_ptr<AbstractDataContainer>(std::move(former))]() mutable { last.reset(); });
     connect(loadThread.get(), &QThread::started, container, &AbstractDataContainer::loadCSV, Qt::QueuedConnection);
 
     // A signal under way when its container is replaced still arrives, and by then has no sender; the next container
@@ -65,34 +113,48 @@ void TableData::startLoadThread() {
     forward(&AbstractDataContainer::loadProgressUpdateSignal,
             [this](int done, int steps, int sizeMiB) { emit loadProgressUpdateSignal(done, steps, sizeMiB); });
     forward(&AbstractDataContainer::loadFinishedSignal, [this] { onLoadFinished(); });
-
-    loading = true;
     loadThread->start();
 }
 
 void TableData::onLoadFinished() {
-    loading = false;
-    stopLoadThread(false);
+    takeOverLoaded();
     along(Axis::Rows).count = dataContainer->numRows();
     along(Axis::Columns).count = dataContainer->numCols();
+    if (getLoadResult().beyondLimits)
+        dataContainerType = DataContainerType::ReadOnly;
     emit loadFinishedSignal();
     signalSize();
 }
 
+void TableData::takeOverLoaded() {
+    Container loaded = std::move(coming);
+    endLoadThread(loaded.get());
+    setContainer(std::move(loaded));
+    // The one option that may change during a load.
+    dataContainer->setSaveWithTrailingDelimiters(saveWithTrailingDelimiters);
+}
+
 void TableData::stopLoadThread(bool cancel) {
-    if (cancel && loading)
-        dataContainer->setQuit(true);
-    if (loadThread) {
-        if (loadThread->isRunning())
-            loadThread->quit();
-        loadThread->wait();
-        loadThread.reset();
-        // Without a thread the container can be drawn to this one. A load that the thread had not begun must not
-        // follow it here.
-        QCoreApplication::removePostedEvents(dataContainer.get());
-        dataContainer->moveToThread(thread());
+    if (cancel && coming)
+        coming->setQuit(true);
+    endLoadThread(coming.get());
+    coming.reset();
+    ++loadNumber; // its signals may still be on their way
+}
+
+void TableData::endLoadThread(AbstractDataContainer* container) {
+    if (!loadThread)
+        return;
+    if (loadThread->isRunning())
+        loadThread->quit();
+    loadThread->wait();
+    loadThread.reset();
+    // Without a thread the container can be drawn to this one. A load that the thread had not begun must not follow it
+    // here.
+    if (container) {
+        QCoreApplication::removePostedEvents(container);
+        container->moveToThread(thread());
     }
-    loading = false;
 }
 
 void TableData::setDataContainerType(DataContainerType type) {
@@ -102,7 +164,18 @@ void TableData::setDataContainerType(DataContainerType type) {
             dataContainer->getEncoding(), dataContainer->getParsingStandard());
 }
 
+bool TableData::refusesSave(QString const& path) {
+    saveRefusal.clear();
+    if (isLocked())
+        saveRefusal = tr("The file is being loaded.");
+    else if (getLoadResult().beyondLimits && QFileInfo(path) == QFileInfo(getFilepath()))
+        saveRefusal = tr("The table holds only the beginning of the file. Save it under another name.");
+    return !saveRefusal.isEmpty();
+}
+
 bool TableData::saveCSV(bool ignoreMaps, bool skipConcealed) {
+    if (refusesSave(getFilepath()))
+        return false;
     emit saveStartedSignal(getFilepath());
     bool const saved = dataContainer->saveCSV(ignoreMaps, transposed, skipMask(Axis::Rows, skipConcealed),
                                               skipMask(Axis::Columns, skipConcealed));
@@ -111,6 +184,8 @@ bool TableData::saveCSV(bool ignoreMaps, bool skipConcealed) {
 }
 
 bool TableData::saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed) {
+    if (refusesSave(path))
+        return false;
     emit saveStartedSignal(path);
     bool const saved = dataContainer->saveCSV(path, ignoreMaps, transposed, skipMask(Axis::Rows, skipConcealed),
                                               skipMask(Axis::Columns, skipConcealed));

@@ -1,6 +1,7 @@
 // Sorting: the order of the rows or columns by a line across them, and putting them in an order.
 
 #include "core/IndexUtilities.h"
+#include "core/ModalHold.h"
 #include "storage/EditableDataContainer.h"
 #include "storage/TableData.h"
 #include "storage/TableDataWorker.h"
@@ -24,6 +25,7 @@ bool TableData::getSortIndexes(Indexes& out, int key, Axis axis, SortType type, 
     }
     QThread thread;
     worker.moveToThread(&thread);
+    ModalHold const hold;
     QEventLoop loop;
     bool finished = false;
     connect(&worker, &TableDataWorker::getSortIndexesFinishedSignal, &loop, [&] {
@@ -46,12 +48,13 @@ bool TableData::getSortIndexes(Indexes& out, int key, Axis axis, SortType type, 
 
 void TableData::sortLines(Axis shown, Indexes const& order) {
     Axis const axis = storedAxis(shown, false);
-    if (editableContainer == nullptr || int(order.size()) != along(axis).count)
+    if (editableContainer == nullptr || isLocked() || int(order.size()) != along(axis).count)
         return;
     if (axis == Axis::Rows)
         editableContainer->permuteRows(order);
     else
         editableContainer->permuteCols(order);
+    noteOrder(axis, order);
     ConcealedList& concealed = along(axis).concealed;
     if (concealed.size() == 0)
         return;

@@ -45,14 +45,48 @@ Axis across(Axis axis) {
 
 } // namespace
 
+// Whatever changes the lines along an axis says here how their sizes follow.
+
+template <typename Follow>
+void TableData::noteLines(Axis axis, Follow follow) {
+    for (LineSizeStore& sizes : along(axis).sizes)
+        follow(sizes);
+    along(axis).revision = ++lastRevision;
+}
+
+void TableData::noteOrder(Axis axis, Indexes const& order) {
+    noteLines(axis, [&](LineSizeStore& sizes) { sizes.reorder(order); });
+}
+
+void TableData::noteMapping(Axis axis) {
+    noteLines(axis, [](LineSizeStore const&) {});
+}
+
+void TableData::resetSizes() {
+    for (Axis const axis : {Axis::Rows, Axis::Columns})
+        noteLines(axis, [](LineSizeStore& sizes) { sizes.clear(); });
+}
+
+LineSizeStore& TableData::lineSizes(Axis shown) {
+    return along(storedAxis(shown, false)).sizes[static_cast<std::size_t>(shown)];
+}
+
+LineSizeStore const& TableData::lineSizes(Axis shown) const {
+    return along(storedAxis(shown, false)).sizes[static_cast<std::size_t>(shown)];
+}
+
 // Insertion.
 
 bool TableData::makeRoom(Axis axis, int at, int count) {
-    along(axis).concealed.shiftForInsertion(at, count);
-    return count >= 1 && at >= 0 && at <= along(axis).count;
+    AxisState& state = along(axis);
+    state.concealed.shiftForInsertion(at, count);
+    noteLines(axis, [=](LineSizeStore& sizes) { sizes.insert(at, count); });
+    return count >= 1 && at >= 0 && at <= state.count;
 }
 
 bool TableData::insertEmpty(Axis axis, int at, int count) {
+    if (refusesChanges())
+        return false;
     if (!makeRoom(axis, at, count))
         return true;
     bool const inserted = (*dataContainer.*callsAlong(axis).insertEmpty)(at, count);
@@ -62,6 +96,8 @@ bool TableData::insertEmpty(Axis axis, int at, int count) {
 }
 
 bool TableData::insertFilled(Axis axis, int at, std::vector<Cells> const& filled) {
+    if (refusesChanges())
+        return false;
     int const count = static_cast<int>(filled.size());
     if (!makeRoom(axis, at, count))
         return true;
@@ -75,10 +111,11 @@ bool TableData::insertFilled(Axis axis, int at, std::vector<Cells> const& filled
 bool TableData::removeRaw(Axis axis, int at, int count) {
     AxisState& state = along(axis);
     count = std::min(count, state.count - at);
-    if (count < 1 || at < 0)
+    if (count < 1 || at < 0 || refusesChanges())
         return false;
     bool const removed = (*dataContainer.*callsAlong(axis).remove)(at, count);
     state.concealed.shiftForRemoval(at, count);
+    noteLines(axis, [=](LineSizeStore& sizes) { sizes.remove(at, count); });
     state.count -= count;
     return removed;
 }
@@ -92,7 +129,7 @@ bool TableData::removeModel(Axis axis, int model, int count) {
             break;
         raws.push_back(raw);
     }
-    if (raws.empty())
+    if (raws.empty() || refusesChanges())
         return false;
 
     // From the last run to the first, so that the indexes of the runs before stay right.
@@ -100,6 +137,7 @@ bool TableData::removeModel(Axis axis, int model, int count) {
     for (auto run = runs.rbegin(); run != runs.rend(); ++run)
         (*dataContainer.*callsAlong(axis).remove)(run->first, run->second - run->first + 1);
     state.concealed.shiftForRemoval(raws);
+    noteLines(axis, [&](LineSizeStore& sizes) { sizes.remove(raws); });
     state.count -= static_cast<int>(raws.size());
     signalSize();
     return true;
@@ -108,7 +146,7 @@ bool TableData::removeModel(Axis axis, int model, int count) {
 // Many lines at once.
 
 void TableData::take(TakenLines& lines) {
-    if (!editableContainer || lines.count() == 0)
+    if (!editableContainer || refusesChanges() || lines.count() == 0)
         return;
     Axis const axis = storedAxis(lines.axis, false);
     if (axis == Axis::Rows)
@@ -116,12 +154,14 @@ void TableData::take(TakenLines& lines) {
     else
         editableContainer->takeCols(lines.cols, lines.blocks);
     lines.concealed = along(axis).concealed.removeBlocks(lines.blocks);
+    auto taken = lines.sizes.begin();
+    noteLines(axis, [&](LineSizeStore& sizes) { *taken++ = sizes.take(lines.blocks); });
     along(axis).count -= lines.count();
     signalSize();
 }
 
 void TableData::putBack(TakenLines& lines) {
-    if (!editableContainer || lines.count() == 0)
+    if (!editableContainer || refusesChanges() || lines.count() == 0)
         return;
     Axis const axis = storedAxis(lines.axis, false);
     if (axis == Axis::Rows)
@@ -129,6 +169,8 @@ void TableData::putBack(TakenLines& lines) {
     else
         editableContainer->putBackCols(lines.cols, lines.blocks);
     along(axis).concealed.insertBlocks(lines.blocks, lines.concealed);
+    auto taken = lines.sizes.cbegin();
+    noteLines(axis, [&](LineSizeStore& sizes) { sizes.putBack(lines.blocks, *taken++); });
     along(axis).count += lines.count();
     signalSize();
 }
@@ -145,6 +187,8 @@ void TableData::growTo(Axis axis, int count) {
 }
 
 bool TableData::duplicate(Axis axis, int model, int offset) {
+    if (refusesChanges())
+        return false;
     ConcealedList const& concealed = along(axis).concealed;
     int const from = concealed.toRaw(model);
     int const to = std::max(concealed.toRaw(model + offset), concealed.toRaw(0));
@@ -158,7 +202,7 @@ bool TableData::move(Axis axis, int model, int offset) {
     ConcealedList const& concealed = along(axis).concealed;
     int const from = concealed.toRaw(model);
     int const to = concealed.toRaw(model + offset);
-    if (from < 0 || to < 0)
+    if (from < 0 || to < 0 || refusesChanges())
         return false;
     if (to >= along(axis).count)
         growTo(axis, to + 1);
@@ -170,6 +214,7 @@ bool TableData::move(Axis axis, int model, int offset) {
         return moveAroundConcealed(axis, model, offset, cells);
     bool const inserted = (*dataContainer.*calls.insertOne)(offset > 0 ? to + 1 : to, cells);
     bool const removed = (*dataContainer.*calls.remove)(offset < 0 ? from + 1 : from, 1);
+    noteLines(axis, [=](LineSizeStore& sizes) { sizes.move(from, to); });
     return inserted && removed;
 }
 
@@ -178,11 +223,14 @@ bool TableData::moveAroundConcealed(Axis axis, int model, int offset, Cells cons
     AxisCalls const& calls = callsAlong(axis);
     int const step = offset < 0 ? -1 : 1;
     int hole = concealed.toRaw(model);
+    Indexes places{hole};
     for (int index = model; index != model + offset; index += step) {
         int const neighbour = concealed.toRaw(index + step);
         (*dataContainer.*calls.copyContents)(neighbour, hole);
         hole = neighbour;
+        places.push_back(hole);
     }
+    noteLines(axis, [&](LineSizeStore& sizes) { sizes.moveOver(places); });
     return (*dataContainer.*calls.set)(hole, cells);
 }
 

@@ -18,6 +18,7 @@ public:
     /// Returns whether the file was read to its end.
     bool run();
     std::size_t columns() const { return buffer.columns(); }
+    bool isBeyondLimits() const { return beyondLimits; }
 
 private:
     enum class State { CellStart, Unquoted, Quoted, QuoteInQuoted };
@@ -65,6 +66,7 @@ private:
     bool afterCr = false;    ///< the last unit seen was the CR that ended a row
     bool doubled = false;    ///< the quoted cell at hand has doubled quotes
     bool stopped = false;
+    bool beyondLimits = false;
 };
 
 template <typename Unit>
@@ -79,12 +81,16 @@ bool UnitScanner<Unit>::run() {
     buffer.start();
     for (;;) {
         buffer.isWide() ? scan<std::uint64_t>() : scan<std::uint32_t>();
-        if (stopped || buffer.exhausted())
+        beyondLimits = buffer.isBeyondLimits();
+        if (stopped || beyondLimits || buffer.exhausted())
             break;
         buffer.refill();
     }
-    if (!stopped)
+    if (beyondLimits)
+        buffer.finishCells();
+    else if (!stopped)
         buffer.isWide() ? endFile<std::uint64_t>() : endFile<std::uint32_t>();
+    beyondLimits = buffer.isBeyondLimits(); // the last row counts too
     buffer.finish();
     return !stopped;
 }

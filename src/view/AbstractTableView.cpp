@@ -76,6 +76,10 @@ void AbstractTableView::setLetEditorPaneConsumeNavigationKeystrokes(bool on) {
     letEditorPaneConsumeNavigationKeystrokes = on;
 }
 
+bool AbstractTableView::isLoading() const {
+    return table != nullptr && table->isLoading();
+}
+
 bool AbstractTableView::isMousePressed() const {
     return isSet(table->getPendingCornerStart());
 }
@@ -101,17 +105,18 @@ void AbstractTableView::deselectAllButTheMainCell() {
 
 KeyState AbstractTableView::keyState() const {
     KeyState state;
-    state.dead = isMousePressed() || loading;
+    state.dead = isMousePressed() || isLoading();
     state.cellEditing = hasContext(Context::CellEditing);
     state.editing = editing;
     state.editorPaneShown = hasContext(Context::EditorPaneShown);
     state.paneTakesKeys = letEditorPaneConsumeNavigationKeystrokes;
     state.cellEditorShown = cellEditor != nullptr && cellEditor->isVisible();
+    state.leftByEditor = cellEditor != nullptr && window()->focusWidget() == cellEditor;
     return state;
 }
 
 bool AbstractTableView::event(QEvent* event) {
-    if (event->type() == QEvent::KeyPress && !loading) {
+    if (event->type() == QEvent::KeyPress && !isLoading()) {
         auto* const key = static_cast<QKeyEvent*>(event);
         KeyDecision const decision = decideTab(*key, keyState());
         if (decision.action != KeyAction::PassToBase)
@@ -188,6 +193,8 @@ Range AbstractTableView::cellAtPos(int x, int y) const {
 }
 
 void AbstractTableView::mousePressEvent(QMouseEvent* event) {
+    if (isLoading())
+        return;
     pressEventCopy = copyOf(*event);
     QPoint const point = event->position().toPoint();
     switch (decidePress(event->button(), event->modifiers())) {
@@ -232,8 +239,9 @@ void AbstractTableView::mouseMoveEvent(QMouseEvent* event) {
         expandSelection(cellAtPos(event->position().toPoint()));
 }
 
+/// Presses that begin no selection, as one that takes a cell out of it or a double click, are followed by moves too.
 void AbstractTableView::expandSelection(Range cell) {
-    if (cell == table->getPendingCornerEnd())
+    if (!isMousePressed() || cell == table->getPendingCornerEnd())
         return;
     cell.row = std::max(cell.row, 0);
     cell.col = std::max(cell.col, 0);
@@ -268,7 +276,7 @@ void AbstractTableView::endCutOffDrag() {
 }
 
 void AbstractTableView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
+    if (event->button() == Qt::LeftButton && !isLoading()) {
         deselectAllButTheMainCell();
         editMainCellAppend();
     }
@@ -312,7 +320,7 @@ void AbstractTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndE
 }
 
 bool AbstractTableView::isReadOnlyTable() const {
-    return hasContext(Context::ReadOnly) || table->isReadOnly();
+    return hasContext(Context::ReadOnly) || table->isReadOnly() || isLoading();
 }
 
 // The context menu.

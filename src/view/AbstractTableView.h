@@ -46,8 +46,8 @@ public:
     virtual void setLetEditorPaneConsumeNavigationKeystrokes(bool on);
     /// The context menus of the cells and headers offer the commands among `actions`.
     virtual void setupContextMenus(CommandActions const& actions);
-    /// While a file is loaded in the background the keys are dead.
-    bool isLoading() const { return loading; }
+    /// Whether a file is being loaded in the background. Meanwhile the keys are dead and nothing changes the table.
+    bool isLoading() const;
     /// Whether an edit is open, over a cell or in the editor pane.
     bool isEditing() const { return editing; }
     /// The next focus that comes for no stated reason is taken, as when the window is activated.
@@ -66,10 +66,12 @@ public:
     void deselectAllButTheMainCell();
     /// The cell at a point of the viewport, flagged if it is the main cell. For a point outside the viewport the cell
     /// just out of sight; row or column are -1 where the table does not reach.
-    Range cellAtPos(int x, int y) const;
+    virtual Range cellAtPos(int x, int y) const;
     Range cellAtPos(QPoint point) const { return cellAtPos(point.x(), point.y()); }
     /// Shows the cells anew. Costs what is on screen and nothing more.
     virtual void refreshView();
+    /// Qt would look for cells that begin with a key's text, through the whole table.
+    void keyboardSearch(QString const&) override {}
 
     // Marks over the cells.
 
@@ -100,6 +102,8 @@ public:
     /// Opens the editor over a cell. With an event it opens as by typing, and the event reaches it.
     void openEditor(QModelIndex const& index);
     void editOnAnyKeyPressed(QModelIndex const& index, QKeyEvent* event);
+    /// Lays the editor over its cell anew.
+    void placeEditor() { updateEditorGeometries(); }
     /// Closes the editor if it is one of this view's.
     void closeEditorPublic(QWidget* editor);
 
@@ -153,7 +157,6 @@ protected:
 
     Context context = Context::TableActive;
     CommandActions commands;
-    bool loading = false;
     bool editing = false;
     bool letEditorPaneConsumeNavigationKeystrokes = true;
     QPointer<QuickEdit> cellEditor; ///< the open editor over a cell, null otherwise

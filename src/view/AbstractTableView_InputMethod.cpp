@@ -25,7 +25,7 @@ bool composesOrCommits(QInputMethodEvent const& event) {
 } // namespace
 
 void AbstractTableView::inputMethodEvent(QInputMethodEvent* event) {
-    if (isMousePressed() || loading) {
+    if (isMousePressed() || isLoading()) {
         QTableView::inputMethodEvent(event);
     } else if (startingEditFromInputMethod) {
         event->accept();

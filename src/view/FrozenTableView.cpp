@@ -32,22 +32,11 @@ void FrozenTableView::setNumCols(int count) {
 }
 
 void FrozenTableView::takeModelOf(AbstractTableView const& main) {
-    if (hasModel())
-        return;
-    for (Axis const axis : {Axis::Rows, Axis::Columns})
-        headerView(axis)->setDefaultSectionSize(
-            (axis == Axis::Rows ? main.verticalHeader() : main.horizontalHeader())->defaultSectionSize());
     // The labels of a band cover those beneath.
     getVerticalHeaderView()->setLeader(main.verticalHeader());
     getHorizontalHeaderView()->setLeader(main.horizontalHeader());
     setModel(main.tableModel());
-    copySizes(main, Axis::Rows, showsRows() ? numRows : main.verticalHeader()->count());
-    copySizes(main, Axis::Columns, showsCols() ? numCols : main.horizontalHeader()->count());
     relayOut();
-}
-
-void FrozenTableView::copySizes(AbstractTableView const& main, Axis axis, int count) {
-    headerView(axis)->copySizes(axis == Axis::Rows ? *main.verticalHeader() : *main.horizontalHeader(), count);
 }
 
 void FrozenTableView::relayOut() {
@@ -77,6 +66,15 @@ void FrozenTableView::setTheme(Theme const& theme) {
         setStyleSheet(text);
     tableDelegate()->setEditorBackgroundColor(theme.getCellColor());
     tableDelegate()->setTextColor(theme.getTextColor());
+}
+
+Range FrozenTableView::cellAtPos(int x, int y) const {
+    Range cell = AbstractTableView::cellAtPos(x, y);
+    if (showsRows() && numRows > 0)
+        cell.row = std::min(cell.row, numRows - 1);
+    if (showsCols() && numCols > 0)
+        cell.col = std::min(cell.col, numCols - 1);
+    return cell;
 }
 
 void FrozenTableView::moveSelectionRelative(int rows, int cols) {

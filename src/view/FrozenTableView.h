@@ -23,17 +23,18 @@ public:
     void setNumCols(int count);
     int getNumRows() const { return numRows; }
     int getNumCols() const { return numCols; }
-    /// Shows the table of `main`, with its sizes, if it does not yet.
+    /// Shows the table of `main`.
     void takeModelOf(AbstractTableView const& main);
     bool hasModel() const { return tableModel() != nullptr; }
-    /// Takes over how large the first `count` lines of the main view are.
-    void copySizes(AbstractTableView const& main, Axis axis, int count);
     /// Lays headers and scroll bars out by the sizes of rows and columns.
     void relayOut();
     /// Brings an axis to where the bar of the main view is, also past the band's own end.
     void follow(Axis axis, QScrollBar const& bar);
     void setTheme(Theme const& theme);
 
+    /// One of the lines that the band is for, also for a point on its edge, where another line shows a little.
+    Range cellAtPos(int x, int y) const override;
+    using AbstractTableView::cellAtPos;
     void moveSelectionRelative(int rows, int cols) override;
     /// Does nothing: only the main view jumps.
     void moveSelectionAbsolute(int row, int col) override;

@@ -1,11 +1,12 @@
 #include "view/HeaderView.h"
 
+#include "core/SortMarks.h"
 #include "view/FirstSectionsModel.h"
 
 #include <QItemSelectionModel>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QSignalBlocker>
+#include <QStyleOptionHeader>
 
 #include <algorithm>
 #include <utility>
@@ -71,25 +72,24 @@ QSize HeaderView::sizeHint() const {
     return hint;
 }
 
+int HeaderView::labelWidth(int section) const {
+    QString label = model()->headerData(section, orientation(), Qt::DisplayRole).toString();
+    if (!label.endsWith(SortMarks::ascending) && !label.endsWith(SortMarks::descending))
+        label += QStringLiteral(" %1").arg(SortMarks::ascending);
+    QVariant const font = model()->headerData(section, orientation(), Qt::FontRole);
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    option.section = section;
+    option.text = label;
+    option.fontMetrics = QFontMetrics(font.isValid() ? font.value<QFont>() : this->font());
+    return style()->sizeFromContents(QStyle::CT_HeaderSection, &option, {}, this).width();
+}
+
 void HeaderView::relayOut() {
     // One section is enough to have the size of all judged anew.
     headerDataChanged(orientation(), 0, 0);
     viewport()->update();
     emit geometriesChanged();
-}
-
-void HeaderView::copySizes(QHeaderView const& from, int count) {
-    // With signals and updates on, every single section would have all those behind it moved.
-    bool const wereOn = updatesEnabled();
-    setUpdatesEnabled(false);
-    {
-        QSignalBlocker const blocker(this);
-        for (int section = 0; section < std::min({count, from.count(), this->count()}); ++section) {
-            if (int const size = from.sectionSize(section); size != sectionSize(section))
-                resizeSection(section, size);
-        }
-    }
-    setUpdatesEnabled(wereOn);
 }
 
 // The mouse.

@@ -25,7 +25,6 @@ public:
     /// A drag along the labels ends at this many sections; negative for no limit. Sections far behind the limit do not
     /// exist in this header.
     void setSectionLimit(int limit);
-    int getSectionLimit() const { return sectionLimit; }
     /// While set, a release ends a drag of sections.
     void setArrayDragArmed(bool on) { arrayDragArmed = on; }
     /// The context menu offers the commands among `actions`.
@@ -34,14 +33,13 @@ public:
     void setLeader(QHeaderView const* header) { leader = header; }
     /// A header of rows is wide enough for the label of the last row.
     QSize sizeHint() const override;
+    /// The width in which a label shows in full, also while the table is sorted by its line.
+    int labelWidth(int section) const;
     void setModel(QAbstractItemModel* model) override;
     /// Takes one of its own model only.
     void setSelectionModel(QItemSelectionModel* selection) override;
     /// Lays the labels out anew after their texts have changed.
     void relayOut();
-    /// Takes the sizes of the first `count` sections of another header over without telling anyone; the view is to be
-    /// laid out by the caller.
-    void copySizes(QHeaderView const& from, int count);
 
 signals:
     // Beside sectionClicked and sectionEntered, which are Qt's.

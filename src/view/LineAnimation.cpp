@@ -1,5 +1,7 @@
 #include "view/LineAnimation.h"
 
+#include "view/LineSizes.h"
+
 #include <QHeaderView>
 
 #include <algorithm>
@@ -14,7 +16,7 @@ constexpr std::size_t mostAnimated = 200;
 
 } // namespace
 
-LineAnimation::LineAnimation(QHeaderView& header, QObject* parent) : QVariantAnimation(parent), header(header) {
+LineAnimation::LineAnimation(LineSizes& sizes, QObject* parent) : QVariantAnimation(parent), sizes(sizes) {
     setStartValue(fullSize);
     setEndValue(0);
     setDuration(durationMs);
@@ -27,12 +29,12 @@ void LineAnimation::grow(std::vector<int> const& lines, int size) {
     finish();
     if (canBeSeen(lines)) {
         for (int const line : lines)
-            header.resizeSection(line, 0);
+            sizes.pretend(line, 0);
         run(lines, size, {});
         return;
     }
     for (int const line : lines)
-        header.resizeSection(line, size);
+        sizes.pretend(line, size);
 }
 
 void LineAnimation::collapse(std::vector<int> const& lines, std::function<void()> const& atEnd) {
@@ -47,25 +49,26 @@ void LineAnimation::run(std::vector<int> const& lines, int size, std::function<v
     linesToAnimate = lines;
     targetSizes.clear();
     for (int const line : lines)
-        targetSizes.push_back(header.sectionSize(line));
+        targetSizes.push_back(sizes.size(line));
     endSize = size;
     whenDone = atEnd;
     QAbstractAnimation::start();
 }
 
 bool LineAnimation::canBeSeen(std::vector<int> const& lines) const {
+    QHeaderView const& header = sizes.header();
     if (lines.size() > mostAnimated || !header.isVisible() || !header.parentWidget()->updatesEnabled())
         return false;
     int const extent = header.orientation() == Qt::Vertical ? header.viewport()->height() : header.viewport()->width();
     return std::any_of(lines.begin(), lines.end(), [&](int line) {
         int const position = header.sectionViewportPosition(line);
-        return position < extent && position + header.sectionSize(line) >= 0;
+        return position < extent && position + sizes.size(line) >= 0;
     });
 }
 
 void LineAnimation::setSizes(QVariant const& value) {
     for (std::size_t at = 0; at < linesToAnimate.size(); ++at)
-        header.resizeSection(linesToAnimate[at], endSize + (targetSizes[at] - endSize) * value.toInt() / fullSize);
+        sizes.pretend(linesToAnimate[at], endSize + (targetSizes[at] - endSize) * value.toInt() / fullSize);
 }
 
 void LineAnimation::finish() {

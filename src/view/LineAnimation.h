@@ -5,15 +5,15 @@
 #include <functional>
 #include <vector>
 
-class QHeaderView;
+class LineSizes;
 
-/// Lets rows or columns collapse or grow, all together, so that the eye sees where lines go and come. Lives with the
-/// header.
+/// Lets rows or columns collapse or grow, all together, so that the eye sees where lines go and come. What
+/// they show meanwhile is not their own size.
 class LineAnimation : public QVariantAnimation {
     Q_OBJECT
 
 public:
-    explicit LineAnimation(QHeaderView& header, QObject* parent);
+    explicit LineAnimation(LineSizes& sizes, QObject* parent);
 
     // One that still runs ends at once. Lines that cannot be followed by eye, being many or out of sight, do not keep
     // the user waiting either.
@@ -32,7 +32,7 @@ private:
     void end();
     bool canBeSeen(std::vector<int> const& lines) const;
 
-    QHeaderView& header;
+    LineSizes& sizes;
     std::vector<int> linesToAnimate;
     std::vector<int> targetSizes; ///< as the lines were at the start
     int endSize = 0;

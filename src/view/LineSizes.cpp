@@ -1,100 +1,259 @@
 #include "view/LineSizes.h"
 
-#include "model/LineMove.h"
+#include "model/TableModel.h"
 
 #include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
-LineSizes::LineSizes(QHeaderView& header, QObject* parent) : QObject(parent), header(header) {
-    connect(&header, &QHeaderView::sectionResized, this, [this](int, int, int size) {
-        if (size != this->header.defaultSectionSize())
-            resized = true;
+namespace {
+
+/// As the header's model has them by now.
+int sectionsOf(QHeaderView const& header) {
+    QAbstractItemModel const* const model = header.model();
+    if (model == nullptr)
+        return 0;
+    return header.orientation() == Qt::Vertical ? model->rowCount() : model->columnCount();
+}
+
+/// While it lives a header is not laid out and painted anew for each of its sections, and tells nobody of them.
+class QuietHeader {
+public:
+    explicit QuietHeader(QHeaderView& header) : header(header), blocker(&header), wereOn(header.updatesEnabled()) {
+        header.setUpdatesEnabled(false);
+    }
+    ~QuietHeader() {
+        if (wereOn)
+            header.setUpdatesEnabled(true);
+    }
+    Q_DISABLE_COPY_MOVE(QuietHeader)
+
+private:
+    QHeaderView& header;
+    QSignalBlocker blocker;
+    bool wereOn;
+};
+
+} // namespace
+
+LineSizes::LineSizes(Axis axis, QHeaderView& header, QObject* parent) : QObject(parent), axis(axis) {
+    add(header);
+}
+
+void LineSizes::addBand(QHeaderView& header) {
+    header.setDefaultSectionSize(defaultSize());
+    add(header);
+}
+
+void LineSizes::add(QHeaderView& header) {
+    std::size_t const at = shown.size();
+    shown.push_back({&header});
+    connect(&header, &QHeaderView::sectionResized, this,
+            [this, at](int line, int, int size) { onResized(at, line, size); });
+    connect(&header, &QHeaderView::sectionCountChanged, this, [this, at](int before, int now) {
+        if (now > before)
+            shown[at].pendingFrom = std::min(shown[at].pendingFrom, before);
     });
 }
 
+void LineSizes::setTable(TableModel* model) {
+    if (table != nullptr)
+        disconnect(table, nullptr, this, nullptr);
+    table = model;
+    layoutChanging = false;
+    connect(table, &QAbstractItemModel::layoutAboutToBeChanged, this, [this] { layoutChanging = true; });
+    connect(table, &QAbstractItemModel::layoutChanged, this, [this] { layoutChanging = false; });
+    outdate();
+}
+
+LineSizeStore& LineSizes::store() const {
+    return table->getTableData().lineSizes(axis);
+}
+
+int LineSizes::rawLine(int line) const {
+    TableData const& data = table->getTableData();
+    return axis == Axis::Rows ? data.getRawFromModelRow(line) : data.getRawFromModelCol(line);
+}
+
+int LineSizes::size(int line) const {
+    return header().sectionSize(line);
+}
+
+int LineSizes::defaultSize() const {
+    return header().defaultSectionSize();
+}
+
 bool LineSizes::areDefault() const {
-    if (!resized)
-        return true;
-    for (int line = 0; line < header.count(); ++line) {
-        if (header.sectionSize(line) != header.defaultSectionSize())
-            return false;
-    }
-    resized = false;
-    return true;
+    return store().areDefault();
 }
 
-// A table of a million rows would send as many signals.
+/// A line is shown no further behind than it is stored.
+int LineSizes::end() const {
+    return store().end();
+}
+
+// Defaults.
+
 void LineSizes::setDefault(int size) {
-    bool const wasBlocked = header.blockSignals(true);
-    header.setDefaultSectionSize(size);
-    header.blockSignals(wasBlocked);
-    resized = false;
+    store().clear();
+    changeDefault(size);
 }
 
-template <typename Change>
-void LineSizes::changeAll(Change change) {
-    if (areDefault() && change(header.defaultSectionSize()) == header.defaultSectionSize())
-        return;
-    for (int line = 0; line < header.count(); ++line) {
-        int const size = header.sectionSize(line);
-        if (change(size) != size)
-            header.resizeSection(line, change(size));
+void LineSizes::changeDefault(int size) {
+    for (Shown& each : shown) {
+        // A table of a million rows would send as many signals.
+        QuietHeader const quiet(*each.header);
+        each.header->setDefaultSectionSize(size);
+        each.uniform = true;
     }
+    outdate();
 }
 
-void LineSizes::raiseAll(int least) {
-    changeAll([least](int size) { return std::max(size, least); });
+// Single lines.
+
+void LineSizes::setByHand(int line, int size) {
+    store().setByHand(rawLine(line), size);
+    showAt(line, size);
 }
 
-void LineSizes::cutAll(int most) {
-    changeAll([most](int size) { return std::min(size, most); });
+bool LineSizes::isByHand(int line) const {
+    return store().isByHand(rawLine(line));
 }
 
-void LineSizes::raise(int line, int least) {
-    if (header.sectionSize(line) < least)
-        header.resizeSection(line, least);
+void LineSizes::fit(int line, int size) {
+    if (size == defaultSize())
+        return reset(line);
+    store().fit(rawLine(line), size);
+    showAt(line, size);
+}
+
+void LineSizes::widen(int line, int size) {
+    if (this->size(line) < size)
+        fit(line, size);
+}
+
+void LineSizes::reset(int line) {
+    store().reset(rawLine(line));
+    showAt(line, defaultSize());
+}
+
+void LineSizes::keepAbove(int line, int leastByHand) {
+    if (size(line) < (isByHand(line) ? leastByHand : defaultSize()))
+        reset(line);
 }
 
 void LineSizes::cut(int line, int most) {
-    if (header.sectionSize(line) > most)
-        header.resizeSection(line, most);
+    if (size(line) <= most)
+        return;
+    if (isByHand(line))
+        setByHand(line, most);
+    else
+        fit(line, most);
 }
 
-void LineSizes::makeRoom(std::vector<int> const& newLines) {
-    if (areDefault())
-        return;
-    int end = header.count();
-    for (std::size_t inserted = newLines.size(); inserted > 0; --inserted) {
-        int const newLine = newLines[inserted - 1];
-        for (int line = end - 1; line > newLine; --line)
-            header.resizeSection(line, header.sectionSize(line - int(inserted)));
-        end = newLine;
+void LineSizes::pretend(int line, int size) {
+    showAt(line, size);
+}
+
+void LineSizes::showAt(int line, int size) {
+    QScopedValueRollback<bool> const guard(showing, true);
+    for (Shown& each : shown) {
+        if (line >= each.header->count() || each.header->sectionSize(line) == size)
+            continue;
+        each.header->resizeSection(line, size);
+        each.uniform = each.uniform && size == each.header->defaultSectionSize();
     }
 }
 
-void LineSizes::move(LineMove const& move) {
-    bool const givesBack = move.sizes != nullptr && !move.sizes->empty();
-    if (areDefault() && !givesBack)
+void LineSizes::onResized(std::size_t at, int line, int size) {
+    if (showing || table == nullptr)
         return;
+    shown[at].uniform = false;
+    setByHand(line, size);
+    emit resizedByHand(line);
+}
+
+// Many lines.
+
+void LineSizes::resetBehindData() {
+    int const count = axis == Axis::Rows ? table->rowCountRaw() : table->columnCountRaw();
+    if (store().end() <= count)
+        return;
+    store().resetFrom(count);
+    outdate();
+}
+
+void LineSizes::keepAllAbove(int leastByHand) {
+    if (store().dropBelow(leastByHand, defaultSize()))
+        outdate();
+}
+
+void LineSizes::cutAll(int most) {
+    if (store().cutAll(most))
+        outdate();
+}
+
+void LineSizes::outdate() {
+    for (Shown& each : shown)
+        each.pendingFrom = 0;
+}
+
+// What the headers show.
+
+bool LineSizes::show() {
+    if (table == nullptr)
+        return false;
+    if (quint64 const revision = table->getTableData().linesRevision(axis); revision != shownRevision) {
+        shownRevision = revision;
+        outdate();
+    }
+    bool changed = false;
+    for (Shown& each : shown)
+        changed = showPending(each) || changed;
+    return changed;
+}
+
+bool LineSizes::showPending(Shown& each) {
+    // Headers keep sizes aside while the layout changes.
+    if (layoutChanging)
+        return false;
+    // A header that has not yet heard of an insertion or removal would move the sizes once more when it does.
+    if (each.header->count() != sectionsOf(*each.header))
+        return false;
+    int const from = std::exchange(each.pendingFrom, nothing);
+    if (from >= each.header->count() || (each.uniform && store().areDefault()))
+        return false;
+    QuietHeader const quiet(*each.header);
+    if (!store().areDefault() || from > 0)
+        return resizeSections(each, from);
+    each.header->setDefaultSectionSize(each.header->defaultSectionSize());
+    each.uniform = true;
+    return true;
+}
+
+bool LineSizes::resizeSections(Shown& each, int from) {
+    QHeaderView& header = *each.header;
+    LineSizeStore const& sizes = store();
+    TableData const& data = table->getTableData();
+    auto const& concealed = axis == Axis::Rows ? data.getConcealedRowsRaw() : data.getConcealedColsRaw();
     int const fallback = header.defaultSectionSize();
-    std::vector<int> sizes(std::size_t(header.count()), fallback);
-    std::vector<std::pair<int, int>> gone;
-    for (int line = 0; line < header.count(); ++line) {
-        int const size = header.sectionSize(line);
-        int const to = move.newLine(line);
-        if (to < 0 && size != fallback)
-            gone.emplace_back(line, size);
-        else if (to >= 0 && to < header.count())
-            sizes[std::size_t(to)] = size;
+    int const count = header.count();
+    int raw = rawLine(from);
+    auto hidden = std::lower_bound(concealed.begin(), concealed.end(), raw);
+    bool const wasUniform = each.uniform;
+    bool changed = false;
+    // Of sections of one size only those need a look for which there is another one.
+    for (int line = from; line < count && (!wasUniform || raw < sizes.end()); ++line, ++raw) {
+        for (; hidden != concealed.end() && *hidden == raw; ++hidden)
+            ++raw;
+        int const wanted = sizes.size(raw).value_or(fallback);
+        each.uniform = each.uniform && wanted == fallback;
+        if (header.sectionSize(line) == wanted)
+            continue;
+        header.resizeSection(line, wanted);
+        changed = true;
     }
-    if (givesBack) {
-        for (auto const& [line, size] : *move.sizes)
-            if (line < header.count())
-                sizes[std::size_t(line)] = size;
-    }
-    if (move.sizes != nullptr)
-        *move.sizes = gone;
-    for (int line = 0; line < header.count(); ++line)
-        header.resizeSection(line, sizes[std::size_t(line)]);
+    return changed;
 }

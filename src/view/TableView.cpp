@@ -1,7 +1,9 @@
 #include "view/TableView.h"
 
+#include "model/undo/TableUndoCommand.h"
 #include "view/FrozenTableView.h"
 #include "view/HeaderView.h"
+#include "view/HiddenNotice.h"
 #include "view/ScrollAreaBottomRightCornerWidget.h"
 #include "view/TLCornerButton.h"
 #include "view/TableDelegate.h"
@@ -15,13 +17,6 @@
 namespace {
 
 constexpr int wheelSnapDelayMs = 100;
-
-/// How many cells a section's size is judged by, falling with the number of rows.
-int precisionForRows(int rows) {
-    if (rows > 999999)
-        return 50;
-    return rows > 99999 ? 100 : 500;
-}
 
 } // namespace
 
@@ -44,6 +39,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connect(this, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
     connectEditing();
     TableView::setModel(new TableModel(this));
+    hiddenNotice = new HiddenNotice(this);
     applyFont();
     setTheme(tableModel()->getTheme());
 }
@@ -61,8 +57,8 @@ TableView::~TableView() {
 void TableView::setupSections() {
     verticalHeader()->setDefaultSectionSize(defaultRowHeight);
     horizontalHeader()->setDefaultSectionSize(defaultColumnWidth);
-    rowSizes = new LineSizes(*verticalHeader(), this);
-    colSizes = new LineSizes(*horizontalHeader(), this);
+    rowSizes = new LineSizes(Axis::Rows, *verticalHeader(), this);
+    colSizes = new LineSizes(Axis::Columns, *horizontalHeader(), this);
 }
 
 void TableView::setupCorners() {
@@ -90,6 +86,7 @@ void TableView::setupScrollBars() {
 
 void TableView::setModel(QAbstractItemModel* model) {
     AbstractTableView::setModel(model);
+    setTableOfSizes();
     connectSignalsWithModel();
     connectSizesWithModel();
     connectEditingWithModel();
@@ -103,6 +100,7 @@ void TableView::connectSignalsWithModel() {
     connect(model, &TableModel::startProgressUpdateSignal, this, &TableView::startProgressUpdateSignal);
     connect(model, &TableModel::loadProgressUpdateSignal, this, &TableView::loadProgressUpdateSignal);
     connect(model, &TableModel::loadFinishedSignal, this, &TableView::loadFinishedSignal);
+    connect(model, &TableModel::loadFailedSignal, this, &TableView::loadFailedSignal);
     connect(model, &TableModel::tableSizeChangedSignal, this, &TableView::tableSizeChangedSignal);
     connect(model, &TableModel::mainCellChangedSignal, this, &TableView::mainCellChangedSignal);
     connect(model, &TableModel::selectionSizeChangedSignal, this, &TableView::selectionSizeChangedSignal);
@@ -136,15 +134,32 @@ void TableView::connectSizesWithModel() {
 // Undo.
 
 void TableView::pushUndoCommand(QUndoCommand* command) {
-    changeStack([this, command] { stack.push(command); });
+    if (refuses(command))
+        delete command;
+    else
+        changeStack([this, command] { stack.push(command); });
 }
 
 void TableView::undo() {
-    changeStack([this] { stack.undo(); });
+    if (!refuses(stack.command(stack.index() - 1)))
+        changeStack([this] { stack.undo(); });
 }
 
 void TableView::redo() {
-    changeStack([this] { stack.redo(); });
+    if (!refuses(stack.command(stack.index())))
+        changeStack([this] { stack.redo(); });
+}
+
+/// Whether the table loads, or is read-only and the command, or one within it, would change its cells. Null is no
+/// command.
+bool TableView::refuses(QUndoCommand const* command) const {
+    if (isLoading() || command == nullptr)
+        return isLoading();
+    auto const* const change = dynamic_cast<TableUndoCommand const*>(command);
+    bool refused = readOnly && change != nullptr && change->changesCells();
+    for (int i = 0; i < command->childCount() && !refused; ++i)
+        refused = refuses(command->child(i));
+    return refused;
 }
 
 // A command saves before the stack counts it, so the stack learns of the save afterwards.
@@ -154,6 +169,7 @@ void TableView::changeStack(std::function<void()> const& change) {
     change();
     if (autoSaved)
         stack.setClean();
+    showSizes();
 }
 
 // State and options.
@@ -174,6 +190,7 @@ void TableView::setupContextMenus(CommandActions const& actions) {
     AbstractTableView::setupContextMenus(actions);
     for (FrozenTableView* const view : frozenViews())
         view->setupContextMenus(actions);
+    hiddenNotice->setActions(actions);
 }
 
 void TableView::setTheme(Theme const& theme) {
@@ -183,9 +200,11 @@ void TableView::setTheme(Theme const& theme) {
     tableDelegate()->setTextColor(theme.getTextColor());
     for (FrozenTableView* const view : frozenViews())
         view->setTheme(theme);
+    hiddenNotice->setTheme(theme);
 }
 
 void TableView::refreshView() {
+    showSizes();
     AbstractTableView::refreshView();
     for (FrozenTableView* const view : frozenViews()) {
         if (view->isVisible())
@@ -194,31 +213,6 @@ void TableView::refreshView() {
 }
 
 // The file.
-
-bool TableView::reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard) {
-    TableModel& model = *tableModel();
-    bool const same =
-        delimiter == model.getDelimiter() && encoding == model.getEncoding() && standard == model.getParsingStandard();
-    if (same || getFilepath().isEmpty())
-        return false;
-    stack.clear();
-    startBackgroundLoad();
-    return model.reloadFile(delimiter, encoding, standard);
-}
-
-void TableView::reloadFileReadOnly(bool on) {
-    setReadOnly(on);
-    if (!getFilepath().isEmpty()) {
-        stack.clear();
-        loadCSV(getFilepath(), true);
-    }
-}
-
-void TableView::startBackgroundLoad() {
-    hide();
-    loading = true;
-    setUpdatesEnabled(false);
-}
 
 void TableView::setReadOnly(bool on) {
     readOnly = on;
@@ -233,38 +227,4 @@ void TableView::setExtensionData(ExtensionData const& data) {
     model->setLineEnding(data.lineEnding);
     model->setEncoding(data.encoding);
     model->setParsingStandard(data.parsingStandard);
-}
-
-void TableView::loadCSV(QString const& path, bool background) {
-    if (background)
-        startBackgroundLoad();
-    TableModel* const model = tableModel();
-    model->loadCSV(path, background, readOnly, model->getDelimiter(), model->getSaveDelimiter(), model->getEncoding(),
-                   model->getParsingStandard());
-    if (!background) {
-        setResizeContentsPrecision(50);
-        warnAutoFitIfLargeFile();
-        enforceAutoFitColWidth(true);
-        enforceAutoFitRowHeight(true);
-        refreshView();
-    }
-}
-
-// The scanner waits a moment at each report for this answer, so that it does not run ahead of the event queue.
-void TableView::onStartProgressUpdate() {
-    tableModel()->wakeLoader();
-}
-
-void TableView::onLoadProgressUpdate(int, int, int) {
-    tableModel()->wakeLoader();
-}
-
-void TableView::onLoadFinished() {
-    setResizeContentsPrecision(precisionForRows(tableModel()->rowCountModel()));
-    warnAutoFitIfLargeFile();
-    enforceAutoFitColWidth(false);
-    enforceAutoFitRowHeight(false);
-    setUpdatesEnabled(true);
-    loading = false;
-    show();
 }

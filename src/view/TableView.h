@@ -22,6 +22,7 @@
 
 class FrozenTableView;
 class HeaderView;
+class HiddenNotice;
 class LineAnimation;
 class RowFit;
 class ScrollAreaBottomRightCornerWidget;
@@ -51,14 +52,21 @@ public:
     // The table and its file.
 
     /// Reads the file into the table by the options set before. In the background form the view is hidden until
-    /// onLoadFinished, and keys are dead.
-    void loadCSV(QString const& path, bool background);
+    /// onLoadFinished, keys are dead and changes refused. False for a file that cannot be opened: in the background
+    /// form the table is then as it was and loadFailedSignal tells why, in the other it is empty.
+    bool loadCSV(QString const& path, bool background);
+    /// Reads the table's file again in the dialect that it is in, on a thread. An open edit and the undo stack are
+    /// dropped. False if the file cannot be opened; then the table is as it was, and so it is with the next two.
+    bool readFileAgain();
     /// Reads the table's file again in another dialect, on a thread; the undo stack is cleared. False if that is the
     /// present dialect or there is no file.
     bool reloadFile(QString const& delimiter, EncodingType encoding, ParsingStandard standard);
     /// Reads the table's file again for reading only or for editing, on a thread; the undo stack is cleared. A table
     /// without a file only changes its mode.
     void reloadFileReadOnly(bool on);
+    /// Gives the focus to the table, or to what stands for it while it is loaded.
+    void takeFocus();
+    bool hasFocusInside() const;
     void setReadOnly(bool on);
     bool isReadOnly() const { return readOnly; }
     /// The options by which the table is loaded and saved; the delimiters must be settled.
@@ -70,17 +78,19 @@ public:
 
     /// Puts settings in force; those of table scope only the first time, as the defaults of a new table.
     void propagateSettings(Settings const& newSettings);
-    /// The settings in force, with the values of table scope that are the table's own.
-    Settings& getSettings() { return settings; }
+    /// The settings in force. Those of table scope are what the table began with; it may have changed since.
     Settings const& getSettings() const { return settings; }
 
     // Undo.
 
     QUndoStack* undoStack() { return &stack; }
-    /// Carries the command out and keeps it for undo. Takes ownership.
+    /// Carries the command out and keeps it for undo. Takes ownership. A table that is being loaded takes none, and a
+    /// read-only one none that would change its cells, in undo and redo too.
     void pushUndoCommand(QUndoCommand* command);
     void undo();
     void redo();
+    /// Whether the file lacks something that a save would put into it. A read-only table of a file is never saved.
+    bool hasUnsavedChanges() const { return !stack.isClean() && !(readOnly && !getFilepath().isEmpty()); }
 
     // Editing. An edit takes place in an editor over the main cell, or in the editor pane while that is shown.
 
@@ -176,9 +186,6 @@ public:
     FrozenTableView* getHorizontalFrozenView() const { return horizontalFrozenView; }
     FrozenTableView* getVerticalFrozenView() const { return verticalFrozenView; }
     FrozenTableView* getCornerFrozenView() const { return cornerFrozenView; }
-    /// Copies the sizes of the header columns to the bands, with `all` those of all columns.
-    void setFrozenColWidths(bool all);
-    void setFrozenRowHeights(bool all);
 
     // Labels.
 
@@ -191,6 +198,8 @@ public:
     /// The number of the first column, kept aside while columns are letters, which begin at A. With `restore` the
     /// number that is kept counts again and `index` does not matter.
     void setFirstColIndex(int index, bool emitChange, bool restore);
+    /// The number of the first column, also while it is kept aside.
+    int getFirstColIndex() const { return firstColIndex; }
     void setRepresentColumnsAsLetters(bool on);
 
     // Sizes of rows and columns, in pixels.
@@ -214,12 +223,6 @@ public:
     /// Gives each row its height, no more than the maximum.
     void resizeRows(std::vector<int> const& rows, std::vector<int> const& heights);
     void resizeCols(std::vector<int> const& cols, std::vector<int> const& widths);
-    /// Makes room in the sizes for lines that are inserted without the view's knowledge. The positions are ascending
-    /// and as the lines are numbered before; a position stands once for each new line.
-    void resizeRowsBeforeInsert(std::vector<int> positions);
-    void resizeColsBeforeInsert(std::vector<int> positions);
-    /// The positions need not be ascending.
-    void resizeColsAfterInsert(std::vector<int> positions);
     void enforceMinimumRowHeight();
     void enforceMinimumRowHeight(int row);
     void enforceMaximumRowHeight();
@@ -240,7 +243,6 @@ public:
     void setAutoFitColWidth(bool on, bool emitChange);
     /// How many cells of a column, or of a row, a fit looks at beyond the first hundred. Not 0.
     void setResizeContentsPrecision(int precision);
-    int getResizeContentsPrecision() const { return resizeContentsPrecision; }
     /// How often enforceAutoFitColWidth(bool) still acts; -1 for always.
     void setAutoFitColumnCountdown(int times) { autoFitColumnCountdown = times; }
     /// The height that shows a row's texts wrapped; 0 for a row without text.
@@ -254,7 +256,6 @@ public:
     void warnAutoFitIfLargeFile();
     /// Of all tables.
     static void setSuppressAutoFitWarnings(bool on) { suppressAutoFitWarnings = on; }
-    static bool areAutoFitWarningsSuppressed() { return suppressAutoFitWarnings; }
 
     // Marks. See AbstractTableView; the lines are User here, and all views show them.
 
@@ -352,6 +353,10 @@ signals:
     void startProgressUpdateSignal();
     void loadProgressUpdateSignal(int done, int steps, int sizeMiB);
     void loadFinishedSignal();
+    /// A load in the background has begun.
+    void loadBegunSignal();
+    /// A load could not begin, for a reason that is a sentence for the user.
+    void loadFailedSignal(QString reason);
     void tableSizeChangedSignal(int rawRows, int rawCols, int modelRows, int modelCols);
     void mainCellChangedSignal(Range mainCell);
     void selectionChangedSignal(TableView* view);
@@ -417,29 +422,32 @@ private:
     void setVerticalFrozenHeight();
     void setCornerFrozenWidth();
     void setCornerFrozenHeight();
-    void onColResized(int col, int oldWidth, int newWidth);
-    void onRowResized(int row, int oldHeight, int newHeight);
-    void frozenColResized(int col, int oldWidth, int newWidth);
-    void frozenRowResized(int row, int oldHeight, int newHeight);
     void followScrollBar(Axis axis);
     bool filterFrozenEvent(QObject const* watched, QEvent* event);
+    bool passDragOn(FrozenTableView const& from, QMouseEvent const& move);
 
     // Sizes.
     LineSizes& sizesOf(Axis axis) { return axis == Axis::Rows ? *rowSizes : *colSizes; }
-    QHeaderView* headerOf(Axis axis) const { return axis == Axis::Rows ? verticalHeader() : horizontalHeader(); }
     int maximumSize(Axis axis) const { return axis == Axis::Rows ? maximumRowHeight : maximumColumnWidth; }
-    int defaultSize(Axis axis) const { return axis == Axis::Rows ? defaultRowHeight : defaultColumnWidth; }
+    void setTableOfSizes();
+    bool takeSizes();
+    void showSizes();
+    int shownRowHeight() const;
+    void updateShownRowHeight();
+    void updateLoadLimits();
     void setDefaultSize(Axis axis, int size);
     void resizeLines(Axis axis, std::vector<int> const& lines, std::vector<int> const& sizes);
     void resizeSelectedLines(Axis axis, int size);
-    void makeRoom(Axis axis, std::vector<int> positions);
     void enforceEmptySizes(Axis axis);
     void enforceEmptySize(Axis axis, int line);
     bool isEmptyLine(Axis axis, int line) const;
     void widenTo(QString const& text, RangeSet const& ranges);
+    int typedWidth(QString const& text, bool bold);
+    void widenToLabels();
     void keepEditorInSight();
     void scrollAfterFit();
     void fitRow(RowFit const& fit, int row);
+    void boundRow(int row);
     int headerRowsWidth(int col);
     void resizeTogether(std::function<void()> const& resize);
     void setupAnimations();
@@ -454,7 +462,11 @@ private:
     void applyFont();
     bool askToDisableAutoFit(QString const& text);
 
-    void startBackgroundLoad();
+    bool beginReload(bool asReadOnly);
+    bool loadInBackground(std::function<bool()> const& load);
+    void hideForLoad();
+    void showAfterLoad();
+    void takeReadOnlyFromModel();
     void applyGlobalSettings();
     void applyTableSettings();
 
@@ -464,6 +476,7 @@ private:
     void onTableSavedOrLoaded();
     /// Carries a change of the undo stack out. After a save by it the stack is clean.
     void changeStack(std::function<void()> const& change);
+    bool refuses(QUndoCommand const* command) const;
     void connectSignalsWithDelegate(TableDelegate* delegate);
     QModelIndex mainIndex() const;
     QString mainText() const;
@@ -497,6 +510,7 @@ private:
     FrozenTableView* cornerFrozenView = nullptr;
     TLCornerButton* topLeftCornerButton = nullptr;
     ScrollAreaBottomRightCornerWidget* bottomRightCorner = nullptr;
+    HiddenNotice* hiddenNotice = nullptr;
     QTimer wheelSnapTimer;
     std::optional<CellEdit> pendingEdit;
     LineSizes* rowSizes = nullptr;

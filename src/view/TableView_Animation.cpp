@@ -11,8 +11,8 @@
 #include <utility>
 
 void TableView::setupAnimations() {
-    rowResizeAnimation = new LineAnimation(*verticalHeader(), this);
-    colResizeAnimation = new LineAnimation(*horizontalHeader(), this);
+    rowResizeAnimation = new LineAnimation(*rowSizes, this);
+    colResizeAnimation = new LineAnimation(*colSizes, this);
 }
 
 void TableView::finishAnimations() {
@@ -26,7 +26,8 @@ void TableView::insertLines(Axis axis, std::vector<int> lines) {
     finishAnimations();
     std::sort(lines.begin(), lines.end());
     axis == Axis::Rows ? tableModel()->insertRows(lines) : tableModel()->insertCols(lines);
-    animationOf(axis).grow(lines, defaultSize(axis));
+    showSizes();
+    animationOf(axis).grow(lines, sizesOf(axis).defaultSize());
     enforceTableSize();
 }
 

@@ -3,6 +3,7 @@
 
 #include "model/TableModel.h"
 #include "view/ColumnSample.h"
+#include "view/HeaderView.h"
 #include "view/MsgBox.h"
 #include "view/RowFit.h"
 #include "view/SampledLines.h"
@@ -14,6 +15,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <array>
+#include <map>
 #include <numeric>
 
 namespace {
@@ -22,6 +25,18 @@ namespace {
 constexpr int editPrecision = 50;
 
 } // namespace
+
+/// Labels that have become longer are not cut. Columns that the user has sized stay.
+void TableView::widenToLabels() {
+    if (!autoFitColWidth)
+        return;
+    resizeTogether([this] {
+        for (int col = 0; col < tableModel()->columnCountModel(); ++col) {
+            if (!colSizes->isByHand(col))
+                colSizes->widen(col, std::min(getHorizontalHeaderView()->labelWidth(col), maximumColumnWidth));
+        }
+    });
+}
 
 /// A view that has not been shown has no size yet, and what is in sight in it says nothing.
 void TableView::scrollAfterFit() {
@@ -43,12 +58,20 @@ int TableView::calculateAutoFitRowHeight(int row, int precision) const {
 
 void TableView::fitRow(RowFit const& fit, int row) {
     int const height = fit.heightOf(row);
-    // The bounds are kept here and not by a second and third resizing, each of which would tell the views anew.
-    int const wanted = std::max(height > 0 ? height : rowHeight(row), defaultRowHeight);
-    setRowHeight(row, std::min(wanted, maximumRowHeight));
+    if (height > 0)
+        rowSizes->fit(row, std::min(std::max(height, rowSizes->defaultSize()), maximumRowHeight));
+    else
+        boundRow(row);
+}
+
+void TableView::boundRow(int row) {
+    enforceMinimumRowHeight(row);
+    enforceEmptyRowHeight(row);
+    enforceMaximumRowHeight(row);
 }
 
 void TableView::enforceAutoFitRowHeight(bool scroll) {
+    showSizes();
     if (autoFitRowHeight) {
         std::vector<int> rows(std::size_t(tableModel()->rowCountModel()));
         std::iota(rows.begin(), rows.end(), 0);
@@ -64,7 +87,8 @@ void TableView::enforceAutoFitRowHeight(bool scroll) {
 }
 
 void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
-    if (!autoFitRowHeight && rowSizes->areDefault() && defaultRowHeight <= maximumRowHeight)
+    showSizes();
+    if (!autoFitRowHeight && rowSizes->areDefault())
         return;
     resizeTogether([&] {
         if (autoFitRowHeight) {
@@ -78,9 +102,8 @@ void TableView::enforceAutoFitRowHeights(std::vector<int> const& rows) {
             return;
         }
         for (int const row : rows) {
-            enforceMinimumRowHeight(row);
-            enforceEmptyRowHeight(row);
-            enforceMaximumRowHeight(row);
+            if (row < rowSizes->end())
+                boundRow(row);
         }
     });
 }
@@ -133,11 +156,12 @@ int TableView::headerRowsWidth(int col) {
 
 void TableView::resizeColumnToContents(int col, int precision) {
     bool allEmpty = false;
-    int const width =
-        col < tableModel()->columnCountModel()
-            ? estimateMaxWidthForColumnMainTable(col, precision, defaultColumnWidth, maximumColumnWidth, allEmpty)
-            : defaultColumnWidth;
-    setColumnWidth(col, std::min(std::max(width, headerRowsWidth(col)), maximumColumnWidth));
+    int width = defaultColumnWidth;
+    if (col < tableModel()->columnCountModel())
+        width = std::max(
+            estimateMaxWidthForColumnMainTable(col, precision, defaultColumnWidth, maximumColumnWidth, allEmpty),
+            getHorizontalHeaderView()->labelWidth(col));
+    colSizes->fit(col, std::min(std::max(width, headerRowsWidth(col)), maximumColumnWidth));
 }
 
 void TableView::resizeColumnsToContents() {
@@ -148,14 +172,34 @@ void TableView::resizeColumnsToContents() {
     });
 }
 
+int TableView::typedWidth(QString const& text, bool bold) {
+    if (qint64(bold ? averageBoldCharWidth : averageCharWidth) * text.size() > maximumColumnWidth)
+        return maximumColumnWidth;
+    QFont font = tableFont;
+    font.setWeight(bold ? QFont::Bold : tableFont.weight());
+    measuringTable.setFont(font);
+    return std::min(measuringTable.widthOf({text}), maximumColumnWidth);
+}
+
 /// While a text is typed its columns only grow; the cells above and below are not looked at before the edit is over.
 void TableView::widenTo(QString const& text, RangeSet const& ranges) {
     if (!autoFitColWidth)
         return;
-    bool const tooLong = qint64(averageCharWidth) * text.size() > maximumColumnWidth;
-    int const width = tooLong ? maximumColumnWidth : std::min(measuringTable.widthOf({text}), maximumColumnWidth);
-    for (int const col : ranges.touchedLines(Axis::Columns, tableModel()->columnCount()))
-        colSizes->raise(col, width);
+    std::array<int, 2> widths{-1, -1}; // plain and bold
+    // Where bold cells are edited they are those at the top.
+    std::map<int, int> topRows; // by column
+    CellRegion const cells = ranges.coverage({tableModel()->rowCount(), tableModel()->columnCount()}, true);
+    for (CellRect const& rect : cells.rects()) {
+        for (int col = rect.left; col <= rect.right; ++col)
+            topRows.try_emplace(col, rect.top);
+    }
+    for (auto const& [col, row] : topRows) {
+        bool const bold = tableModel()->index(row, col).data(Qt::FontRole).value<QFont>().bold();
+        int& width = widths[bold ? 1 : 0];
+        if (width < 0)
+            width = typedWidth(text, bold);
+        colSizes->widen(col, width);
+    }
 }
 
 void TableView::enforceAutoFitColWidth(bool scroll) {
@@ -163,6 +207,7 @@ void TableView::enforceAutoFitColWidth(bool scroll) {
         return;
     if (autoFitColumnCountdown > 0)
         --autoFitColumnCountdown;
+    showSizes();
     if (!autoFitColWidth)
         return;
     resizeColumnsToContents();
@@ -171,6 +216,7 @@ void TableView::enforceAutoFitColWidth(bool scroll) {
 }
 
 void TableView::enforceAutoFitColWidths(std::vector<int> const& cols) {
+    showSizes();
     if (!autoFitColWidth)
         return;
     resizeTogether([&] {
@@ -217,7 +263,7 @@ void TableView::applyFont() {
     bold.setWeight(QFont::Bold);
     averageCharWidth = int(QFontMetrics(tableFont).averageCharWidth() * widerThanAverage);
     averageBoldCharWidth = int(QFontMetrics(bold).averageCharWidth() * widerThanAverage);
-    measuringTable.setFont(tableFont);
+    updateShownRowHeight();
     refreshView();
     enforceAutoFitRowHeight(true);
     enforceAutoFitColWidth(true);
@@ -265,12 +311,12 @@ bool TableView::askToDisableAutoFit(QString const& text) {
     box.setText(text);
     QPushButton* const disable = box.addButton(tr("&Disable Auto-Fit"), QMessageBox::AcceptRole);
     QPushButton* const keep = box.addButton(tr("&Keep Auto-Fit"), QMessageBox::RejectRole);
-    for (QPushButton* const button : {disable, keep})
-        button->setFixedWidth(button->fontMetrics().horizontalAdvance(button->text()) + besideLabel);
     box.setDefaultButton(disable);
     auto* const dontAsk = new QCheckBox(tr("Don't ask me again"), &box);
     box.setCheckBox(dontAsk);
     box.conditionButtons();
+    for (QPushButton* const button : {disable, keep})
+        MsgBox::enlarge(*button, {button->fontMetrics().horizontalAdvance(button->text()) + besideLabel, 0});
     box.exec();
     if (dontAsk->isChecked()) {
         suppressAutoFitWarnings = true;

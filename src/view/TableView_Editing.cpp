@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QUndoCommand>
 
+#include <utility>
+
 // Construction.
 
 void TableView::connectEditing() {
@@ -24,7 +26,7 @@ void TableView::connectEditing() {
         connectSignalsWithDelegate(view->tableDelegate());
     connect(&stack, &QUndoStack::cleanChanged, this, [this](bool clean) {
         autoSaveFailed = autoSaveFailed && !clean;
-        emit undoStackCleanChangedSignal(clean);
+        emit undoStackCleanChangedSignal(!hasUnsavedChanges());
     });
 }
 
@@ -213,13 +215,16 @@ void TableView::onCellTextEdited(QString const& text) {
 
 /// The text may have widened the column of the editor past the edge of the view.
 void TableView::keepEditorInSight() {
-    if (!autoFitColWidth || cellEditor == nullptr || getCurrentlyEditedView() != this)
+    if (!autoFitColWidth || cellEditor == nullptr)
         return;
-    int const col = pendingEdit->mainRange().col;
-    if (columnViewportPosition(col) + columnWidth(col) > viewport()->width()) {
-        scrollToMainCell(true, true);
-        updateEditorGeometries();
-    }
+    auto const& [row, col] = std::pair(pendingEdit->mainRange().row, pendingEdit->mainRange().col);
+    if (isFrozenLine(Axis::Columns, col))
+        placeFrozenViews();
+    else if (columnViewportPosition(col) + columnWidth(col) > viewport()->width())
+        scrollToCell(row, col, true, true, isFrozenLine(Axis::Rows, row) ? Axis::Columns : Axis::Both);
+    else
+        return;
+    getCurrentlyEditedView()->placeEditor();
 }
 
 // How it ends.

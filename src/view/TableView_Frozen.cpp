@@ -35,13 +35,13 @@ void TableView::setupFrozenHeaders() {
         view->setNumCols(numHeaderCols);
         view->hide();
         view->viewport()->installEventFilter(this);
+        rowSizes->addBand(*view->verticalHeader());
+        colSizes->addBand(*view->horizontalHeader());
         connectFrozenView(view);
     }
-    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &TableView::onColResized);
-    connect(verticalHeader(), &QHeaderView::sectionResized, this, &TableView::onRowResized);
-    // The labels that a band shows can be dragged to resize.
-    connect(horizontalFrozenView->verticalHeader(), &QHeaderView::sectionResized, this, &TableView::frozenRowResized);
-    connect(verticalFrozenView->horizontalHeader(), &QHeaderView::sectionResized, this, &TableView::frozenColResized);
+    // A band grows as a label of it is dragged.
+    connect(rowSizes, &LineSizes::resizedByHand, this, &TableView::placeFrozenViews);
+    connect(colSizes, &LineSizes::resizedByHand, this, &TableView::placeFrozenViews);
     // Qt bounds the bars of a band anew whenever it is laid out.
     connect(horizontalFrozenView->horizontalScrollBar(), &QScrollBar::rangeChanged, this,
             [this] { followScrollBar(Axis::Columns); });
@@ -100,14 +100,17 @@ void TableView::onFreezeChanged(bool emitChange) {
 void TableView::showFrozenViews() {
     bool const cross = freezeHeaderRows && freezeHeaderColumns && numHeaderRows > 0 && numHeaderCols > 0;
     auto const show = [this](FrozenTableView* view, bool on) {
-        if (on)
+        if (on && !view->hasModel()) {
             view->takeModelOf(*this);
+            setTableOfSizes();
+        }
         view->setVisible(on);
     };
     show(horizontalFrozenView, freezeHeaderRows);
     show(verticalFrozenView, freezeHeaderColumns);
     show(cornerFrozenView, cross);
     cornerFrozenView->raise();
+    showSizes();
     placeFrozenViews();
     followScrollBar(Axis::Rows);
     followScrollBar(Axis::Columns);
@@ -179,6 +182,8 @@ void TableView::setCornerFrozenHeight() {
 
 /// Also after the headers and the viewport have changed their sizes, and after lines have been resized together.
 void TableView::updateGeometries() {
+    if (cornerFrozenView != nullptr)
+        takeSizes();
     AbstractTableView::updateGeometries();
     if (cornerFrozenView == nullptr)
         return;
@@ -187,50 +192,6 @@ void TableView::updateGeometries() {
         if (view->isVisible())
             view->relayOut();
     }
-}
-
-// Sizes of rows and columns.
-
-void TableView::onColResized(int col, int, int newWidth) {
-    horizontalFrozenView->setColumnWidth(col, newWidth);
-    if (col < numHeaderCols) {
-        verticalFrozenView->setColumnWidth(col, newWidth);
-        cornerFrozenView->setColumnWidth(col, newWidth);
-    }
-}
-
-void TableView::onRowResized(int row, int, int newHeight) {
-    verticalFrozenView->setRowHeight(row, newHeight);
-    if (row < numHeaderRows) {
-        horizontalFrozenView->setRowHeight(row, newHeight);
-        cornerFrozenView->setRowHeight(row, newHeight);
-    }
-}
-
-void TableView::frozenColResized(int col, int, int newWidth) {
-    setColumnWidth(col, newWidth);
-    setVerticalFrozenWidth();
-    setCornerFrozenWidth();
-}
-
-void TableView::frozenRowResized(int row, int, int newHeight) {
-    setRowHeight(row, newHeight);
-    setHorizontalFrozenHeight();
-    setCornerFrozenHeight();
-}
-
-void TableView::setFrozenColWidths(bool all) {
-    verticalFrozenView->copySizes(*this, Axis::Columns, numHeaderCols);
-    cornerFrozenView->copySizes(*this, Axis::Columns, numHeaderCols);
-    if (all)
-        horizontalFrozenView->copySizes(*this, Axis::Columns, horizontalHeader()->count());
-}
-
-void TableView::setFrozenRowHeights(bool all) {
-    horizontalFrozenView->copySizes(*this, Axis::Rows, numHeaderRows);
-    cornerFrozenView->copySizes(*this, Axis::Rows, numHeaderRows);
-    if (all)
-        verticalFrozenView->copySizes(*this, Axis::Rows, verticalHeader()->count());
 }
 
 // Scrolling. A band is moved in the same step as the view, before either is painted: both show the same position in
@@ -245,24 +206,37 @@ void TableView::followScrollBar(Axis axis) {
 // Events of the bands.
 
 bool TableView::filterFrozenEvent(QObject const* watched, QEvent* event) {
-    bool const inRows = watched == horizontalFrozenView->viewport();
-    bool const inCols = watched == verticalFrozenView->viewport();
-    if (!inRows && !inCols && watched != cornerFrozenView->viewport())
-        return false;
-    if (event->type() == QEvent::Wheel) {
+    for (FrozenTableView const* const view : frozenViews()) {
+        if (watched != view->viewport())
+            continue;
+        if (event->type() == QEvent::MouseMove)
+            return passDragOn(*view, *static_cast<QMouseEvent const*>(event));
+        if (event->type() != QEvent::Wheel)
+            return false;
         QAbstractScrollArea::wheelEvent(static_cast<QWheelEvent*>(event));
         return true;
     }
-    if (event->type() != QEvent::MouseMove || (!inRows && !inCols))
-        return false;
-    // A drag that leaves a band for the body goes on there.
-    auto const& move = *static_cast<QMouseEvent const*>(event);
-    auto const* const area = static_cast<QWidget const*>(watched);
+    return false;
+}
+
+/// A drag that leaves a band goes on in the view that shows what is under it: from the corner that can be a band, in
+/// all other cases it is this one.
+bool TableView::passDragOn(FrozenTableView const& from, QMouseEvent const& move) {
     QPointF const point = move.position();
-    if (inRows ? point.y() < area->height() : point.x() < area->width())
+    bool const below = from.showsRows() && point.y() >= from.viewport()->height();
+    bool const beside = from.showsCols() && point.x() >= from.viewport()->width();
+    if (!below && !beside)
         return false;
-    QMouseEvent own(move.type(), viewport()->mapFromGlobal(area->mapToGlobal(point)), move.globalPosition(),
-                    move.button(), move.buttons(), move.modifiers(), move.pointingDevice());
-    mouseMoveEvent(&own);
+    AbstractTableView* to = this;
+    if (from.showsRows() && from.showsCols() && !(below && beside))
+        to = below ? verticalFrozenView : horizontalFrozenView;
+    QPointF const there = to->viewport()->mapFromGlobal(from.viewport()->mapToGlobal(point));
+    if (to == this) {
+        QMouseEvent own(move.type(), there, move.globalPosition(), move.button(), move.buttons(), move.modifiers(),
+                        move.pointingDevice());
+        mouseMoveEvent(&own);
+    } else if (move.buttons() == Qt::LeftButton) {
+        to->expandSelection(to->cellAtPos(there.toPoint()));
+    }
     return true;
 }

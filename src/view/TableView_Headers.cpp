@@ -158,6 +158,7 @@ void TableView::setFirstColIndex(int index, bool emitChange, bool restore) {
         firstColIndex = index;
     tableModel()->setFirstColIndex(representColumnsAsLetters && !restore ? 0 : firstColIndex);
     refreshHeaders();
+    widenToLabels();
     if (emitChange)
         emit fileMetadataChangedSignal();
 }
@@ -183,7 +184,6 @@ void TableView::setNumberOfHeaderColumns(int count, bool emitChange) {
         view->tableDelegate()->setNumHeaderCols(numHeaderCols);
     for (FrozenTableView* const view : frozenViews())
         view->setNumCols(numHeaderCols);
-    setFrozenColWidths(false);
     // That header rows are highlighted decides also here.
     onHeaderCountChanged(emitChange, tableModel()->getCellColorOptions().highlightHeaderRows);
 }
@@ -194,7 +194,6 @@ void TableView::applyVisibleHeaderRows(int count, bool emitChange, bool autoFit)
         view->tableDelegate()->setNumHeaderRows(count);
     for (FrozenTableView* const view : frozenViews())
         view->setNumRows(count);
-    setFrozenRowHeights(false);
     onHeaderCountChanged(emitChange, autoFit);
 }
 

@@ -48,6 +48,7 @@ void TableView::scrollToSection(Axis axis, int section, bool ifNeeded, bool mini
 }
 
 void TableView::scrollToCell(int row, int col, bool ifNeeded, bool minimal, Axis axis) {
+    showSizes();
     if (axis == Axis::Rows || axis == Axis::Both)
         scrollToSection(Axis::Rows, row, ifNeeded, minimal);
     if (axis == Axis::Columns || axis == Axis::Both)
@@ -93,6 +94,7 @@ void TableView::onNewPendingSelectionCorner(Range const& corner) {
 
 void TableView::enforceTableSize() {
     tableModel()->enforceTableSize();
+    showSizes();
     for (Axis const axis : {Axis::Rows, Axis::Columns})
         scrollBarOf(axis)->setMaximum(ScrollGeometry::maximumFor(scrollAxis(axis)));
 }

@@ -79,6 +79,7 @@ void TableView::moveSelectionByBlock(Direction direction) {
     Range movedMain = mainCell;
     movedMain.*line = target.*line;
     model->setSelection(movedMain, SelectionMoves::moved(model->getSelectedSet(), axis, target.*line - mainCell.*line));
+    scrollAfterMove(axis, mainCell.*line, model->getMainCell().*line);
     refreshView();
 }
 

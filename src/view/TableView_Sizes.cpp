@@ -2,6 +2,7 @@
 
 #include "model/TableModel.h"
 #include "view/FrozenTableView.h"
+#include "view/GridLimits.h"
 #include "view/TableResizing.h"
 #include "view/TableView.h"
 
@@ -24,7 +25,6 @@ struct SizeSignals {
     OfRun removeRun;
     OfRun resizeLine;
     void (TableModel::*resizeLines)(std::vector<int>, int);
-    OfLines beforeInsert;
     void (TableModel::*fitLine)(int);
     OfLines fitLines;
 };
@@ -36,7 +36,6 @@ SizeSignals const& signalsOf(Axis axis) {
                                   &TableModel::removeRowsGuiSignal,
                                   &TableModel::resizeRowSignal,
                                   &TableModel::resizeRowsSignal,
-                                  &TableModel::resizeRowsBeforeInsertSignal,
                                   &TableModel::enforceAutoFitRowHeightSignal,
                                   &TableModel::enforceAutoFitRowHeightsSignal};
     static SizeSignals const cols{&TableModel::insertColsGuiSignal,
@@ -45,7 +44,6 @@ SizeSignals const& signalsOf(Axis axis) {
                                   &TableModel::removeColsGuiSignal,
                                   &TableModel::resizeColSignal,
                                   &TableModel::resizeColsSignal,
-                                  &TableModel::resizeColsBeforeInsertSignal,
                                   &TableModel::enforceAutoFitColWidthSignal,
                                   &TableModel::enforceAutoFitColWidthsSignal};
     return axis == Axis::Rows ? rows : cols;
@@ -79,11 +77,6 @@ void TableView::connectSizesAlong(Axis axis) {
     connect(model, asked.resizeLines, this, [this, axis](std::vector<int> const& lines, int size) {
         resizeLines(axis, lines, std::vector<int>(lines.size(), size));
     });
-    connect(model, asked.beforeInsert, this, [this, axis](std::vector<int> const& lines) { makeRoom(axis, lines); });
-    connect(model, &TableModel::linesMovedSignal, this, [this, axis](LineMove const& move) {
-        if (move.axis == axis)
-            resizeTogether([&] { sizesOf(axis).move(move); });
-    });
     connect(model, asked.fitLine, this, [fit](int line) { fit({line}); });
     connect(model, asked.fitLines, this, fit);
 }
@@ -95,6 +88,32 @@ void TableView::resizeTogether(std::function<void()> const& resize) {
         resize();
     }
     updateGeometries();
+}
+
+// What is shown. The sizes are kept by line in the table; headers and bands take them from there after anything that
+// can have changed them, before it is painted or reckoned with.
+
+void TableView::setTableOfSizes() {
+    for (LineSizes* const sizes : {rowSizes, colSizes})
+        sizes->setTable(tableModel());
+}
+
+bool TableView::takeSizes() {
+    bool const rowsChanged = rowSizes->show();
+    bool const colsChanged = colSizes->show();
+    if (!rowsChanged && !colsChanged)
+        return false;
+    for (AbstractTableView const* const view : allViews()) {
+        for (QWidget* const part :
+             {view->viewport(), view->horizontalHeader()->viewport(), view->verticalHeader()->viewport()})
+            part->update();
+    }
+    return true;
+}
+
+void TableView::showSizes() {
+    if (takeSizes())
+        updateGeometries();
 }
 
 // Defaults and bounds.
@@ -109,25 +128,35 @@ void TableView::setDefaultColumnWidth(int width) {
 
 void TableView::setDefaultSize(Axis axis, int size) {
     (axis == Axis::Rows ? defaultRowHeight : defaultColumnWidth) = size;
-    sizesOf(axis).setDefault(size);
-    for (FrozenTableView const* const view : frozenViews()) {
-        QHeaderView* const header = axis == Axis::Rows ? view->verticalHeader() : view->horizontalHeader();
-        QSignalBlocker const blocker(header);
-        header->setDefaultSectionSize(size);
-    }
+    sizesOf(axis).setDefault(axis == Axis::Rows ? shownRowHeight() : size);
+    updateLoadLimits();
     updateGeometries();
-    if (axis == Axis::Rows) {
-        enforceAutoFitRowHeight(true);
-        setHorizontalFrozenHeight();
-        setVerticalFrozenWidth();
-    } else {
-        enforceAutoFitColWidth(true);
-    }
+    axis == Axis::Rows ? enforceAutoFitRowHeight(true) : enforceAutoFitColWidth(true);
     refreshView();
+}
+
+/// Of rows without a height of their own: the default, or as much as a line of text needs.
+int TableView::shownRowHeight() const {
+    QFont bold = tableFont;
+    bold.setWeight(QFont::Bold);
+    int const lineOfText =
+        std::max(QFontMetrics(tableFont).height(), QFontMetrics(bold).height()) + (showGrid() ? 1 : 0);
+    return std::min(std::max(defaultRowHeight, lineOfText), maximumRowHeight);
+}
+
+void TableView::updateShownRowHeight() {
+    if (int const height = shownRowHeight(); height != rowSizes->defaultSize())
+        rowSizes->changeDefault(height);
+    updateLoadLimits();
+}
+
+void TableView::updateLoadLimits() {
+    tableModel()->setLoadLimits(GridLimits::of(shownRowHeight(), defaultColumnWidth));
 }
 
 void TableView::setMaximumRowHeight(int height, bool emitChange) {
     maximumRowHeight = height;
+    updateShownRowHeight();
     enforceAutoFitRowHeight(true);
     if (emitChange)
         emit fileMetadataChangedSignal();
@@ -141,11 +170,11 @@ void TableView::setMaximumColumnWidth(int width, bool emitChange) {
 }
 
 void TableView::enforceMinimumRowHeight() {
-    rowSizes->raiseAll(defaultRowHeight);
+    rowSizes->keepAllAbove(defaultRowHeight);
 }
 
 void TableView::enforceMinimumRowHeight(int row) {
-    rowSizes->raise(row, defaultRowHeight);
+    rowSizes->keepAbove(row, defaultRowHeight);
 }
 
 void TableView::enforceMaximumRowHeight() {
@@ -181,23 +210,23 @@ void TableView::enforceEmptyColumnWidth(int col) {
 }
 
 void TableView::enforceEmptySizes(Axis axis) {
-    if (sizesOf(axis).areDefault())
+    LineSizes& sizes = sizesOf(axis);
+    if (sizes.areDefault())
         return;
-    QHeaderView* const header = headerOf(axis);
     int const dataCount = axis == Axis::Rows ? tableModel()->rowCountModel() : tableModel()->columnCountModel();
-    for (int line = 0; line < std::min(dataCount, header->count()); ++line)
+    for (int line = 0; line < std::min({dataCount, sizes.header().count(), sizes.end()}); ++line)
         enforceEmptySize(axis, line);
-    for (int line = dataCount; line < header->count(); ++line)
-        header->resizeSection(line, defaultSize(axis));
+    sizes.resetBehindData();
 }
 
 void TableView::enforceEmptySize(Axis axis, int line) {
-    QHeaderView* const header = headerOf(axis);
+    LineSizes& sizes = sizesOf(axis);
     int const dataCount = axis == Axis::Rows ? tableModel()->rowCountModel() : tableModel()->columnCountModel();
-    bool const vanished = line < dataCount && header->sectionSize(line) <= header->minimumSectionSize() &&
-                          header->sectionSize(line) != defaultSize(axis);
+    int const size = sizes.size(line);
+    bool const vanished =
+        line < dataCount && size <= sizes.header().minimumSectionSize() && size != sizes.defaultSize();
     if (vanished && isEmptyLine(axis, line))
-        header->resizeSection(line, defaultSize(axis));
+        sizes.reset(line);
 }
 
 bool TableView::isEmptyLine(Axis axis, int line) const {
@@ -229,7 +258,7 @@ void TableView::resizeSelectedLines(Axis axis, int size) {
         tableModel()->getOrderedSetOfSelectedCols(lines, RangeIndexType::Model, false);
     resizeTogether([&] {
         for (int const line : lines)
-            headerOf(axis)->resizeSection(line, size);
+            sizesOf(axis).setByHand(line, size);
     });
 }
 
@@ -244,27 +273,6 @@ void TableView::resizeCols(std::vector<int> const& cols, std::vector<int> const&
 void TableView::resizeLines(Axis axis, std::vector<int> const& lines, std::vector<int> const& sizes) {
     resizeTogether([&] {
         for (std::size_t at = 0; at < std::min(lines.size(), sizes.size()); ++at)
-            headerOf(axis)->resizeSection(lines[at], std::min(sizes[at], maximumSize(axis)));
+            sizesOf(axis).setByHand(lines[at], std::min(sizes[at], maximumSize(axis)));
     });
-}
-
-// Sizes across an insertion that the headers do not see.
-
-void TableView::resizeRowsBeforeInsert(std::vector<int> positions) {
-    makeRoom(Axis::Rows, std::move(positions));
-}
-
-void TableView::resizeColsBeforeInsert(std::vector<int> positions) {
-    makeRoom(Axis::Columns, std::move(positions));
-}
-
-void TableView::resizeColsAfterInsert(std::vector<int> positions) {
-    std::sort(positions.begin(), positions.end());
-    makeRoom(Axis::Columns, std::move(positions));
-}
-
-void TableView::makeRoom(Axis axis, std::vector<int> positions) {
-    for (std::size_t inserted = 0; inserted < positions.size(); ++inserted)
-        positions[inserted] += int(inserted);
-    resizeTogether([&] { sizesOf(axis).makeRoom(positions); });
 }

@@ -224,6 +224,19 @@ TEST_F(TableModelTest, ConcealedAndTransposedTablesStayInStep) {
     EXPECT_EQ(model.getRawFromModelCols({1}), std::vector<int>{2});
 }
 
+TEST_F(TableModelTest, TransposingCountsTheVisibleHeaderRowsAnew) {
+    load("a,b,c\nd,e,f\ng,h,i\n");
+    model.setNumberOfHeaderRows(2);
+    model.setAndApplyHiddenRowsList({0});
+    EXPECT_EQ(model.getNumVisibleHeaderRows(), 1);
+    model.toggleTranspose();
+    EXPECT_EQ(model.getNumVisibleHeaderRows(), 2);
+    model.setAndApplyHiddenRowsList({0, 1});
+    EXPECT_EQ(model.getNumVisibleHeaderRows(), 0);
+    model.toggleTranspose();
+    EXPECT_EQ(model.getNumVisibleHeaderRows(), 1);
+}
+
 TEST_F(TableModelTest, MovesTakeTheLoweredTargetAsDistance) {
     load("a\nb\nc\nd\n");
     EXPECT_FALSE(model.moveRowAbsolute(-1, 0));

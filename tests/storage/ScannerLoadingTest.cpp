@@ -230,7 +230,7 @@ TEST_F(ScannerLoading, AFileThatShrinksOrGrowsMeanwhileIsReadAsFarAsItGoes) {
         });
         EXPECT_TRUE(container.loadCSV());
         EXPECT_EQ(container.numRows(), change.rows);
-        EXPECT_EQ(container.wasFileReadWhole(), change.whole);
+        EXPECT_EQ(container.getLoadResult().end == LoadEnd::Whole, change.whole);
     }
 }
 

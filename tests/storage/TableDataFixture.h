@@ -28,9 +28,9 @@ protected:
         open(write("table.csv", content), false, encoding);
     }
 
-    void open(QString const& path, bool useThread, EncodingType encoding = EncodingType::Utf8) {
-        data.loadCSV(path, useThread, TableData::DataContainerType::Editable, QStringLiteral(","), QStringLiteral(","),
-                     encoding, ParsingStandard::Rfc4180);
+    bool open(QString const& path, bool useThread, EncodingType encoding = EncodingType::Utf8) {
+        return data.loadCSV(path, useThread, TableData::DataContainerType::Editable, QStringLiteral(","),
+                            QStringLiteral(","), encoding, ParsingStandard::Rfc4180);
     }
 
     /// What the model shows, cells by blanks and rows by bars, "-" for an empty cell.

@@ -1,6 +1,8 @@
 #include "TableFixture.h"
+#include "model/undo/ApplyHiddenLinesCommand.h"
 #include "tests/support/MsgBoxAnswers.h"
 #include "view/ColumnSample.h"
+#include "view/FrozenTableView.h"
 #include "view/SampledLines.h"
 
 #include <QCheckBox>
@@ -125,13 +127,14 @@ TEST_F(AutoFit, EditorStaysInSightAsItsColumnGrowsPastTheEdge) {
 TEST_F(AutoFit, RowIsAsHighAsItsWrappedTexts) {
     loadText("h\n\"one\ntwo\nthree\nfour\"\nshort\n\n");
     type(2, 0, words(200));
-    EXPECT_EQ(view.rowHeight(1), 24);
+    EXPECT_EQ(view.rowHeight(1), view.rowHeight(0));
+    int const oneLine = view.rowHeight(1);
     view.setAutoFitRowHeight(true, false);
     QFontMetrics const metrics(model().getFont());
     EXPECT_GE(view.rowHeight(1), 4 * metrics.height());
     EXPECT_LE(view.rowHeight(1), 5 * metrics.height() + 8);
     EXPECT_EQ(view.rowHeight(2), 400) << "no higher than the greatest height";
-    EXPECT_EQ(view.rowHeight(3), 24) << "an empty row";
+    EXPECT_EQ(view.rowHeight(3), oneLine) << "an empty row";
     int const withGrid = view.calculateAutoFitRowHeight(1);
     view.setShowGrid(false);
     EXPECT_EQ(view.calculateAutoFitRowHeight(1), withGrid - 1);
@@ -210,6 +213,87 @@ TEST_F(AutoFit, TextSizeAndFontRefit) {
     other.setPixelSize(9);
     view.setFont(other);
     EXPECT_EQ(model().getFont().pixelSize(), 36) << "the text size stays";
+}
+
+TEST_F(AutoFit, LabelsAreShownInFull) {
+    auto const expectLabels = [this](char const* after) {
+        QFontMetrics const metrics(model().headerData(0, Qt::Horizontal, Qt::FontRole).value<QFont>());
+        for (int col = 0; col < model().columnCountModel(); ++col) {
+            QString const label = model().headerData(col, Qt::Horizontal).toString();
+            EXPECT_GT(view.columnWidth(col), metrics.horizontalAdvance(label)) << after << ' ' << col;
+        }
+    };
+    view.setAutoFitColWidth(true, false);
+    loadText(QByteArray("x,").repeated(199) + "x\n" + QByteArray("i,").repeated(199) + "1\n" +
+             QByteArray("i,").repeated(199) + "0\n");
+    expectLabels("loading");
+    std::vector<int> widths;
+    for (int col = 0; col < 200; ++col)
+        widths.push_back(view.columnWidth(col));
+    view.sortRowsOrCols({SortType::Descending, Axis::Rows, 114});
+    view.sortRowsOrCols({SortType::Ascending, Axis::Rows, 199});
+    expectLabels("sorting");
+    for (int col = 0; col < 200; ++col)
+        EXPECT_EQ(view.columnWidth(col), widths[std::size_t(col)]) << "a mark moves nothing";
+    view.setColumnWidth(7, 30);
+    view.setFirstColIndex(1000000, false, false);
+    EXPECT_EQ(view.columnWidth(7), 30) << "the user's";
+    view.setColumnWidth(7, 300);
+    expectLabels("longer numbers");
+    view.setRepresentColumnsAsLetters(true);
+    expectLabels("letters");
+}
+
+TEST_F(AutoFit, ARowOfDefaultHeightHoldsALineOfText) {
+    load(40, 3);
+    int const asSet = view.rowHeight(5);
+    view.setRowHeight(7, asSet + 3);
+    view.setFreezeHeaderColumns(true, false);
+    for (int const size : {30, 50}) {
+        view.setTextSize(size);
+        EXPECT_GE(view.rowHeight(5), QFontMetrics(model().getFont()).height());
+        EXPECT_EQ(view.rowHeight(5), view.getVerticalFrozenView()->rowHeight(5));
+        EXPECT_EQ(view.rowHeight(7), asSet + 3) << "the user's";
+    }
+    view.undoStack()->clear();
+    view.setTextSize(6);
+    EXPECT_EQ(view.rowHeight(5), view.getDefaultRowHeight());
+    view.setDefaultRowHeight(2);
+    EXPECT_GE(view.rowHeight(5), QFontMetrics(model().getFont()).height());
+}
+
+TEST_F(AutoFit, HiddenColumnsLeaveTheOthersTheirWidths) {
+    view.setAutoFitColWidth(true, false);
+    loadText("h,h,h,h\n" + words(2).toUtf8() + ",x," + words(9).toUtf8() + "," + words(5).toUtf8() + "\n");
+    std::vector<int> widths;
+    for (int col = 0; col < 4; ++col)
+        widths.push_back(view.columnWidth(col));
+    view.setRowHeight(1, 77);
+    view.pushUndoCommand(new ApplyHiddenColsCommand(&model(), model().getSelection(), std::vector<int>{0, 2}, true));
+    EXPECT_EQ(view.columnWidth(0), widths[1]);
+    EXPECT_EQ(view.columnWidth(1), widths[3]);
+    view.pushUndoCommand(new ApplyHiddenRowsCommand(&model(), model().getSelection(), std::vector<int>{0}, true));
+    EXPECT_EQ(view.rowHeight(0), 77);
+    view.undo();
+    view.undo();
+    EXPECT_EQ(view.rowHeight(1), 77);
+    for (int col = 0; col < 4; ++col)
+        EXPECT_EQ(view.columnWidth(col), widths[std::size_t(col)]);
+}
+
+TEST_F(AutoFit, HeaderCellsAreMeasuredBoldWhileTheyAreTyped) {
+    view.setAutoFitColWidth(true, false);
+    load(3, 3);
+    view.setHighlightHeaderRows(true, false);
+    select(0, 1);
+    key(Qt::Key_M);
+    auto* const editor = view.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QString const text = QStringLiteral("mmmm ").repeated(8);
+    QTest::keyClicks(editor, text);
+    QFont bold = model().getFont();
+    bold.setBold(true);
+    EXPECT_GT(view.columnWidth(1), QFontMetrics(bold).horizontalAdvance("M" + text));
 }
 
 class AutoFitWarning : public AutoFit, public testing::WithParamInterface<std::array<int, 5>> {

@@ -1,7 +1,10 @@
+#include "model/undo/InsertLinesCommand.h"
 #include "tests/view/TableFixture.h"
 #include "view/FrozenTableView.h"
 #include "view/HeaderView.h"
 #include "view/TLCornerButton.h"
+
+#include <QLineEdit>
 
 #include <functional>
 
@@ -195,6 +198,88 @@ TEST_F(FrozenPanes, ADragOutOfABandGoesOnInTheBody) {
     dragFrom(left(), left().visualRect(model().index(15, 2)).center(),
              left().viewport()->mapFrom(&view, placeIn(view, 16, 4).center()));
     EXPECT_EQ(model().numSelectedCells(), 2 * 3);
+}
+
+/// From a cell of a band to a point of it, which can lie outside.
+class BandDrags : public FrozenPanes {
+protected:
+    void drag(AbstractTableView& band, QPoint from, QPoint to) {
+        QTest::mousePress(band.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+        QMouseEvent move(QEvent::MouseMove, to, band.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(band.viewport(), &move);
+        QTest::mouseRelease(band.viewport(), Qt::LeftButton, Qt::NoModifier, to);
+    }
+    QPoint inCorner(AbstractTableView& shown, int row, int col) {
+        return corner().viewport()->mapFrom(&view, placeIn(shown, row, col).center());
+    }
+};
+
+TEST_F(BandDrags, FromTheCornerGoOnInWhatIsUnderThePointer) {
+    view.scrollToCell(100, 20, false, false, Axis::Both);
+    QApplication::processEvents();
+    int const row = view.rowAt(view.viewport()->height() - 5) - 1;
+    int const col = view.columnAt(view.viewport()->width() - 5) - 1;
+    QPoint const scrolled(colsBar().value(), rowsBar().value());
+    struct {
+        AbstractTableView& under;
+        int row, col;
+    } const cases[] = {{top(), 1, col}, {left(), row, 2}, {view, row, col}, {corner(), 1, 1}};
+    for (auto const& target : cases) {
+        drag(corner(), inCorner(corner(), 0, 0), inCorner(target.under, target.row, target.col));
+        EXPECT_EQ(model().numSelectedCells(), (target.row + 1) * (target.col + 1));
+        EXPECT_TRUE(model().cellInSelection(Range(target.row, target.col, RangeIndexType::Model)));
+        EXPECT_EQ(QPoint(colsBar().value(), rowsBar().value()), scrolled);
+    }
+}
+
+TEST_F(BandDrags, OnTheEdgeOfTheHeaderRowsDoNotScroll) {
+    view.scrollToCell(100, 0, false, false, Axis::Both);
+    int const scrolled = rowsBar().value();
+    drag(top(), top().visualRect(model().index(1, 5)).center(), QPoint(5, top().viewport()->height() - 1));
+    EXPECT_EQ(rowsBar().value(), scrolled);
+    EXPECT_FALSE(model().cellInSelection(Range(2, 5, RangeIndexType::Model)));
+    EXPECT_EQ(model().getMainCell(), Range(1, 5, RangeIndexType::Model));
+}
+
+TEST_F(FrozenPanes, AGrowingEditorOfABandStaysInSight) {
+    view.setAutoFitColWidth(true, false);
+    view.scrollToCell(100, 0, false, false, Axis::Rows);
+    int const scrolled = rowsBar().value();
+    for (int const col : {view.columnAt(view.viewport()->width() - 2), 1}) {
+        view.scrollToCol(col, true, true);
+        model().setSelection(Range(1, col, RangeIndexType::Model));
+        view.startEditing(true);
+        AbstractTableView& band = *view.getCurrentlyEditedView();
+        auto* const editor = band.findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        rowsBar().setValue(scrolled);
+        QTest::keyClicks(editor, QStringLiteral("word ").repeated(8));
+        EXPECT_EQ(editor->width(), band.visualRect(model().index(1, col)).width());
+        EXPECT_LE(editor->mapTo(&view, editor->rect().bottomRight()).x(), view.viewport()->geometry().right() + 1);
+        EXPECT_LE(editor->geometry().right(), band.viewport()->width());
+        EXPECT_EQ(rowsBar().value(), scrolled);
+        view.stopEditing();
+    }
+}
+
+TEST_F(FrozenPanes, InsertingBeforeHeaderLinesKeepsTheBandsInStep) {
+    view.setRowHeight(0, 60);
+    view.setColumnWidth(1, 140);
+    for (Axis const axis : {Axis::Rows, Axis::Columns}) {
+        view.pushUndoCommand(
+            new InsertLinesCommand(axis, &model(), {Range(0, 0, RangeIndexType::Model)}, 1, true, true));
+        QApplication::processEvents();
+        expectInStep("inserting before a header line");
+    }
+    EXPECT_EQ(top().rowHeight(1), 60);
+    EXPECT_EQ(left().columnWidth(2), 140);
+    view.undo();
+    view.undo();
+    QApplication::processEvents();
+    expectInStep("undo");
+    EXPECT_EQ(top().rowHeight(0), 60);
+    EXPECT_EQ(corner().columnWidth(1), 140);
 }
 
 TEST_F(FrozenPanes, TheWheelOverABandScrollsTheView) {

@@ -33,9 +33,14 @@ void ContentCommand::undo() {
 void ContentCommand::removeSurplus(Axis axis, int rawCount) {
     ModelAxis lines(*model, axis);
     int const surplus = lines.rawCount() - rawCount;
-    // What was added stands at the end, where nothing is concealed.
-    if (surplus > 0)
-        lines.remove(lines.modelCount() - surplus, surplus);
+    if (surplus <= 0)
+        return;
+    // What was added stands at the end, where nothing is concealed. The grid had these lines before too, with the sizes
+    // that they have.
+    LineSizeStore& sizes = model->getTableData().lineSizes(axis);
+    LineSizeStore const kept = sizes;
+    lines.remove(lines.modelCount() - surplus, surplus);
+    sizes = kept;
 }
 
 void ContentCommand::announce() {

@@ -2,25 +2,17 @@
 
 #include "model/undo/ModelAxis.h"
 
-namespace {
-
-/// The grid is changed at every single place as long as that is cheap. More places are changed in one pass over the
-/// data, and the grid grows or shrinks at its end.
-constexpr std::size_t mostSinglePlaces = 64;
-
-} // namespace
-
-LineInsertion::LineInsertion(TableModel& model, Axis axis, std::vector<Place> places)
-    : model(model), axis(axis), places(std::move(places)), lines(axis, rawBlocks()) {
+LineInsertion::LineInsertion(TableModel& model, Axis axis, std::vector<Place> const& places)
+    : model(model), lines(axis, rawBlocks(model, axis, places)) {
     int inserted = 0;
-    for (Place const& place : this->places) {
+    for (Place const& place : places) {
         newLines.push_back(place.line + inserted);
         inserted += place.count;
     }
 }
 
 /// The places that lie in the table; the grid goes on behind it, but there is nothing to insert there.
-TakenLines::Blocks LineInsertion::rawBlocks() const {
+TakenLines::Blocks LineInsertion::rawBlocks(TableModel& model, Axis axis, std::vector<Place> const& places) {
     ModelAxis const lines(model, axis);
     TakenLines::Blocks blocks;
     int inserted = 0;
@@ -34,36 +26,11 @@ TakenLines::Blocks LineInsertion::rawBlocks() const {
     return blocks;
 }
 
-bool LineInsertion::isFew() const {
-    return places.size() <= mostSinglePlaces;
-}
-
-LineGaps LineInsertion::gaps() const {
-    LineGaps::Runs runs;
-    for (std::size_t place = 0; place < places.size(); ++place)
-        runs.emplace_back(newLines[place], newLines[place] + places[place].count - 1);
-    return LineGaps(std::move(runs));
-}
-
 void LineInsertion::insert() {
-    if (!isFew()) {
-        model.getTableData().putBack(lines);
-        model.enforceTableSize();
-        LineMove move{axis, [gaps = gaps()](int line) { return gaps.with(line); }, nullptr};
-        return model.moveSizes(move);
-    }
-    ModelAxis lines(model, axis);
-    for (auto place = places.rbegin(); place != places.rend(); ++place)
-        lines.insert(place->line, place->count);
+    model.getTableData().putBack(lines);
+    model.enforceTableSize();
 }
 
 void LineInsertion::remove() {
-    if (!isFew()) {
-        model.getTableData().take(lines);
-        LineMove move{axis, [gaps = gaps()](int line) { return gaps.without(line); }, nullptr};
-        return model.moveSizes(move);
-    }
-    ModelAxis lines(model, axis);
-    for (std::size_t place = places.size(); place-- > 0;)
-        lines.remove(newLines[place], places[place].count);
+    model.getTableData().take(lines);
 }

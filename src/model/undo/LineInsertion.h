@@ -1,14 +1,14 @@
 #pragma once
 
 #include "core/Enumerations.h"
-#include "model/undo/LineGaps.h"
 #include "storage/TakenLines.h"
 
 #include <vector>
 
 class TableModel;
 
-/// Empty rows or columns to be inserted at several places of a table, and to be removed from there again.
+/// Empty rows or columns to be inserted at several places of a table in one pass, and to be removed from there again.
+/// The grid grows or shrinks at its end, whatever the places.
 class LineInsertion {
 public:
     /// `count` lines in front of (Model) line `line`, as the lines are numbered before the insertion.
@@ -18,7 +18,7 @@ public:
     };
 
     /// The places are ascending.
-    LineInsertion(TableModel& model, Axis axis, std::vector<Place> places);
+    LineInsertion(TableModel& model, Axis axis, std::vector<Place> const& places);
 
     void insert();
     void remove();
@@ -26,13 +26,9 @@ public:
     int computeNewLine(std::size_t place) const { return newLines[place]; }
 
 private:
-    TakenLines::Blocks rawBlocks() const;
-    bool isFew() const;
-    LineGaps gaps() const;
+    static TakenLines::Blocks rawBlocks(TableModel& model, Axis axis, std::vector<Place> const& places);
 
     TableModel& model;
-    Axis axis;
-    std::vector<Place> places;
     std::vector<int> newLines;
     TakenLines lines;
 };

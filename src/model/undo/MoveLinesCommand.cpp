@@ -1,7 +1,5 @@
 #include "model/undo/MoveLinesCommand.h"
 
-#include "core/IndexUtilities.h"
-#include "model/undo/LineGaps.h"
 #include "model/undo/ModelAxis.h"
 
 #include <algorithm>
@@ -39,7 +37,6 @@ void MoveLinesCommand::apply() {
     ModelAxis lines(*model, axis);
     for (Step const& step : steps)
         lines.move(step.line, step.offset);
-    moveSizes(false);
     selectNewCells();
     scrollAlong(!steps.empty() && steps.front().offset < 0, movedCells());
 }
@@ -48,38 +45,8 @@ void MoveLinesCommand::revert() {
     ModelAxis lines(*model, axis);
     for (auto step = steps.rbegin(); step != steps.rend(); ++step)
         lines.move(step->line + step->offset, -step->offset);
-    moveSizes(true);
     selectOldCells();
     scrollAlong(!steps.empty() && steps.front().offset > 0, cells);
-}
-
-/// The lines that move keep their sizes, and so do those that make way for them.
-void MoveLinesCommand::moveSizes(bool back) {
-    std::vector<Step> moves = steps;
-    if (back)
-        std::for_each(moves.begin(), moves.end(), [](Step& step) {
-            step.line += step.offset;
-            step.offset = -step.offset;
-        });
-    std::sort(moves.begin(), moves.end(), [](Step const& a, Step const& b) { return a.line < b.line; });
-    std::vector<int> from;
-    std::vector<int> to;
-    for (Step const& step : moves) {
-        from.push_back(step.line);
-        to.push_back(step.line + step.offset);
-    }
-    std::vector<int> const target = to;
-    std::sort(to.begin(), to.end());
-    LineGaps const left(Utilities::getBlockPairs(from));
-    LineGaps const taken(Utilities::getBlockPairs(to));
-    auto const newLine = [&](int line) {
-        auto const moved = std::lower_bound(from.begin(), from.end(), line);
-        if (moved != from.end() && *moved == line)
-            return target[std::size_t(moved - from.begin())];
-        return taken.with(left.without(line));
-    };
-    LineMove move{axis, newLine, nullptr};
-    model->moveSizes(move);
 }
 
 /// Shows the line that leads the move.

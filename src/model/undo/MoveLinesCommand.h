@@ -29,7 +29,6 @@ protected:
 
 private:
     RangeVector movedCells() const;
-    void moveSizes(bool back);
     void scrollAlong(bool towardsStart, RangeSet const& ranges);
 
     std::vector<Step> steps;

@@ -25,18 +25,6 @@ TakenLines::Blocks blocksOf(TableModel& model, Axis axis, std::vector<int> rawLi
     return Utilities::getBlockPairs(rawLines);
 }
 
-LineGaps::Runs visibleRuns(TableModel& model, Axis axis, TakenLines::Blocks const& blocks) {
-    ModelAxis const lines(model, axis);
-    LineGaps::Runs runs;
-    for (auto const& [first, last] : blocks) {
-        int const begin = lines.visibleInFront(first);
-        int const end = lines.visibleInFront(last + 1);
-        if (begin < end)
-            runs.emplace_back(begin, end - 1);
-    }
-    return runs;
-}
-
 } // namespace
 
 RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, int count,
@@ -45,15 +33,12 @@ RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeSet co
 
 RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells,
                                        std::vector<int> const& rawLines, bool changeSelection, QUndoCommand* parent)
-    : ContentCommand(model, cells, changeSelection, parent), lines(axis, blocksOf(*model, axis, rawLines)),
-      visible(visibleRuns(*model, axis, lines.getBlocks())) {
+    : ContentCommand(model, cells, changeSelection, parent), lines(axis, blocksOf(*model, axis, rawLines)) {
     setText(axis == Axis::Rows ? QStringLiteral("RemoveRowsCommand") : QStringLiteral("RemoveColsCommand"));
 }
 
 void RemoveLinesCommand::apply() {
     model->getTableData().take(lines);
-    LineMove gone{lines.getAxis(), [this](int line) { return visible.without(line); }, &sizes};
-    model->moveSizes(gone);
     ModelAxis axis(*model, lines.getAxis());
     selectNewCells();
     if (changeSelection)
@@ -65,8 +50,6 @@ void RemoveLinesCommand::revert() {
     model->getTableData().putBack(lines);
     // The grid takes its size first, for the selection can lie in what has come back.
     model->enforceTableSize();
-    LineMove back{lines.getAxis(), [this](int line) { return visible.with(line); }, &sizes};
-    model->moveSizes(back);
     selectOldCells();
     ModelAxis(*model, lines.getAxis()).fitAll();
 }

@@ -2,7 +2,6 @@
 
 #include "model/undo/AlongAxis.h"
 #include "model/undo/ContentCommand.h"
-#include "model/undo/LineGaps.h"
 #include "storage/TakenLines.h"
 
 #include <vector>
@@ -23,8 +22,6 @@ protected:
 
 private:
     TakenLines lines;
-    LineGaps visible;                       ///< the removed lines that are not concealed
-    std::vector<std::pair<int, int>> sizes; ///< of removed lines in the view
 };
 
 using RemoveRowsCommand = AlongAxis<RemoveLinesCommand, Axis::Rows>;

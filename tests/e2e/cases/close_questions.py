@@ -20,22 +20,20 @@ class CloseQuestions(DesktopTest):
         self.press("Return")
 
     def close_window(self):
-        self.press_and_see("ctrl+l")
-        before = self.screen()
+        self.press("ctrl+l")
+        self.expect(launcher="")
         self.type("exit")
-        self.wait_for(lambda: self.screen() != before, lambda: "nothing is typed")
+        self.expect(launcher="exit", answer="File: Exit")
         self.press("Return")
-        self.expect_window("Gridwright")
+        self.expect_message("c.csv")
 
     def test_save_and_dont_save_are_asked_for_each_changed_table(self):
         program = self.open_three_and_edit_two()
         self.close_window()
         self.screenshot("close-window-question")
-        before = self.screen()
         self.press("alt+s")
         self.expect_file("c.csv", b"y,2\n")
-        self.wait_for(lambda: self.screen() != before, lambda: "no second question")
-        self.expect_window("Gridwright")
+        self.expect_message("a.csv")
         self.screenshot("close-window-second-question")
         self.press("alt+n")
         self.expect_end(program)
@@ -58,17 +56,19 @@ class DelimiterOnlyQuestion(DesktopTest):
         self.write("a.csv", b'"a\nb",1\n')
         self.start("a.csv", "-w", "900", "-h", "500")
         self.expect_window("a.csv - Gridwright")
-        self.press_and_see("ctrl+l")
-        self.answer("Set Parsing Standard for File Save")
+        self.press("ctrl+l")
+        command = "Set Parsing Standard for File Save"
+        self.answer(command, f"File/Save Options: {command}")
         self.answer("Delimiter Only")
+        self.expect(launcher=None)
         self.press("ctrl+s")
-        self.expect_window("Gridwright")
+        self.expect_message("Delimiter Only")
 
-    def answer(self, text):
-        before = self.screen()
+    def answer(self, text, row=None):
+        self.expect(launcher="")
         self.type(text)
-        self.wait_for(lambda: self.screen() != before, lambda: "nothing is typed")
-        self.press_and_see("Return")
+        self.expect(launcher=text, answer=row or text)
+        self.press("Return")
 
     def test_line_breaks_are_replaced_by_a_text_of_the_users(self):
         self.screenshot("delimiter-only-question")

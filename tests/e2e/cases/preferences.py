@@ -1,33 +1,32 @@
 """The preferences, edited as tables in the program's own grid."""
 
-import subprocess
-
-from harness import DesktopTest, PATIENCE
+from harness import DesktopTest, inner
 
 
 class Preferences(DesktopTest):
-    def pixel(self, x, y):
-        """The colour of a pixel of the screen, such as "#222222"."""
-        done = subprocess.run(["import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "txt:-"],
-                              env=self.environment, timeout=PATIENCE, check=True, stdout=subprocess.PIPE)
-        return done.stdout.decode().split("#")[-1][:6].lower()
+    def expect_grid(self, dark):
+        """Waits until the grid is dark, or light."""
+        brightness = lambda: self.display.brightness(inner(self.grid()))
+        self.wait_for(lambda: (brightness() < 0.5) == dark, lambda: f"the brightness of the grid is {brightness()}")
 
     def test_a_theme_typed_into_the_settings_table_is_put_on_at_once(self):
         settings = self.preferences / "Settings (User).csv"
         settings.write_text("Setting,User Value\nEnable Check for Updates,false\nTheme,\n")
         self.start(settings, "-w", "900", "-h", "500", "-x", "0", "-y", "0")
         self.expect_window("Settings (User).csv - Gridwright")
-        self.wait_for(lambda: self.pixel(800, 300) == "222222", lambda: f"no dark grid but {self.pixel(800, 300)}")
+        self.expect_grid(dark=True)
         self.press("Down", "Down", "Right")
         self.type("light")
         self.press("Return", "ctrl+s")
-        self.wait_for(lambda: self.pixel(800, 300) == "fafafa", lambda: f"no light grid but {self.pixel(800, 300)}")
+        self.expect_grid(dark=False)
         self.screenshot("preferences-light")
         self.assertEqual(settings.read_text(), "Setting,User Value\nEnable Check for Updates,false\nTheme,light\n")
 
     def run_command(self, words):
         self.press("ctrl+l")
+        self.expect(launcher="")
         self.type(words)
+        self.expect(launcher=words)
         self.press("Return")
 
     def test_a_shortcut_typed_into_its_table_works_at_once(self):
@@ -68,7 +67,7 @@ class Preferences(DesktopTest):
         self.expect_file(extensions, titles + b"log,|,,,\n")
 
         def read_anew():
-            self.expect_end(self.start("b.log"))  # hands over to the first, unless that is too busy to listen
+            self.expect_end(self.start("b.log"))
             if self.active_window() != "b.log - Gridwright":
                 return False
             self.press("Right")

@@ -8,7 +8,7 @@ from harness import DesktopTest
 class Refusals(DesktopTest):
     def refuse(self, name):
         self.start(name)
-        self.expect_window("Gridwright")
+        self.expect_message(name)
         self.screenshot(f"refusal-{name}")
         self.press("Return")
         self.expect_window("untitled - Gridwright")
@@ -32,7 +32,7 @@ class Refusals(DesktopTest):
         path.unlink()
         path.mkdir()
         self.press("ctrl+s")
-        self.expect_window("Gridwright")
+        self.expect_message("a.csv")
         self.screenshot("failed-save")
         self.press("Return")
         path.rmdir()

@@ -18,5 +18,6 @@ class Samples(DesktopTest):
         for name in reversed(names):
             self.expect_end(self.start(name))
             self.expect_window(f"{name} - Gridwright")
+            self.expect(file=name, changed=False)
         for name in names:
             self.assertEqual(self.read(name), (SAMPLES / name).read_bytes(), f"{name} was changed by opening it")

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "storage/LoadResult.h"
+
+#include <algorithm>
+#include <climits>
+
+/// How many rows and columns a grid can show. Qt counts the pixels from the first line to the last in an int.
+namespace GridLimits {
+
+/// Half of the pixels are left for lines that grow.
+constexpr int linesOf(int defaultSize) {
+    return INT_MAX / 2 / std::max(defaultSize, 1);
+}
+
+constexpr LoadLimits of(int defaultRowHeight, int defaultColumnWidth) {
+    return {linesOf(defaultRowHeight), linesOf(defaultColumnWidth)};
+}
+
+} // namespace GridLimits
