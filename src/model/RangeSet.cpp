@@ -184,9 +184,13 @@ void RangeSet::add(RangeVector const& ranges) {
 }
 
 void RangeSet::add(RangeSet const& other) {
+    CellRegion const before = region;
     addCells(other.region);
-    for (LineRun const& run : other.runs)
-        addLines(run);
+    for (LineRun run : other.runs) {
+        run.behindCell =
+            run.range.type == RangeType::Table && (run.behindCell || before.contains(run.range.row, run.range.col));
+        append(std::move(run));
+    }
     if (!main)
         main = other.main;
 }

@@ -116,7 +116,7 @@ CellRegion TableData::storedCells(CellRegion const& model) const {
 }
 
 void TableData::fill(CellRegion const& cells, QString const& text, ReplacedCells& old) {
-    if (!editableContainer || loading)
+    if (!editableContainer || refusesChanges())
         return;
     CellRegion const stored = storedCells(cells);
     auto const bytes = codec.encode(text);
@@ -126,7 +126,7 @@ void TableData::fill(CellRegion const& cells, QString const& text, ReplacedCells
 }
 
 bool TableData::wouldFillChange(CellRegion const& cells, QString const& text) const {
-    if (!editableContainer || loading)
+    if (!editableContainer)
         return false;
     auto const bytes = codec.encode(text);
     std::string_view const wanted(bytes.data(), bytes.size());
@@ -146,7 +146,7 @@ bool TableData::wouldFillChange(CellRegion const& cells, QString const& text) co
 }
 
 void TableData::putBack(ReplacedCells& old) {
-    if (editableContainer && !loading)
+    if (editableContainer && !refusesChanges())
         editableContainer->putBack(old);
 }
 

@@ -59,11 +59,13 @@ TEST_F(ManyCells, HoldWhatSingleWritesLeaveAndComeBack) {
     for (int round = 0; round < 300; ++round) {
         SCOPED_TRACE(round);
         QByteArray const content = randomTable(random);
-        load(content);
+        write("table.csv", content);
+        TableData many;
         TableData single;
-        single.loadCSV(path("table.csv"), false, TableData::DataContainerType::Editable, QStringLiteral(","),
-                       QStringLiteral(","), EncodingType::Utf8, ParsingStandard::Rfc4180);
-        for (TableData* each : {&data, &single}) {
+        for (TableData* each : {&many, &single})
+            each->loadCSV(path("table.csv"), false, TableData::DataContainerType::Editable, QStringLiteral(","),
+                          QStringLiteral(","), EncodingType::Utf8, ParsingStandard::Rfc4180);
+        for (TableData* each : {&many, &single}) {
             if (round % 2)
                 each->toggleTranspose();
             if (round % 3 == 0) {
@@ -73,26 +75,26 @@ TEST_F(ManyCells, HoldWhatSingleWritesLeaveAndComeBack) {
         }
         CellRegion const region = randomRegion(random);
         QString const text = QString::fromLatin1("yz").left(int(random() % 3));
-        std::string const before = textsOf(data);
+        std::string const before = textsOf(many);
         bool changes = false;
         forEachCell(region, [&](int row, int col) { changes = single.setValueModel(row, col, text) || changes; });
-        EXPECT_EQ(data.wouldFillChange(region, text), changes);
+        EXPECT_EQ(many.wouldFillChange(region, text), changes);
 
         for (int redo = 0; redo < 2; ++redo) {
             ReplacedCells old;
-            data.fill(region, text, old);
-            ASSERT_EQ(textsOf(data), textsOf(single));
-            EXPECT_EQ(data.numRawRows(), single.numRawRows());
-            EXPECT_EQ(data.numRawCols(), single.numRawCols());
-            data.putBack(old);
-            ASSERT_EQ(textsOf(data), before);
+            many.fill(region, text, old);
+            ASSERT_EQ(textsOf(many), textsOf(single));
+            EXPECT_EQ(many.numRawRows(), single.numRawRows());
+            EXPECT_EQ(many.numRawCols(), single.numRawCols());
+            many.putBack(old);
+            ASSERT_EQ(textsOf(many), before);
             EXPECT_TRUE(old.isEmpty());
         }
 
         // Every cell gets a text of its own, in an order of chance.
         std::vector<std::pair<int, int>> places;
         forEachCell(region, [&](int row, int col) {
-            places.emplace_back(data.getRawFromModelRow(row), data.getRawFromModelCol(col));
+            places.emplace_back(many.getRawFromModelRow(row), many.getRawFromModelCol(col));
         });
         std::shuffle(places.begin(), places.end(), random);
         CellPatch patch;
@@ -101,10 +103,10 @@ TEST_F(ManyCells, HoldWhatSingleWritesLeaveAndComeBack) {
             patch.add(row, col, own.toStdString());
             single.setValueRaw(row, col, own);
         }
-        data.exchange(patch);
-        ASSERT_EQ(textsOf(data), textsOf(single));
-        data.exchange(patch);
-        ASSERT_EQ(textsOf(data), before);
+        many.exchange(patch);
+        ASSERT_EQ(textsOf(many), textsOf(single));
+        many.exchange(patch);
+        ASSERT_EQ(textsOf(many), before);
     }
 }
 
