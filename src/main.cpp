@@ -5,14 +5,14 @@
 
 int main(int argc, char** argv) {
     constexpr int primaryTimeoutMs = 1000;
-    constexpr int handOverTimeoutMs = 100;
     qputenv("QT_AUTO_SCREEN_SCALE_FACTOR", "1");
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     Application application(argc, argv, true, SingleApplication::PerUser, primaryTimeoutMs);
     if (application.isSecondary()) {
-        application.sendMessage(HandOverMessage::joinArguments(QCoreApplication::arguments()), QDir::currentPath(),
-                                handOverTimeoutMs, SingleApplication::SendAndReturn);
-        return 0;
+        if (application.handOver(HandOverMessage::joinArguments(QCoreApplication::arguments()), QDir::currentPath())) {
+            return 0;
+        }
+        application.startUp();
     }
     return QCoreApplication::exec();
 }

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Holds the floors of src/: fails on an include that runs upwards or sideways, and on stray sources beside main.cpp.
+"""Holds the floors of src/: fails on an include that runs upwards or sideways, on stray sources beside main.cpp, and on
+an event loop inside of another one that holds nothing back.
 
     layering.py SRC        checks the folder SRC
     layering.py --self-test
@@ -28,12 +29,18 @@ ALLOWED = {
 WITHOUT_GUI = {"core", "storage"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<((?:QtGui|QtWidgets)\b[^>]*)>)', re.MULTILINE)
+# What waits in an event loop of its own. It has to say so by a ModalHold.
+WAITS = re.compile(r"\bQEventLoop\b|\bprocessEvents\b|"
+                   r"\bQ\w*(?:Dialog|MessageBox)::(?:get\w+|exec|question|warning|information|critical|about)\b")
 GENERATED = re.compile(r"^(moc_\w+\.cpp|\w+\.moc)$")
 
 
 def faults_of_file(path, floor):
     """What is wrong with the includes of one file; `floor` is None for the program's main.cpp."""
-    for included, gui in INCLUDE.findall(path.read_text(encoding="utf-8")):
+    text = path.read_text(encoding="utf-8")
+    if WAITS.search(text) and "ModalHold const" not in text:
+        yield f"{path}: waits in an event loop of its own without a ModalHold"
+    for included, gui in INCLUDE.findall(text):
         if gui:
             if floor in WITHOUT_GUI:
                 yield f"{path}: {floor} must not know <{gui}>"
@@ -78,6 +85,9 @@ class SelfTest(unittest.TestCase):
             ("model/A.cpp", '#include "A.h"', 1),
             ("view/A.cpp", '#include "../model/A.h"', 1),
             ("storage/A.h", "#include <QtGui/QColor>", 1),
+            ("view/A.cpp", "ModalHold const hold; QEventLoop loop;", 0),
+            ("view/A.cpp", "QEventLoop loop; loop.exec();", 1),
+            ("app/A.cpp", "QFileDialog::getOpenFileNames(this);", 1),
             ("extras/A.h", "", 1),
             ("helper.cpp", "", 1),
         ]:

@@ -7,7 +7,7 @@ run_packages=(build-essential cmake ninja-build qt6-base-dev qt6-5compat-dev ca-
 
 # To build and run the tests, besides.
 # shellcheck disable=SC2034
-test_packages=(libgtest-dev libgmock-dev clang-format ccache python3 xvfb openbox xdotool imagemagick)
+test_packages=(libgtest-dev libgmock-dev clang-format ccache python3 xvfb openbox xdotool)
 
 # Prints those of the given packages that are not installed.
 missing_packages() {

@@ -5,6 +5,7 @@
 #include "app/MainWindow.h"
 #include "app/PreferenceStartup.h"
 #include "app/WindowGeometry.h"
+#include "core/ModalHold.h"
 #include "core/PathUtilities.h"
 
 #include <QDir>
@@ -18,9 +19,12 @@
 Application::Application(int& argc, char** argv, bool allowSecondary, QFlags<Mode> mode, int timeoutMs)
     : SingleApplication(argc, argv, allowSecondary, mode, timeoutMs), workingDirectory(QDir::currentPath()) {
     setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
-    if (isSecondary()) {
-        return;
+    if (!isSecondary()) {
+        startUp();
     }
+}
+
+void Application::startUp() {
     // A static library's resources are linked only where they are asked for.
     Q_INIT_RESOURCE(documents);
     connect(this, &SingleApplication::receivedMessage, this, &Application::onMessageReceived);
@@ -46,6 +50,7 @@ Application::Application(int& argc, char** argv, bool allowSecondary, QFlags<Mod
 }
 
 Application::~Application() {
+    setServing(false);
     std::vector<MainWindow*> const left = std::exchange(mainWindows, {});
     for (MainWindow* window : left) {
         window->close();
@@ -64,22 +69,31 @@ bool Application::makeTutorialFile() const {
 }
 
 void Application::handleCommandLineArguments(QStringList const& arguments) {
-    if (arguments.size() < 2 || activeMainWindow == nullptr) {
+    if (arguments.size() < 2) {
         return;
+    }
+    if (activeMainWindow == nullptr) { // the last one closed while the arguments waited
+        createNewInstance(true, {});
     }
     CommandLine const line = CommandLine::parse(arguments, workingDirectory);
     MainWindow& window = *activeMainWindow;
     for (QString const& folder : line.folders) {
         window.openFolder(folder);
     }
-    window.resize(line.width >= 1 ? line.width : window.width(), line.height >= 1 ? line.height : window.height());
-    window.move(line.x >= 0 ? line.x : window.x(), line.y >= 0 ? line.y : window.y());
+    applyRequestedGeometry(window, line);
+    window.tellMissing(line.missing);
     window.openFiles(line.files);
     window.activateWindow();
 }
 
 void Application::onMessageReceived(quint32, QByteArray const& message) {
-    HandOverMessage const handOver = HandOverMessage::parse(message);
+    if (ModalHold::isOpen() && activeMainWindow != nullptr) {
+        alert(activeMainWindow); // something waits behind the question
+    }
+    ModalHold::whenFree(this, [this, message] { carryOut(HandOverMessage::parse(message)); });
+}
+
+void Application::carryOut(HandOverMessage const& handOver) {
     if (handOver.asksForNewWindow()) {
         createNewInstance(true, {});
         return;
@@ -92,6 +106,7 @@ MainWindow* Application::addMainWindow(bool centred) {
     auto* window = new MainWindow;
     activeMainWindow = window;
     mainWindows.push_back(window);
+    setServing(true);
     if (centred) {
         applyDefaultGeometry(*window);
         window->show();
@@ -143,6 +158,8 @@ void Application::removeMainWindow(QObject* window) {
     if (window == activeMainWindow) {
         activeMainWindow = mainWindows.empty() ? nullptr : mainWindows.front();
     }
+    // The program is about to end. A start that comes now is to be a new one.
+    setServing(!mainWindows.empty());
 }
 
 void Application::onMainWindowFocusChanged() {
@@ -160,11 +177,13 @@ void Application::closeProgram() {
 }
 
 bool Application::event(QEvent* event) {
-    if (event->type() == QEvent::FileOpen && activeMainWindow != nullptr) {
+    if (event->type() == QEvent::FileOpen) {
         QString const file = static_cast<QFileOpenEvent*>(event)->file();
-        if (!file.isEmpty()) {
-            activeMainWindow->openFile(file);
-        }
+        ModalHold::whenFree(this, [this, file] {
+            if (!file.isEmpty() && activeMainWindow != nullptr) {
+                activeMainWindow->openFile(file);
+            }
+        });
     }
     return SingleApplication::event(event);
 }

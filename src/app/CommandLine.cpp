@@ -30,13 +30,20 @@ CommandLine CommandLine::parse(QStringList const& arguments, QString const& work
             *known->second = arguments[++i].toInt();
             continue;
         }
+        if (argument.isEmpty()) {
+            continue;
+        }
+        // A file of the same name in this process's own directory is not the one that the user of a later start means.
         QString const absolute = QDir(workingDirectory).absoluteFilePath(argument);
-        QString const path = namesAFile(argument) ? argument : absolute;
+        QString const path = namesAFile(absolute) ? absolute : argument;
         if (QFileInfo(path).isDir()) {
             result.folders.append(path);
         } else if (namesAFile(path)) {
             result.files.append(path);
+        } else {
+            result.missing.append(absolute);
         }
     }
+    result.folders.removeDuplicates();
     return result;
 }

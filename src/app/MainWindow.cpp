@@ -3,14 +3,18 @@
 #include "app/FileMetadataWidget.h"
 #include "app/FindReplaceWidget.h"
 #include "app/FindResultsWidget.h"
+#include "app/GoneTables.h"
+#include "app/NoticeLine.h"
 #include "app/PaneView.h"
 #include "app/SideBar.h"
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "commands/ExtensionTable.h"
+#include "core/ModalHold.h"
 
 #include <QCloseEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -30,6 +34,7 @@ MainWindow::MainWindow(QWidget* parent) : UnbuiltCommands(parent), extensions(Ex
 
 // The tables end after the window's own parts, and their undo stacks tell of their end.
 MainWindow::~MainWindow() {
+    goneTables->clear();
     for (TableView* const table : paneView->getTables()) {
         table->undoStack()->disconnect(this);
     }
@@ -46,7 +51,12 @@ void MainWindow::buildWidgets() {
     auto* const centre = new QWidget(this);
     auto* const panes = new QSplitter(Qt::Horizontal, centre);
     panes->setHandleWidth(handleWidth);
-    plainLayout(centre)->addWidget(panes);
+    goneTables = new GoneTables(centre);
+    missingFiles = new NoticeLine(QString(), centre);
+    QVBoxLayout* const centreLayout = plainLayout(centre);
+    centreLayout->addWidget(panes, 1);
+    centreLayout->addWidget(goneTables->getLine());
+    centreLayout->addWidget(missingFiles);
 
     auto* const column = new QWidget(panes);
     auto* const tablesAndResults = new QSplitter(Qt::Vertical, column);
@@ -92,8 +102,13 @@ void MainWindow::buildWidgets() {
     connect(&statistics, &SelectionStatistics::finishedSignal, this,
             [this](QString const& text) { labelBar->setText(StatusBar::Label::Stats, text); });
     connect(paneView, &PaneView::tableLoadBegunSignal, this, &MainWindow::onTableLoadBegun);
-    connect(paneView, &PaneView::tableLoadedSignal, this, &MainWindow::onTableLoaded);
+    connect(paneView, &PaneView::tableLoadedSignal, this,
+            [this](TableView* table) { ModalHold::whenFree(table, [this, table] { onTableLoaded(table); }); });
     connect(paneView, &PaneView::tableLoadFailedSignal, this, &MainWindow::onTableLoadFailed);
+    connect(goneTables, &GoneTables::takenBackSignal, this, &MainWindow::takeBack);
+    for (NoticeLine const* const line : {goneTables->getLine(), missingFiles}) {
+        connect(line, &NoticeLine::dismissedSignal, this, [this] { activeTable->takeFocus(); });
+    }
     setupLauncher();
 }
 
@@ -158,10 +173,24 @@ void MainWindow::changeEvent(QEvent* event) {
     }
 }
 
+// A question that is open anywhere goes first. While the tables of this window are asked about, it closes already.
 void MainWindow::closeEvent(QCloseEvent* event) {
-    for (int left = tabBar->count(); left > 0; --left) {
+    event->ignore();
+    if (closing) {
+        return;
+    }
+    if (ModalHold::isOpen()) {
+        closing = true;
+        ModalHold::whenFree(this, [this] {
+            closing = false;
+            close();
+        });
+        return;
+    }
+    QScopedValueRollback<bool> const walk(closing, true);
+    // The last table that closes leaves a new one behind.
+    while (tabBar->count() > 1 || !isUntouchedEmptyTable(activeTable)) {
         if (!closeFile(activeTable)) {
-            event->ignore();
             return;
         }
     }
@@ -183,5 +212,5 @@ void MainWindow::dropEvent(QDropEvent* event) {
         }
     }
     event->acceptProposedAction();
-    openFiles(paths);
+    ModalHold::whenFree(this, [this, paths] { openFiles(paths); });
 }

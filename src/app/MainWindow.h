@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/SettingsWriter.h"
 #include "app/StatusBar.h"
 #include "app/UnbuiltCommands.h"
 #include "app/WatchedFiles.h"
@@ -21,11 +22,14 @@
 #include <QSet>
 #include <QStringList>
 
+#include <memory>
 #include <vector>
 
 class FileMetadataWidget;
 class FindReplaceWidget;
 class FindResultsWidget;
+class GoneTables;
+class NoticeLine;
 class PaneView;
 class PreferenceWatcher;
 class SideBar;
@@ -55,6 +59,8 @@ public:
     /// The first one becomes the active table. True if any table was taken.
     bool openFiles(QStringList const& paths);
     bool openFile(QString const& path);
+    /// Tells without a question that files which were to be opened do not exist.
+    void tellMissing(QStringList const& paths);
     /// Tells that a folder is no table.
     void openFolder(QString const& path);
     /// Closes a table; the window always keeps one.
@@ -426,10 +432,12 @@ private:
     TableView* takeTable(QString const& path);
     /// Asks about a file of many megabytes whether it is to be opened read-only; false if not at all.
     bool askHowToOpenLargeFile(QString const& path, bool& readOnly);
-    void removeTable(TableView* table);
-    bool closeFileNoSave(TableView* table);
-    /// Takes a table away and shows another one in its place.
-    void dropTable(TableView* table);
+    /// Takes a table out of the window, whole; there may be no active one afterwards.
+    std::unique_ptr<TableView> detachTable(TableView* table);
+    /// Does the same and shows another table in the place of the active one.
+    std::unique_ptr<TableView> takeOut(TableView* table);
+    /// Ends a table that nobody has put anything into, unless it is the one that shows.
+    void dropUntouched(TableView* table);
     void onSavedStatusChanged(TableView* table, bool clean);
     /// The bits that the table brings to the window's context.
     Context contextOfTable(TableView const* table) const;
@@ -440,6 +448,11 @@ private:
     void askForSetting(SettingType type);
     /// Keeps the value of a setting for the window and in the settings file, and puts it in force.
     void storeSetting(SettingType type, QString const& value);
+    /// Lets all parts know of a setting that has changed, and writes it into its file.
+    void putInForce(SettingType type);
+    /// A failure is told.
+    void writeSetting(SettingType type);
+    void tellUnknownTheme();
     bool confirmDiscardUnsavedEditsForReload(TableView* table);
     /// Asks whether to save, to discard or to cancel; true if the changes are saved or the user lets them go.
     bool mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel);
@@ -484,11 +497,14 @@ private:
     // Changes by other programs (MainWindow_Watch.cpp).
     void setupWatch();
     void watchTable(TableView* table);
-    void unwatchTable(TableView const* table);
+    void unwatchTable(TableView* table);
     void onWatchedFileGone(QString const& path);
+    /// Opens a table whose file went as one without a file.
+    void takeBack(TableView* table);
     void askForReload(QString const& path);
     void askForReloadOverEdits(QString const& path);
-    void askWhetherToReload(QString const& path, QString const& question, QString const& refusal);
+    void askWhetherToReload(QString const& path, QString const& question, QString const& refusal,
+                            QString const& remark);
     /// Reads a table's file again; its edits are lost.
     void reloadChangedFile(TableView* table);
     void endReload(TableView* table);
@@ -524,6 +540,7 @@ private:
 
     Theme theme;
     Settings settings;
+    SettingsWriter settingsWriter;
     bool updating = false;
     PreferenceWatcher* preferenceWatcher = nullptr;
     inline static WatchedFiles::Timings watchTimings;
@@ -546,9 +563,12 @@ private:
     SideBar* sideBar = nullptr;
     FindReplaceWidget* findReplaceWidget = nullptr;
     FindResultsWidget* findResultsWidget = nullptr;
+    GoneTables* goneTables = nullptr;
+    NoticeLine* missingFiles = nullptr; ///< tells of paths that were to be opened and do not exist
     FileMetadataWidget* fileMetadataWidget = nullptr;
     QScrollArea* metadataArea = nullptr;
     StatusBar* labelBar = nullptr;
     SelectionStatistics statistics; ///< of a large selection in the active table
     TableView* activeTable = nullptr;
+    bool closing = false; ///< the window asks about its tables, or will when another question is answered
 };

@@ -22,9 +22,10 @@ void MainWindow::askForSaveDialect(std::vector<DialectPart> const& parts) {
 }
 
 void MainWindow::commandReloadFile() {
-    activeTable->stopEditing();
-    if (confirmDiscardUnsavedEditsForReload(activeTable)) {
-        activeTable->readFileAgain();
+    QPointer<TableView> const table = activeTable;
+    table->stopEditing();
+    if (table && confirmDiscardUnsavedEditsForReload(table) && table) {
+        table->readFileAgain();
     }
 }
 
@@ -70,13 +71,14 @@ void MainWindow::commandListCharacterEncodings() {
 }
 
 void MainWindow::reloadTable(TableView* table, Dialect const& dialect) {
-    if (confirmDiscardUnsavedEditsForReload(table)) {
+    QPointer<TableView> const alive = table;
+    if (confirmDiscardUnsavedEditsForReload(table) && alive) {
         table->reloadFile(dialect.delimiter, dialect.encoding, dialect.parsingStandard);
     }
 }
 
 bool MainWindow::confirmDiscardUnsavedEditsForReload(TableView* table) {
-    if (table->undoStack()->isClean()) {
+    if (!table->hasUnsavedChanges()) {
         return true;
     }
     return mayLoseChanges(table,

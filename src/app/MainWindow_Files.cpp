@@ -2,6 +2,7 @@
 
 #include "app/FileOpening.h"
 #include "app/MainWindow.h"
+#include "app/NoticeLine.h"
 #include "app/PaneView.h"
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
@@ -10,11 +11,12 @@
 #include "core/DialectUtilities.h"
 #include "core/EncodingUtilities.h"
 #include "core/PathUtilities.h"
+#include "view/FileDialog.h"
 #include "view/MsgBox.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QFileInfo>
+#include <QPointer>
 #include <QPushButton>
 
 #include <algorithm>
@@ -60,24 +62,37 @@ ExtensionData preferenceFileOptions() {
 } // namespace
 
 bool MainWindow::openFiles(QStringList const& paths) {
-    TableView* const before = activeTable;
-    TableView* first = nullptr;
+    QPointer<TableView> const before = activeTable;
+    QPointer<TableView> first;
     for (QString const& path : paths) {
         TableView* const table = takeTable(path);
-        first = first == nullptr ? table : first;
+        if (!first) {
+            first = table;
+        }
     }
-    if (first == nullptr) {
+    if (!first) {
         return false;
     }
     setActiveTable(first);
-    if (before != first && isUntouchedEmptyTable(before)) {
-        removeTable(before);
-    }
+    dropUntouched(before);
     return true;
+}
+
+void MainWindow::dropUntouched(TableView* table) {
+    if (table != nullptr && table != activeTable && isUntouchedEmptyTable(table)) {
+        detachTable(table);
+    }
 }
 
 bool MainWindow::openFile(QString const& path) {
     return openFiles({path});
+}
+
+void MainWindow::tellMissing(QStringList const& paths) {
+    if (!paths.isEmpty()) {
+        missingFiles->tell(paths.size() == 1 ? tr("This file does not exist: %1") : tr("These files do not exist: %1"),
+                           paths);
+    }
 }
 
 void MainWindow::openFolder(QString const& path) {
@@ -100,7 +115,8 @@ TableView* MainWindow::takeTable(QString const& path) {
     if (!readOnly && !askHowToOpenLargeFile(path, readOnly)) {
         return nullptr;
     }
-    return addTableEditorFromFile(path, readOnly, false);
+    TableView* const openedMeanwhile = paneView->getTableView(path);
+    return openedMeanwhile != nullptr ? openedMeanwhile : addTableEditorFromFile(path, readOnly, false);
 }
 
 bool MainWindow::askHowToOpenLargeFile(QString const& path, bool& readOnly) {
@@ -113,13 +129,15 @@ bool MainWindow::askHowToOpenLargeFile(QString const& path, bool& readOnly) {
     MsgBox box(this);
     box.setTheme(theme);
     box.setText(tr("This file is large (%1 MB).\n").arg(size) + tr("Would you like to open it in read-only mode?"));
+    box.nameFile(path);
     QPushButton* const asReadOnly = box.addButton(tr("Open as &Read-Only"), QMessageBox::AcceptRole);
     QPushButton* const forEditing = box.addButton(tr("Open in &Edit Mode"), QMessageBox::AcceptRole);
     box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
-    asReadOnly->setFixedWidth(buttonWidth);
-    forEditing->setFixedWidth(buttonWidth);
     box.setDefaultButton(asReadOnly);
     box.conditionButtons();
+    for (QPushButton* const button : {asReadOnly, forEditing}) {
+        MsgBox::enlarge(*button, {buttonWidth, 0});
+    }
     box.exec();
     readOnly = box.clickedButton() == asReadOnly;
     return readOnly || box.clickedButton() == forEditing;
@@ -164,8 +182,9 @@ TableView* MainWindow::addTableEditorFromFile(QString const& path, bool readOnly
         return nullptr;
     }
     addTableEditorFromView(table);
+    QPointer<TableView> const added = table;
     tellIfNotReadWhole(table);
-    return table;
+    return added;
 }
 
 void MainWindow::addTableEditorFromView(TableView* table) {
@@ -218,54 +237,57 @@ void MainWindow::tellIfNotReadWhole(TableView const* table) {
                  "read-only, so that the rest of the file is not lost.")
             : tr("This file became shorter, or could not be read on, while it was being opened:\n%1\n\nThe table "
                  "holds what could be read.");
-    MsgBox::inform(this, theme, result.beyondLimits ? text.arg(table->getFilepath(), result.reason)
-                                                    : text.arg(table->getFilepath()));
+    MsgBox::inform(this, theme,
+                   result.beyondLimits ? text.arg(table->getFilepath(), result.reason)
+                                       : text.arg(table->getFilepath()));
 }
 
 bool MainWindow::closeFile(TableView* table) {
     if (table == nullptr) {
         return false;
     }
+    QPointer<TableView> const alive = table;
     if (table->isEditing()) {
         table->stopEditing();
     }
-    if (table->undoStack()->isClean() || isUntouchedEmptyTable(table)) {
-        return closeFileNoSave(table);
+    if (alive && table->hasUnsavedChanges() && !isUntouchedEmptyTable(table)) {
+        setActiveTable(table);
+        QString const question = tr("Do you want to save changes to %1?").arg(table->tableModel()->getTableName());
+        if (!mayLoseChanges(table, question, tr("Do&n't Save"))) {
+            return false;
+        }
     }
-    setActiveTable(table);
-    QString const question = tr("Do you want to save changes to %1?").arg(table->tableModel()->getTableName());
-    return mayLoseChanges(table, question, tr("Do&n't Save")) && closeFileNoSave(table);
-}
-
-bool MainWindow::closeFileNoSave(TableView* table) {
-    bool const wasActive = table == activeTable;
-    dropTable(table);
-    if (wasActive) {
-        activeTable->takeFocus();
+    if (alive) {
+        bool const wasActive = table == activeTable;
+        takeOut(table);
+        if (wasActive) {
+            activeTable->takeFocus();
+        }
     }
     return true;
-}
-
-void MainWindow::dropTable(TableView* table) {
-    int const index = tabBar->getIndexFromTable(table);
-    removeTable(table);
-    if (activeTable == nullptr) {
-        showTable(tabBar->count() == 0 ? addEmptyTableEditor() : tabBar->tableAt(std::max(index - 1, 0)));
-    }
 }
 
 void MainWindow::onSavedStatusChanged(TableView* table, bool clean) {
     tabBar->setSaved(table, clean);
 }
 
-void MainWindow::removeTable(TableView* table) {
+std::unique_ptr<TableView> MainWindow::detachTable(TableView* table) {
     unwatchTable(table);
     tabBar->removeTable(table);
     paneView->removeTable(table);
     if (table == activeTable) {
         activeTable = nullptr;
     }
-    delete table;
+    return std::unique_ptr<TableView>(table);
+}
+
+std::unique_ptr<TableView> MainWindow::takeOut(TableView* table) {
+    int const index = tabBar->getIndexFromTable(table);
+    std::unique_ptr<TableView> detached = detachTable(table);
+    if (activeTable == nullptr) {
+        showTable(tabBar->count() == 0 ? addEmptyTableEditor() : tabBar->tableAt(std::max(index - 1, 0)));
+    }
+    return detached;
 }
 
 void MainWindow::commandNewFile() {
@@ -273,7 +295,7 @@ void MainWindow::commandNewFile() {
 }
 
 void MainWindow::commandOpenFile() {
-    openFiles(QFileDialog::getOpenFileNames(this, tr("Open File")));
+    openFiles(FileDialog::filesToOpen(this, tr("Open File")));
 }
 
 void MainWindow::commandNewWindow() {
@@ -285,10 +307,9 @@ void MainWindow::commandCloseFile() {
 }
 
 void MainWindow::commandCloseAllFiles() {
-    for (TableView* table : paneView->getTables()) {
-        if (!closeFile(table)) {
-            return;
-        }
+    std::vector<TableView*> left = paneView->getTables();
+    while ((left.size() > 1 || !isUntouchedEmptyTable(left.front())) && closeFile(left.front())) {
+        left = paneView->getTables();
     }
 }
 

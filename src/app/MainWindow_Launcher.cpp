@@ -5,6 +5,7 @@
 #include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "app/launcher/PromptChain.h"
+#include "app/prompts/TableSetting.h"
 
 #include <QAction>
 #include <QFileInfo>
@@ -77,6 +78,7 @@ void MainWindow::askForCommand(QString const& title, QStringList const& names) {
             step.options.push_back(optionOf(*command));
         }
     }
+    step.noMatch = tr("No command matches.");
     step.carryOut = [this](QString const& response, PromptAsker&) { onCommandLauncherResponseReceived(response); };
     ask(std::move(step));
 }
@@ -101,8 +103,8 @@ QString MainWindow::settingPill(Command const& command) const {
     if (command.setting == SettingType::None) {
         return {};
     }
-    Settings const& inForce = command.scope == ScopeType::Table ? activeTable->getSettings() : settings;
-    return inForce.displayText(command.setting);
+    Setting const setting = TableSetting::present(command.setting, settings, *activeTable);
+    return setting.toString(setting);
 }
 
 void MainWindow::onDelimiterOptionsPrompt() {
@@ -147,6 +149,7 @@ void MainWindow::onTableDimensionsOptionsPrompt() {
 void MainWindow::commandGoToFile() {
     PromptStep step;
     step.title = tr("Go to File:");
+    step.noMatch = tr("No file matches.");
     std::vector<QPointer<TableView>> tables;
     for (int i = 0; i < tabBar->count(); ++i) {
         TableView* const table = tabBar->tableAt(i);

@@ -4,22 +4,19 @@
 #include "app/prompts/SettingPrompts.h"
 #include "app/prompts/SizePrompts.h"
 #include "app/prompts/TableSetting.h"
-#include "commands/PreferenceFiles.h"
 #include "view/TableView.h"
 
 #include <QPointer>
 
 void MainWindow::askForSetting(SettingType type) {
-    Setting setting = settings.get(type);
+    Setting const setting = TableSetting::present(type, settings, *activeTable);
     TableSetting const* const ofTable = TableSetting::find(type);
     if (ofTable == nullptr) {
         ask(Prompts::setting(setting, [this, type](QString const& value) { storeSetting(type, value); }));
         return;
     }
-    setting.value = ofTable->get(*activeTable);
-    ask(Prompts::setting(setting, [alive = QPointer<TableView>(activeTable), type, ofTable](QString const& value) {
+    ask(Prompts::setting(setting, [alive = QPointer<TableView>(activeTable), ofTable](QString const& value) {
         if (!alive.isNull()) {
-            alive->getSettings().setValue(type, value.toInt());
             ofTable->set(*alive, value.toInt());
         }
     }));
@@ -27,8 +24,7 @@ void MainWindow::askForSetting(SettingType type) {
 
 void MainWindow::storeSetting(SettingType type, QString const& value) {
     settings.setFromString(settings.get(type).name, value);
-    PreferenceFiles::writeSettingToFile(settings, type);
-    propagateSettings();
+    putInForce(type);
 }
 
 void MainWindow::commandSetBehaviorWhenFileIsChangedExternally() {

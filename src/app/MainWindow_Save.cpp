@@ -4,17 +4,18 @@
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
 #include "app/TabBar.h"
+#include "app/TableWalk.h"
 #include "app/WatchedFiles.h"
 #include "commands/ExtensionTable.h"
 #include "core/EncodingUtilities.h"
 #include "core/PathUtilities.h"
 #include "model/LineBreakCells.h"
 #include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
+#include "view/FileDialog.h"
 #include "view/MsgBox.h"
 #include "view/SaveFailureMessage.h"
 #include "view/TableView.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPushButton>
 
@@ -48,11 +49,21 @@ ExtensionData presentOptions(TableModel const& model) {
 } // namespace
 
 bool MainWindow::saveFile(TableView* table) {
-    if (table == nullptr || table->isLoading() || table->isReadOnly()) {
+    if (table == nullptr || table->isLoading()) {
         return false;
     }
-    table->stopEditing();
+    QPointer<TableView> const alive = table;
+    table->stopEditing(); // may tell of an automatic save that fails
+    if (!alive) {
+        return false;
+    }
     QString const path = table->getFilepath();
+    if (table->isReadOnly() && !path.isEmpty()) {
+        MsgBox::inform(this, theme,
+                       buildSaveFailureMessage(path, tr("The table is read-only. \"Save File As\" saves it to another "
+                                                        "file.")));
+        return false;
+    }
     if (path.isEmpty()) {
         return saveFileAs(table, false);
     }
@@ -64,6 +75,9 @@ bool MainWindow::saveFile(TableView* table) {
     if (settings.getValueBool(SettingType::RemoveExtraneousRowsColumnsOnFileSave)) {
         removeExtraneousRowsAndColumns(table);
     }
+    if (!alive) {
+        return false;
+    }
     bool const saved = model.saveCSV(false, false);
     if (saved) {
         table->undoStack()->setClean();
@@ -71,8 +85,10 @@ bool MainWindow::saveFile(TableView* table) {
     } else {
         MsgBox::inform(this, theme, buildSaveFailureMessage(path, model.getLastSaveError()));
     }
-    table->scrollToMainCell(true, true);
-    if (table == activeTable) {
+    if (alive) {
+        table->scrollToMainCell(true, true);
+    }
+    if (alive && alive == activeTable) {
         refreshActiveTable();
     }
     return saved;
@@ -108,6 +124,9 @@ void MainWindow::promptDelimiterOnlyLineBreakAction(PendingSave const& save, int
     box.addButton(tr("Cancel"), QMessageBox::RejectRole);
     box.conditionButtons();
     box.exec();
+    if (!save.table) {
+        return;
+    }
     auto const resume = [this](PendingSave const& pending) { resumePendingDelimiterOnlySave(pending); };
     if (box.clickedButton() == remove) {
         DelimiterOnlySave::applyReplacement(save, QString(), resume);
@@ -143,9 +162,13 @@ bool MainWindow::saveFileAs(TableView* table, bool visibleOnly) {
     if (table == nullptr || table->isLoading()) {
         return false;
     }
+    QPointer<TableView> const alive = table;
     table->stopEditing();
-    QString const path = QFileDialog::getSaveFileName(this, tr("Save File"), table->getFilepath(), getFiletypeFilter());
-    return saveFileUnder(table, path, visibleOnly);
+    if (!alive) {
+        return false;
+    }
+    QString const path = FileDialog::fileToSave(this, tr("Save File"), table->getFilepath(), getFiletypeFilter());
+    return alive && saveFileUnder(table, path, visibleOnly);
 }
 
 bool MainWindow::saveFileUnder(TableView* table, QString const& path, bool visibleOnly) {
@@ -173,8 +196,8 @@ bool MainWindow::refusesOpenFile(TableView const* table, QString const& path, bo
 }
 
 bool MainWindow::finishSaveFileAs(PendingSave const& save) {
-    if (refusesOpenFile(save.table, save.path, save.visibleOnly)) {
-        return false; // it was opened while a question was open
+    if (!save.table || refusesOpenFile(save.table, save.path, save.visibleOnly)) {
+        return false; // the table went, or the file was opened, while a question was open
     }
     return save.visibleOnly ? saveCopy(save) : moveTo(save);
 }
@@ -222,15 +245,18 @@ bool MainWindow::saveCopy(PendingSave const& save) {
         table->undoStack()->resetClean();
         return true;
     }
-    if (TableView* const open = paneView->getTableView(save.path)) {
-        reloadChangedFile(open);
-        setActiveTable(open);
+    bool readOnly = false;
+    bool const isOpen = paneView->getTableView(save.path) != nullptr;
+    if (!isOpen && !askHowToOpenSavedCopy(save.path, readOnly)) {
         return true;
     }
-    bool readOnly = false;
-    if (askHowToOpenSavedCopy(save.path, readOnly)) {
-        setActiveTable(addTableEditorFromFile(save.path, readOnly, Utilities::isPreferenceFilepath(save.path)));
+    TableView* open = paneView->getTableView(save.path);
+    if (open != nullptr) {
+        reloadChangedFile(open);
+    } else {
+        open = addTableEditorFromFile(save.path, readOnly, Utilities::isPreferenceFilepath(save.path));
     }
+    setActiveTable(open);
     return true;
 }
 
@@ -244,13 +270,14 @@ bool MainWindow::askHowToOpenSavedCopy(QString const& path, bool& readOnly) {
     MsgBox box(this);
     box.setTheme(theme);
     box.setText(tr("The new file is large (%1 MB).\n").arg(size) + tr("How would you like to open it?"));
+    box.nameFile(path);
     QPushButton* const asReadOnly = box.addButton(tr("&Read-Only\nMode"), QMessageBox::AcceptRole);
     QPushButton* const forEditing = box.addButton(tr("&Edit Mode"), QMessageBox::AcceptRole);
     QPushButton* const notAtAll = box.addButton(tr("Do&n't Open"), QMessageBox::RejectRole);
     box.setDefaultButton(asReadOnly);
     box.conditionButtons();
     for (QPushButton* const button : {asReadOnly, forEditing, notAtAll}) {
-        button->setFixedHeight(buttonHeight);
+        MsgBox::enlarge(*button, {0, buttonHeight});
     }
     box.exec();
     readOnly = box.clickedButton() == asReadOnly;
@@ -258,6 +285,7 @@ bool MainWindow::askHowToOpenSavedCopy(QString const& path, bool& readOnly) {
 }
 
 bool MainWindow::mayLoseChanges(TableView* table, QString const& question, QString const& discardLabel) {
+    QPointer<TableView> const alive = table;
     MsgBox box(this);
     box.setTheme(theme);
     box.setTextFormat(Qt::PlainText);
@@ -268,7 +296,10 @@ bool MainWindow::mayLoseChanges(TableView* table, QString const& question, QStri
     box.setDefaultButton(save);
     box.conditionButtons();
     box.exec();
-    return box.clickedButton() == save ? saveFile(table) : box.clickedButton() == discard;
+    if (box.clickedButton() != save) {
+        return box.clickedButton() == discard;
+    }
+    return !alive || saveFile(alive);
 }
 
 void MainWindow::commandSaveFile() {
@@ -285,7 +316,11 @@ void MainWindow::commandSaveVisibleDataAs() {
 
 void MainWindow::commandSaveAllFiles() {
     activeTable->stopEditing();
-    for (TableView* const table : paneView->getTables()) {
+    TableWalk walk(*paneView);
+    while (TableView* const table = walk.next()) {
+        if (table->isReadOnly() && !table->hasUnsavedChanges()) {
+            continue;
+        }
         saveFile(table);
     }
 }

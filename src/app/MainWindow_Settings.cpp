@@ -9,9 +9,13 @@
 #include "commands/PreferenceFiles.h"
 #include "commands/PreferenceTable.h"
 #include "core/PathUtilities.h"
+#include "view/MsgBox.h"
+#include "view/SaveFailureMessage.h"
 
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QPointer>
+#include <QTimer>
 #include <QUrl>
 
 void MainWindow::loadPreferences() {
@@ -36,10 +40,23 @@ void MainWindow::loadCommandsFromFile() {
 void MainWindow::loadSettingsFromFile() {
     TableModel model;
     if (PreferenceFiles::load(model, Utilities::getSettingsFilepath())) {
+        QString const themeBefore = settings.getValueString(SettingType::Theme);
         settings.resetValuesInFile();
         PreferenceFiles::addUserSettings(model, settings);
+        settingsWriter.restore(settings);
         theme = settings.getTheme();
+        if (!settings.isThemeKnown() && settings.getValueString(SettingType::Theme) != themeBefore) {
+            tellUnknownTheme();
+        }
     }
+}
+
+void MainWindow::tellUnknownTheme() {
+    constexpr int displayMs = 20000;
+    QString const message = tr("There is no theme \"%1\". The theme \"%2\" is used.")
+                                .arg(settings.getValueString(SettingType::Theme), theme.getName());
+    // A status bar that is not shown yet would show its labels below the message.
+    QTimer::singleShot(0, labelBar, [bar = labelBar, message] { bar->showMessage(message, displayMs); });
 }
 
 void MainWindow::setupExtensions() {
@@ -80,23 +97,38 @@ void MainWindow::propagateSettings() {
 
 void MainWindow::toggleSetting(SettingType type) {
     settings.toggleBoolValue(type);
-    PreferenceFiles::writeSettingToFile(settings, type);
+    putInForce(type);
+}
+
+void MainWindow::putInForce(SettingType type) {
     propagateSettings();
+    writeSetting(type);
+}
+
+void MainWindow::writeSetting(SettingType type) {
+    QString const error = settingsWriter.write(settings, type);
+    if (!error.isEmpty()) {
+        MsgBox::inform(
+            this, theme,
+            tr("The setting \"%1\" could not be written to the settings file. It stays as you have set it "
+               "until the program ends.\n\n%2")
+                .arg(settings.get(type).name, buildSaveFailureMessage(Utilities::getSettingsFilepath(), error)));
+    }
 }
 
 void MainWindow::onSuppressAutoFitWarningsChanged(bool suppress) {
     settings.setValue(SettingType::SuppressAutoFitWarnings, suppress);
-    PreferenceFiles::writeSettingToFile(settings, SettingType::SuppressAutoFitWarnings);
+    writeSetting(SettingType::SuppressAutoFitWarnings);
 }
 
 // The edits of a table that is not saved would be lost: the table is read anew, in the other way.
 void MainWindow::commandToggleReadOnly() {
-    TableView* const table = activeTable;
+    QPointer<TableView> const table = activeTable;
     if (table->isLoading()) {
         return;
     }
     table->stopEditing();
-    if (table->getFilepath().isEmpty() || confirmDiscardUnsavedEditsForReload(table)) {
+    if (table && (table->getFilepath().isEmpty() || confirmDiscardUnsavedEditsForReload(table)) && table) {
         table->reloadFileReadOnly(!table->isReadOnly());
         refreshActiveTable();
     }

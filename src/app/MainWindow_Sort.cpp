@@ -4,6 +4,12 @@
 #include "model/SelectionOrder.h"
 #include "view/TableView.h"
 
+namespace {
+
+constexpr int readOnlyMessageMs = 10000;
+
+} // namespace
+
 void MainWindow::sortBySelectedLine(Axis axis, SortType type) {
     TableModel const& model = *activeTable->tableModel();
     TableData const& data = model.getTableData();
@@ -14,6 +20,10 @@ void MainWindow::sortBySelectedLine(Axis axis, SortType type) {
 
 void MainWindow::sortSelectedCells(Axis axis, SortType type) {
     TableModel const* const model = settledModel();
+    if (activeTable->isReadOnly()) {
+        labelBar->showMessage(tr("This table is read-only: its cells keep their contents."), readOnlyMessageMs);
+        return;
+    }
     writeCells(sortedCells(*model, model->getSelection(), axis, type));
 }
 

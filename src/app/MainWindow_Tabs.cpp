@@ -3,14 +3,17 @@
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
 #include "app/TabBar.h"
+#include "app/TableWalk.h"
 #include "view/TableView.h"
 
+#include <QPointer>
 #include <QScrollBar>
 
 void MainWindow::commandCloseAllFilesExceptCurrent() {
-    TableView* const kept = activeTable;
-    for (TableView* const table : paneView->getTables()) {
-        if (table != kept && !closeFile(table)) {
+    QPointer<TableView> const kept = activeTable;
+    TableWalk walk(*paneView);
+    while (TableView* const table = walk.next()) {
+        if (table != kept && (!closeFile(table) || !kept)) {
             return;
         }
     }

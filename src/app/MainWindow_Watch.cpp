@@ -1,17 +1,19 @@
 // Changes that other programs make to the files of open tables.
 
+#include "app/GoneTables.h"
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
 #include "app/SystemFileWatch.h"
+#include "app/TabBar.h"
 #include "app/WatchedFiles.h"
+#include "core/ModalHold.h"
 #include "view/MsgBox.h"
 #include "view/TableView.h"
 
-#include <QApplication>
+#include <QFileInfo>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
-
-#include <algorithm>
 
 void MainWindow::setupWatch() {
     auto* const files = new SystemFileWatch(this);
@@ -21,11 +23,7 @@ void MainWindow::setupWatch() {
     };
     tables.isOpen = [this](QString const& path) { return paneView->getTableView(path) != nullptr; };
     tables.hasUnsavedEdits = [this](QString const& path) { return hasUnsavedEdits(paneView->getTableView(path)); };
-    tables.isAsking = [this] {
-        std::vector<TableView*> const all = paneView->getTables();
-        return QApplication::activeModalWidget() != nullptr ||
-               std::any_of(all.begin(), all.end(), [](TableView const* table) { return table->isSorting(); });
-    };
+    tables.isAsking = &ModalHold::isOpen;
     tables.isLoading = [this](QString const& path) { return paneView->getTableView(path)->isLoading(); };
     watchedFiles = new WatchedFiles(*files, std::move(tables), watchTimings, this);
     connect(files, &SystemFileWatch::fileChangedSignal, watchedFiles, &WatchedFiles::onFileChanged);
@@ -45,51 +43,79 @@ void MainWindow::watchTable(TableView* table) {
 }
 
 bool MainWindow::hasUnsavedEdits(TableView* table) const {
-    bool const changed = !table->undoStack()->isClean() && !onlySortedSinceReload.contains(table);
+    bool const changed = table->hasUnsavedChanges() && !onlySortedSinceReload.contains(table);
     return (changed || table->hasAutoSaveFailed() || table->isEditing()) && !isUntouchedEmptyTable(table);
 }
 
-void MainWindow::unwatchTable(TableView const* table) {
+void MainWindow::unwatchTable(TableView* table) {
     reloads.remove(table);
     onlySortedSinceReload.remove(table);
+    disconnect(table->tableModel(), nullptr, watchedFiles, nullptr);
+    table->undoStack()->disconnect(this);
     watchedFiles->remove(table->getFilepath());
 }
 
-// What the file has become is all there is now, so edits go with the table.
+// The table goes with its file. What it showed is kept, what is typed just now included, but must not be written to
+// the file anew.
 void MainWindow::onWatchedFileGone(QString const& path) {
     TableView* const table = paneView->getTableView(path);
-    table->stopEditing(false);
+    if (table->isLoading()) { // nothing is there yet
+        takeOut(table);
+        tellMissing({QFileInfo(path).absoluteFilePath()});
+        return;
+    }
+    bool const edited = hasUnsavedEdits(table);
+    table->tableModel()->setSaveAfterEachEdit(false);
+    table->stopEditing();
     bool const hadFocus = table->hasFocusInside();
-    dropTable(table);
+    goneTables->keep(takeOut(table), edited);
     if (hadFocus) {
         activeTable->takeFocus();
     }
 }
 
+void MainWindow::takeBack(TableView* table) {
+    QPointer<TableView> const before = activeTable;
+    table->tableModel()->getTableData().getDataContainer()->setFilepath(QString());
+    table->propagateSettings(settings);
+    addTableEditorFromView(table);
+    table->undoStack()->resetClean();
+    onSavedStatusChanged(table, false);
+    setActiveTable(table);
+    dropUntouched(before);
+}
+
 void MainWindow::askForReload(QString const& path) {
     askWhetherToReload(path, tr("This file has been changed externally.\n\n") + tr("Would you like to reload it?"),
-                       tr("Do&n't Reload"));
+                       tr("Do&n't Reload"),
+                       hasUnsavedEdits(paneView->getTableView(path)) ? tr("Your unsaved changes would be lost.")
+                                                                     : QString());
 }
 
 void MainWindow::askForReloadOverEdits(QString const& path) {
     askWhetherToReload(path,
                        tr("This file has been changed externally, ") + tr("but you have unsaved changes.\n\n") +
                            tr("Would you like to reload the file or ignore the external changes?"),
-                       tr("&Ignore"));
+                       tr("&Ignore"), QString());
 }
 
-void MainWindow::askWhetherToReload(QString const& path, QString const& question, QString const& refusal) {
+void MainWindow::askWhetherToReload(QString const& path, QString const& question, QString const& refusal,
+                                    QString const& remark) {
     MsgBox box(this);
     box.setTheme(theme);
     box.setTextFormat(Qt::PlainText);
     box.setText(question);
+    box.nameFile(path, remark);
     QPushButton* const reload = box.addButton(tr("&Reload"), QMessageBox::AcceptRole);
     box.addButton(refusal, QMessageBox::RejectRole);
     box.setDefaultButton(reload);
     box.conditionButtons();
     box.exec();
-    if (box.clickedButton() == reload) {
-        reloadChangedFile(paneView->getTableView(path));
+    TableView* const table = paneView->getTableView(path);
+    if (box.clickedButton() == reload && QFileInfo::exists(path) && table != nullptr) {
+        reloadChangedFile(table);
+    } else if (box.clickedButton() == reload) {
+        watchedFiles->onFileChanged(path);
     } else {
         watchedFiles->recordWatchedFileState(path);
     }

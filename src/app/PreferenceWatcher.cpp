@@ -1,5 +1,7 @@
 #include "app/PreferenceWatcher.h"
 
+#include "core/ModalHold.h"
+
 #include <QFileInfo>
 
 #include <utility>
@@ -39,6 +41,6 @@ void PreferenceWatcher::onPreferenceDirChanged() {
 void PreferenceWatcher::report() {
     onPreferenceDirChanged();
     for (QString const& path : std::exchange(changed, {})) {
-        emit preferenceChangedSignal(path);
+        ModalHold::whenFree(this, [this, path] { emit preferenceChangedSignal(path); });
     }
 }

@@ -1,28 +1,35 @@
 #include "app/SingleApplication.h"
 
+#include "app/InstanceBlock.h"
+#include "app/InstanceClient.h"
+#include "app/InstanceServer.h"
 #include "app/SingleApplicationPrivate.h"
 
 #include <cstdlib>
 
+namespace {
+
+QByteArray bodyOf(QByteArray const& message, QString const& workingDirectory) {
+    return workingDirectory.toUtf8() + SingleApplicationFrames::fieldSeparator + message;
+}
+
+} // namespace
+
 SingleApplication::SingleApplication(int& argc, char** argv, bool allowSecondary, QFlags<Mode> options, int timeoutMs,
                                      QString const& userData)
     : QApplication(argc, argv), d(new SingleApplicationPrivate(this, options, userData)) {
-    d->openBlock();
-    d->waitForConsistentBlock();
-    if (!d->block()->primary) {
-        d->startPrimary();
-    } else if (allowSecondary) {
-        d->startSecondary();
-        if (options & NotifySecondaryStarts) {
-            d->connectToPrimary(timeoutMs, ConnectionType::SecondaryStart);
-        }
-    } else {
-        d->memory.unlock();
-        d->connectToPrimary(timeoutMs, ConnectionType::FreshStart);
+    d->enter(SingleApplicationPrivate::Record::Believed);
+    if (!isSecondary()) {
+        return;
+    }
+    if (!allowSecondary) {
+        d->client->connectToPrimary(QDeadlineTimer(timeoutMs), ConnectionType::FreshStart);
         delete d;
         std::exit(EXIT_SUCCESS);
     }
-    d->memory.unlock();
+    if (options & NotifySecondaryStarts) {
+        d->client->connectToPrimary(QDeadlineTimer(timeoutMs), ConnectionType::SecondaryStart);
+    }
 }
 
 SingleApplication::~SingleApplication() {
@@ -30,11 +37,11 @@ SingleApplication::~SingleApplication() {
 }
 
 bool SingleApplication::isPrimary() const {
-    return d->server != nullptr;
+    return d->role == InstanceRole::Primary;
 }
 
 bool SingleApplication::isSecondary() const {
-    return !isPrimary();
+    return d->role == InstanceRole::Secondary;
 }
 
 quint32 SingleApplication::instanceId() const {
@@ -58,8 +65,50 @@ QStringList SingleApplication::userData() const {
 }
 
 bool SingleApplication::sendMessage(QByteArray const& message, QString workingDirectory, int timeoutMs, SendMode mode) {
-    if (isPrimary() || !d->connectToPrimary(timeoutMs, ConnectionType::MessageConnection)) {
+    if (!isSecondary() ||
+        !d->client->writeConfirmedMessage(bodyOf(message, workingDirectory), QDeadlineTimer(timeoutMs))) {
         return false;
     }
-    return d->writeConfirmedMessage(workingDirectory.toUtf8() + '<' + message, QDeadlineTimer(timeoutMs), mode);
+    if (mode == SendAndWaitForPrimaryExit) {
+        d->client->waitForPrimaryExit();
+    }
+    return true;
+}
+
+bool SingleApplication::handOver(QByteArray const& message, QString const& workingDirectory) {
+    constexpr int tryMs = 100;
+    constexpr int patienceMs = 10000;
+    QDeadlineTimer patience(SingleApplicationFrames::isTakeable(bodyOf(message, workingDirectory)) ? patienceMs : 0);
+    while (isSecondary() && !patience.hasExpired()) {
+        if (sendMessage(message, workingDirectory, tryMs)) {
+            return true;
+        }
+        if (!d->client->isPrimaryThere()) {
+            d->leave();
+            d->enter(SingleApplicationPrivate::Record::Checked);
+        }
+    }
+    if (isSecondary()) {
+        if (d->client->withdraw()) {
+            return true;
+        }
+        qCritical("SingleApplication: The running process does not take the message. Starting beside it.");
+        d->leave();
+    }
+    return false;
+}
+
+void SingleApplication::setServing(bool serving) {
+    if (!serving) {
+        d->served = d->served || isPrimary();
+        d->leave();
+        return;
+    }
+    if (d->served && !isPrimary()) {
+        d->served = false;
+        d->enter(SingleApplicationPrivate::Record::Checked);
+        if (isSecondary()) { // another start has been faster, and this process has work of its own
+            d->leave();
+        }
+    }
 }

@@ -9,7 +9,8 @@
 class SingleApplicationPrivate;
 
 /// An application that finds its other starts: the first one is the primary, every later one exits, or becomes a
-/// secondary that can send messages to the primary. The decision is made in the constructor.
+/// secondary that can send messages to the primary. The decision is made in the constructor. Where the system does not
+/// let starts find each other, which standard error tells, a start is neither and runs by itself.
 class SingleApplication : public QApplication {
     Q_OBJECT
 
@@ -47,9 +48,18 @@ public:
     QString currentUser() const;
     QStringList userData() const;
 
-    /// Sends `workingDirectory` in UTF-8, "<" and `message` to the primary. `timeoutMs` bounds the connecting and then
-    /// the sending. Whether the primary has taken it; always false from a primary.
+    /// Sends `workingDirectory` in UTF-8, "<" and `message` to the primary. `timeoutMs` bounds the connecting and the
+    /// sending together. Whether the primary has taken it, which it does once; always false from a primary. After a
+    /// time-out the same message goes on from where it was, and another one takes its place.
     bool sendMessage(QByteArray const& message, QString workingDirectory, int timeoutMs, SendMode mode = SendAndReturn);
+    /// Sends a message again and again, in tries of 100 ms, until the primary has taken it: true. After ten seconds, or
+    /// if the primary has gone and no other start has taken its place, false: this start is no secondary any more, and
+    /// the message will never be taken by anybody else.
+    bool handOver(QByteArray const& message, QString const& workingDirectory);
+
+    /// A primary without windows stops serving before it ends, so that it acknowledges nothing that is lost then. It
+    /// serves again if a window comes after all.
+    void setServing(bool serving);
 
 signals:
     /// Another start has exited in favour of this one, or, if asked for, has become a secondary.

@@ -1,7 +1,6 @@
 #include "app/SingleApplicationFrames.h"
 
 #include <QDataStream>
-#include <QLocalSocket>
 
 namespace SingleApplicationFrames {
 
@@ -56,24 +55,8 @@ std::optional<InitMessage> decodeInitMessage(QByteArray const& body) {
     return message;
 }
 
-bool writeConfirmedFrame(QLocalSocket& socket, QByteArray const& frame, QDeadlineTimer deadline) {
-    if (socket.write(frame) != frame.size()) {
-        return false;
-    }
-    socket.flush();
-    // The wait also writes on what the flush could not get rid of.
-    while (socket.bytesAvailable() == 0) {
-        if (!socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()))) {
-            return false;
-        }
-    }
-    char answer = 0;
-    return socket.getChar(&answer) && answer == acknowledgement;
-}
-
-bool writeConfirmedMessage(QLocalSocket& socket, QByteArray const& body, QDeadlineTimer deadline) {
-    return writeConfirmedFrame(socket, encodeHeader(body.size()), deadline) &&
-           writeConfirmedFrame(socket, body, deadline);
+bool isTakeable(QByteArray const& message) {
+    return static_cast<quint64>(message.size()) <= maximumMessageSize && message.count(fieldSeparator) < maximumFields;
 }
 
 } // namespace SingleApplicationFrames

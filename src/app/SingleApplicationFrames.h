@@ -1,13 +1,11 @@
 #pragma once
 
 #include <QByteArray>
-#include <QDeadlineTimer>
 #include <QtGlobal>
 
 #include <optional>
 
 class QIODevice;
-class QLocalSocket;
 
 // What two starts of the program say to each other over their local socket. A message goes as two frames, a header
 // with the length of the body and the body itself; the receiver answers each with one byte.
@@ -31,9 +29,15 @@ namespace SingleApplicationFrames {
 
 inline constexpr qint64 headerSize = 8;
 inline constexpr char acknowledgement = 10;
-/// The longest bodies that are taken. The arguments of a process are limited to a few MiB by the system.
+/// The longest bodies that are taken. The arguments of a process are limited to 6 MiB by the system.
 inline constexpr quint64 maximumInitSize = 1024;
-inline constexpr quint64 maximumMessageSize = 16 * 1024 * 1024;
+inline constexpr quint64 maximumMessageSize = 8 * 1024 * 1024;
+/// The most fields that a message may have; between fields stands one separator.
+inline constexpr qsizetype maximumFields = 10000;
+inline constexpr char fieldSeparator = '<';
+
+/// Whether a primary takes this message, by its length and the number of its fields.
+bool isTakeable(QByteArray const& message);
 
 /// The header frame: the length as a big-endian quint64.
 QByteArray encodeHeader(quint64 bodySize);
@@ -44,11 +48,5 @@ std::optional<quint64> readHeader(QIODevice& device);
 QByteArray encodeInitMessage(InitMessage const& message);
 /// The message in a body; empty if the body is cut, too long or does not fit its checksum.
 std::optional<InitMessage> decodeInitMessage(QByteArray const& body);
-
-/// Writes one frame and waits for its acknowledgement. False when the time is over, the connection breaks or
-/// something other than an acknowledgement comes.
-bool writeConfirmedFrame(QLocalSocket& socket, QByteArray const& frame, QDeadlineTimer deadline);
-/// Writes header and body, each confirmed.
-bool writeConfirmedMessage(QLocalSocket& socket, QByteArray const& body, QDeadlineTimer deadline);
 
 } // namespace SingleApplicationFrames

@@ -1,85 +1,73 @@
 #pragma once
 
-#include "app/InstanceBlock.h"
+#include "app/RuntimeFolder.h"
+#include "app/SharedBlock.h"
 #include "app/SingleApplication.h"
-#include "app/SingleApplicationFrames.h"
 
-#include <QHash>
-#include <QObject>
-#include <QSharedMemory>
+#include <QString>
 #include <QStringList>
 
 #include <memory>
 
-class QLocalServer;
-class QLocalSocket;
+class InstanceClient;
+class InstanceServer;
+struct InstanceBlock;
 
-/// What a primary waits for next from a client.
-enum class ConnectionStage { AwaitingInitHeader, AwaitingInitBody, AwaitingMessageHeader, AwaitingMessageBody };
+/// What a start is.
+enum class InstanceRole {
+    Primary,
+    Secondary,
+    Alone, ///< Without the service: other starts do not find it, and it looks for none.
+};
 
-/// The workings of a SingleApplication, which owns it: the block, the server of a primary and the socket of a
+/// The workings of a SingleApplication, which owns it: the block, the server of a primary and the client of a
 /// secondary. Everything runs in the main thread.
-class SingleApplicationPrivate : public QObject {
-    Q_OBJECT
-
+///
+/// Block and server have one name of a fixed series, told by the program's identity. A name that something else has
+/// taken is passed over by all starts alike, as each looks through the series from its beginning, and for a living
+/// primary first, while it holds the lock of the folder.
+class SingleApplicationPrivate {
 public:
     SingleApplicationPrivate(SingleApplication* q, SingleApplication::Modes options, QString const& userData);
-    ~SingleApplicationPrivate() override;
+    ~SingleApplicationPrivate();
 
     static QString getUsername();
     /// Keeps starts that came at the same moment from going on in step.
     static void randomSleep();
 
-    // Deciding
-
-    /// Opens the block, makes it if there is none, and locks it. Ends the process if the system refuses.
-    void attachAndRelease();
-    void openBlock();
-    /// Returns, with the block locked, when its checksum is right; after five seconds makes it right.
-    void waitForConsistentBlock();
-    /// The block itself; the caller holds the lock.
-    InstanceBlock* block();
-    /// A copy of the block, taken under the lock.
+    /// How far the record of a primary in the block is believed.
+    enum class Record { Believed, Checked };
+    /// Finds out what this start is. A record that is checked counts only if somebody listens.
+    void enter(Record record);
+    /// Gives up what this start is.
+    void leave();
+    /// A copy of the block, taken under the lock; of a start without the service, that of no primary.
     InstanceBlock readBlock();
-    void startPrimary();
-    void startSecondary();
 
-    // Client side
-
-    /// Connects and introduces itself; true at once on a connection that stands already.
-    bool connectToPrimary(int timeoutMs, ConnectionType type);
-    /// Sends one message over the standing connection, which is given up if that fails.
-    bool writeConfirmedMessage(QByteArray const& body, QDeadlineTimer deadline, SingleApplication::SendMode mode);
-
-    QSharedMemory memory;
-    std::unique_ptr<QLocalServer> server;
-    std::unique_ptr<QLocalSocket> socket;
+    InstanceRole role = InstanceRole::Alone;
+    bool served = false; ///< a primary until told not to serve
     quint32 instanceNumber = 0;
     QStringList appData;
+    std::unique_ptr<InstanceServer> server;
+    std::unique_ptr<InstanceClient> client;
 
 private:
-    struct ConnectionInfo {
-        ConnectionStage stage = ConnectionStage::AwaitingInitHeader;
-        quint64 messageLength = 0;
-        quint32 instanceId = 0;
-    };
+    enum class Search { Found, NotFound, Failed };
 
     QString genBlockServerName() const;
-    [[noreturn]] void abortSafely();
-
-    // Server side. The steps return whether they got on, so that there may be more to read.
-
-    void slotConnectionEstablished();
-    void readAvailable(QLocalSocket* client);
-    bool readMessageHeader(QLocalSocket* client, ConnectionStage nextStage, quint64 maximumLength);
-    bool isFrameComplete(QLocalSocket* client) const;
-    bool readInitMessageBody(QLocalSocket* client);
-    bool slotDataAvailable(QLocalSocket* client);
-    void slotClientConnectionClosed(QLocalSocket* client);
-    static void writeAck(QLocalSocket* client);
+    QStringList names() const;
+    bool lock();
+    Search findPrimary(Record record);
+    bool becomePrimary();
+    bool startPrimary(QString const& name);
+    void startSecondary(QString const& name);
+    bool waitForConsistentBlock();
+    bool isAnswered(QString const& name) const;
+    bool isPerUser() const { return options & SingleApplication::PerUser; }
 
     SingleApplication* q;
     SingleApplication::Modes options;
     QString blockServerName;
-    QHash<QLocalSocket*, ConnectionInfo> connections;
+    RuntimeFolder folder;
+    SharedBlock memory;
 };

@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QToolButton>
 
 #include <algorithm>
@@ -48,6 +49,7 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     setFont(QFont(QStringLiteral("Lucida Sans Unicode"), pointSize));
     setSizeGripEnabled(false);
     setContentsMargins(10, 0, 10, 0);
+    connect(this, &QStatusBar::messageChanged, this, &StatusBar::dropWhatDoesNotFit);
     auto* const sideBarButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Left.png"), tr("Side Bar"));
     connect(sideBarButton, &QToolButton::clicked, this, &StatusBar::sideBarButtonPressedSignal);
     addWidget(sideBarButton);
@@ -108,19 +110,38 @@ void StatusBar::resizeEvent(QResizeEvent* event) {
     dropWhatDoesNotFit();
 }
 
-// A label that is cut off says nothing; it is better not there.
+/// What the bar has for its labels beside everything else that its row holds, and the gap in front of each.
+StatusBar::LabelRoom StatusBar::labelRoom() const {
+    LabelRoom room{contentsRect().width(), 0};
+    for (int i = 0; i < layout()->count(); ++i) {
+        QLayout* const row = layout()->itemAt(i)->layout();
+        if (row == nullptr)
+            continue;
+        room.gap = row->spacing();
+        room.width += room.gap; // none in front of the first
+        for (int place = 0; place < row->count(); ++place) {
+            QLayoutItem* const item = row->itemAt(place);
+            bool const isLabel = std::find(labels.begin(), labels.end(), item->widget()) != labels.end();
+            if (!isLabel)
+                room.width -= item->minimumSize().width() + (item->widget() != nullptr ? room.gap : 0);
+        }
+    }
+    return room;
+}
+
+// A label that is cut off says nothing; it is better not there. A message takes the place of those at the left.
 void StatusBar::dropWhatDoesNotFit() {
-    constexpr int gap = 24; // around a label, with what the bar's layout adds
-    constexpr int buttons = 80;
-    int left = width() - buttons;
+    LabelRoom const room = labelRoom();
+    int left = room.width;
     std::array<LabelInfo const*, labelCount> byRank{};
     for (LabelInfo const& info : labelInfos) {
         byRank[static_cast<std::size_t>(info.rank) - 1] = &info;
     }
     for (LabelInfo const* const info : byRank) {
         QLabel* const label = labels[static_cast<std::size_t>(info->label)];
-        left -= label->sizeHint().width() + gap;
-        label->setVisible(left >= 0);
+        left -= label->sizeHint().width() + room.gap;
+        bool const isCovered = !info->atRight && !currentMessage().isEmpty();
+        label->setVisible(left >= 0 && !isCovered);
     }
 }
 

@@ -55,6 +55,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    struct LabelRoom {
+        int width; ///< for all labels with their gaps, in pixels
+        int gap;
+    };
+
+    LabelRoom labelRoom() const;
     void dropWhatDoesNotFit();
     QToolButton* makeSideButton(QString const& image, QString const& toolTip);
 

@@ -24,7 +24,7 @@ public:
         std::function<RefreshBehavior()> behavior;
         std::function<bool(QString const& path)> isOpen;
         std::function<bool(QString const& path)> hasUnsavedEdits;
-        /// A question is open or a sort runs, so that no table may go or change.
+        /// Somebody waits for a question or a job, so that no table may go or change.
         std::function<bool()> isAsking;
         std::function<bool(QString const& path)> isLoading;
     };

@@ -39,10 +39,16 @@ constexpr StyleRule styleRules[] = {
     {"QScrollBar::add-line, QScrollBar::sub-line", "width: 0; height: 0;"},
     {"QScrollBar::add-page, QScrollBar::sub-page", "background: none;"},
     {"QPushButton", "color: {ButtonTextColor}; background-color: {Background5Color}; border-radius: 3px;"
-                    " padding: 5px 14px; min-width: 60px;"},
+                    " padding: 5px 14px;"},
     {"QPushButton:hover", "background-color: {HoverItemColor};"},
     {"QPushButton:default", "border: 1px solid {HighlightedButtonColor};"},
     {"QPushButton:focus", "border: 1px solid {HighlightedButtonColor};"},
+    {"QCheckBox::indicator", "width: 9px; height: 9px; padding: 2px; border: 1px solid {StaticTextColor};"
+                             " border-radius: 2px; background-color: {Background3Color};"},
+    {"QCheckBox::indicator:checked", "background-color: {TextColor}; background-clip: content;"},
+    {"QCheckBox::indicator:focus", "border: 1px solid {HighlightedButtonColor};"},
+    {"NoticeLine", "background-color: {Background3Color}; border-top: 1px solid {HighlightedButtonColor};"},
+    {"NoticeLine QLabel", "background-color: transparent;"},
     {"QLineEdit, QPlainTextEdit, QTextEdit",
      "background-color: {Background3Color}; border: 1px solid {Background4Color};"
      " selection-background-color: {SelectedTextColor};"},

@@ -1,11 +1,13 @@
 #include "commands/Commands.h"
 
 #include "commands/HandlerName.h"
+#include "commands/ShortcutGrammar.h"
 #include "commands/table/CommandTable.h"
 
 #include <QAction>
 #include <QMetaMethod>
 #include <QObject>
+#include <QSet>
 
 #include <algorithm>
 
@@ -50,6 +52,7 @@ void Commands::populate(QObject* parent) {
         }
     }
     std::sort(commands.begin(), commands.end(), sortCommandByName);
+    shareEnterKeys();
 }
 
 void Commands::clear() {
@@ -73,7 +76,26 @@ bool Commands::setShortcut(QString const& name, QString const& text) {
     if (found == commands.cend())
         return false;
     commands[static_cast<std::size_t>(found - commands.cbegin())].setShortcut(text);
+    shareEnterKeys();
     return true;
+}
+
+void Commands::shareEnterKeys() const {
+    QSet<QKeySequence> written;
+    for (Command const& command : commands) {
+        for (QKeySequence const& sequence : getKeySequenceList(command.shortcut))
+            written.insert(sequence);
+    }
+    for (Command const& command : commands) {
+        QList<QKeySequence> sequences = getKeySequenceList(command.shortcut);
+        QList<QKeySequence> shared;
+        for (QKeySequence const& sequence : sequences)
+            shared += withReturnForEnter(sequence);
+        shared.removeIf([&](QKeySequence const& sequence) { return written.contains(sequence); });
+        sequences += shared;
+        if (sequences != command.action->shortcuts())
+            command.action->setShortcuts(sequences);
+    }
 }
 
 void Commands::enableMatching(Context context) const {

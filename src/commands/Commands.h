@@ -26,7 +26,9 @@ public:
 
     std::vector<Command> const& sorted() const { return commands; }
 
-    /// Puts the shortcut `text` in force for the command `name`; false if there is no such command.
+    /// Puts the shortcut `text` in force for the command `name`; false if there is no such command. "Enter" is then
+    /// both keys of that name, but the main keyboard's is left to a command that has it as "return" in the same
+    /// presses.
     bool setShortcut(QString const& name, QString const& text);
 
     /// Enables the actions of the commands that match the context, and disables the others.
@@ -34,6 +36,7 @@ public:
 
 private:
     std::vector<Command>::const_iterator position(QString const& name) const;
+    void shareEnterKeys() const;
 
     std::vector<Command> commands;
     std::shared_ptr<QObject> ownerOfActions; ///< only for actions without a parent

@@ -29,8 +29,9 @@ bool testSettingsFileValidity();
 /// missing file stays missing.
 bool updateSettingsFile();
 /// Writes one setting's value into its row; an empty cell if that is the default. A setting without a row is left
-/// alone.
-bool writeSettingToFile(Settings const& settings, SettingType type);
+/// alone; a file that is missing is made with all values. Empty, or a sentence on why the file could not be written and
+/// is as it was.
+QString writeSettingToFile(Settings const& settings, SettingType type);
 /// Takes the values that the user has filled in.
 void addUserSettings(TableModel const& model, Settings& settings);
 

@@ -4,6 +4,10 @@
 #include "core/PathUtilities.h"
 #include "model/TableModel.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 
 namespace {
@@ -75,11 +79,16 @@ bool PreferenceFiles::updateSettingsFile() {
     return makeSettingsFile(settings);
 }
 
-bool PreferenceFiles::writeSettingToFile(Settings const& settings, SettingType type) {
+QString PreferenceFiles::writeSettingToFile(Settings const& settings, SettingType type) {
     QString const path = Utilities::getSettingsFilepath();
     TableModel model;
+    if (!QFileInfo::exists(path) && !QFileInfo(path).isSymLink()) {
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        makeSettingsTable(model, settings);
+        return save(model, path) ? QString() : model.getLastSaveError();
+    }
     if (!load(model, path)) {
-        return false;
+        return QCoreApplication::translate("PreferenceFiles", "The settings file cannot be read.");
     }
     PreferenceTable const table(model, titles());
     for (int row = table.firstRow(); row < table.endRow(); ++row) {
@@ -87,11 +96,10 @@ bool PreferenceFiles::writeSettingToFile(Settings const& settings, SettingType t
             continue;
         }
         QString const value = settings.convertValueToStringForFile(type);
-        bool const isDefault = value == settings.convertDefaultValueToStringForFile(type);
-        model.setDataRaw(model.index(row, table.column(UserValue)), isDefault ? QString() : value);
-        return save(model, path);
+        model.setDataRaw(model.index(row, table.column(UserValue)), settings.isDefault(type) ? QString() : value);
+        return save(model, path) ? QString() : model.getLastSaveError();
     }
-    return true;
+    return {};
 }
 
 void PreferenceFiles::addUserSettings(TableModel const& model, Settings& settings) {

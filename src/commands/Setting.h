@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/NumberRange.h"
 #include "commands/ScopeType.h"
 #include "commands/SettingDataType.h"
 #include "commands/SettingType.h"
@@ -17,6 +18,7 @@ struct Setting {
     QVariant defaultValue;
     ScopeType scope = ScopeType::Global;
     SettingDataType dataType = SettingDataType::String;
+    NumberRange range;                                        ///< of the values of a number
     bool inFile = true;                                       ///< whether the settings file has a row for it
     std::function<void(QString const&, Setting&)> fromString; ///< takes the value of a text if that is valid
     std::function<QString(Setting const&)> toString;          ///< the word for the value that the launcher shows

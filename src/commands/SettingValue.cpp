@@ -53,6 +53,10 @@ void takeSomeText(QString const& text, QVariant& value) {
     }
 }
 
+void takeName(QString const& text, QVariant& value) {
+    takeSomeText(text.trimmed(), value);
+}
+
 /// Takes an enumeration whose conversion from text gives `Invalid` for what it does not know.
 template <class Enumeration, Enumeration (*convert)(QString const&)>
 void takeEnumeration(QString const& text, QVariant& value) {
@@ -115,7 +119,7 @@ constexpr std::array<DataTypeRow, 16> dataTypes = {{
      enumerationText<ParsingStandard, Utilities::convertParsingStandardToString>},
     {"refresh|ignore|ask", takeRefreshBehavior, enumerationText<RefreshBehavior, refreshWord>},
     {"string", takeAnyText, plainText},
-    {"theme", takeSomeText, plainText},
+    {"theme", takeName, plainText},
     {"v4|v7", takeEnumeration<UuidType, Utilities::convertUuidStringToType>,
      enumerationText<UuidType, Utilities::convertUuidTypeToString>},
 }};

@@ -2,6 +2,7 @@
 
 #include "commands/SettingValue.h"
 #include "commands/SettingsTable.h"
+#include "core/DelimiterUtilities.h"
 
 #include <algorithm>
 #include <array>
@@ -17,6 +18,27 @@ QVariant defaultOf(SettingRow const& row) {
     return value;
 }
 
+bool isNumber(SettingDataType type) {
+    return type == SettingDataType::Integer || type == SettingDataType::IntegerFromZero ||
+           type == SettingDataType::IntegerFromOne;
+}
+
+int numberOf(Setting const& setting) {
+    int const number = setting.value.toInt();
+    return isNumber(setting.dataType) ? setting.range.clamp(number) : number;
+}
+
+QString displayText(Setting const& setting) {
+    if (isNumber(setting.dataType)) {
+        return QString::number(numberOf(setting));
+    }
+    if (setting.type == SettingType::DelimiterLoad || setting.type == SettingType::DelimiterSave) {
+        return Utilities::convertDelimiterFromActualToShortReadable(setting.value.toString());
+    }
+    return setting.dataType == SettingDataType::Theme ? Theme(setting.value.toString()).getName()
+                                                      : SettingValue::toText(setting.dataType, setting.value);
+}
+
 Setting makeSetting(SettingRow const& row) {
     Setting setting;
     setting.type = row.type;
@@ -26,6 +48,7 @@ Setting makeSetting(SettingRow const& row) {
     setting.scope = row.scope;
     setting.dataType = row.dataType;
     setting.inFile = row.inFile;
+    setting.range = row.range;
     setting.fromString = [](QString const& text, Setting& target) {
         SettingValue::takeText(target.dataType, text, target.value);
     };
@@ -34,7 +57,7 @@ Setting makeSetting(SettingRow const& row) {
             return QString::fromLatin1(source.value.toBool() ? words.first : words.second);
         };
     } else {
-        setting.toString = [](Setting const& source) { return SettingValue::toText(source.dataType, source.value); };
+        setting.toString = displayText;
     }
     return setting;
 }
@@ -93,7 +116,7 @@ bool Settings::getValueBool(SettingType type) const {
 }
 
 int Settings::getValueInt(SettingType type) const {
-    return get(type).value.toInt();
+    return numberOf(get(type));
 }
 
 float Settings::getValueFloat(SettingType type) const {
@@ -130,6 +153,10 @@ QFont Settings::getFont() const {
 
 Theme Settings::getTheme() const {
     return Theme::convertStringToTheme(getValueString(SettingType::Theme));
+}
+
+bool Settings::isThemeKnown() const {
+    return Theme::getNamesList().contains(getValueString(SettingType::Theme), Qt::CaseInsensitive);
 }
 
 void Settings::setValue(SettingType type, bool value) {
@@ -186,6 +213,10 @@ void Settings::resetValuesInFile() {
     }
 }
 
+void Settings::takeValue(SettingType type, Settings const& other) {
+    record(type).value = other.get(type).value;
+}
+
 void Settings::takeGlobalValues(Settings const& other) {
     for (std::size_t i = 0; i < settings.size(); ++i) {
         if (settings[i].scope == ScopeType::Global) {
@@ -202,6 +233,12 @@ QString Settings::convertValueToStringForFile(SettingType type) const {
 QString Settings::convertDefaultValueToStringForFile(SettingType type) const {
     Setting const& setting = get(type);
     return SettingValue::toText(setting.dataType, setting.defaultValue);
+}
+
+bool Settings::isDefault(SettingType type) const {
+    Qt::CaseSensitivity const matters =
+        get(type).dataType == SettingDataType::Theme ? Qt::CaseInsensitive : Qt::CaseSensitive;
+    return convertValueToStringForFile(type).compare(convertDefaultValueToStringForFile(type), matters) == 0;
 }
 
 QString Settings::displayText(SettingType type) const {

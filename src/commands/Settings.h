@@ -26,6 +26,7 @@ public:
 
     // The value, converted as QVariant does where the setting is of another type.
     bool getValueBool(SettingType type) const;
+    /// Within the setting's range: the value itself may be a number beyond it that the settings file holds.
     int getValueInt(SettingType type) const;
     float getValueFloat(SettingType type) const;
     QString getValueString(SettingType type) const;
@@ -38,6 +39,7 @@ public:
     QFont getFont() const;
     /// The dark theme if there is none of the name that the setting holds.
     Theme getTheme() const;
+    bool isThemeKnown() const;
 
     void setValue(SettingType type, bool value);
     void setValue(SettingType type, int value);
@@ -55,12 +57,17 @@ public:
 
     /// The values that rows of the settings file write become the defaults.
     void resetValuesInFile();
+    /// Takes one value of another object.
+    void takeValue(SettingType type, Settings const& other);
     /// Takes the values of global scope of another object.
     void takeGlobalValues(Settings const& other);
 
     /// The value as the settings file writes it.
     QString convertValueToStringForFile(SettingType type) const;
     QString convertDefaultValueToStringForFile(SettingType type) const;
+    /// Whether the value is the default, so that the settings file need not hold it. Names of themes are the same in
+    /// any case of letters.
+    bool isDefault(SettingType type) const;
     /// The word for the value that the launcher shows.
     QString displayText(SettingType type) const;
 

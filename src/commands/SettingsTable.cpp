@@ -6,13 +6,26 @@ using enum SettingDataType;
 using ScopeType::Global;
 using ScopeType::Table;
 
+/// Sizes that are still fine for all rows and columns of a large table together: a grid has less than 2^31 pixels.
+constexpr NumberRange rowHeights{1, 2000};
+constexpr NumberRange columnWidths{1, 20000};
+constexpr NumberRange textSizes{1, 500};
+constexpr NumberRange anyIndex;
+constexpr NumberRange fromZero{0};
+constexpr NumberRange fromOne{1};
+
+constexpr SettingRow number(SettingType type, char const* name, ScopeType scope, char const* defaultText,
+                            SettingDataType dataType, NumberRange range) {
+    return {type, name, scope, dataType, defaultText, true, nullptr, nullptr, range};
+}
+
 constexpr SettingRow rows[] = {
     {SettingType::AutoFitColumnWidth, "Auto-Fit Column Width", Table, Bool, "true", true, "Auto-Fit", "Not Auto-Fit"},
     {SettingType::AutoFitRowHeight, "Auto-Fit Row Height", Table, Bool, "false", true, "Auto-Fit", "Not Auto-Fit"},
     {SettingType::CaseSensitiveSorting, "Case Sensitive Sorting", Global, Bool, "true", true, "Case Sensitive",
      "Case Insensitive"},
-    {SettingType::DefaultColumnWidth, "Default Column Width", Global, IntegerFromOne, "80"},
-    {SettingType::DefaultRowHeight, "Default Row Height", Global, IntegerFromOne, "24"},
+    number(SettingType::DefaultColumnWidth, "Default Column Width", Global, "80", IntegerFromOne, columnWidths),
+    number(SettingType::DefaultRowHeight, "Default Row Height", Global, "24", IntegerFromOne, rowHeights),
     {SettingType::DelimiterSave, "Delimiter", Table, String, ",", false},
     {SettingType::DelimiterLoad, "Delimiter", Table, String, ",", false},
     {SettingType::DetectImportedFileTypeUponOpeningFile, "Detect Imported File Type Upon Opening File", Global, Bool,
@@ -22,8 +35,8 @@ constexpr SettingRow rows[] = {
     {SettingType::EnableCheckForUpdates, "Enable Check for Updates", Global, Bool, "true", true, "Enabled", "Disabled"},
     {SettingType::EncodingSave, "Encoding", Table, Encoding, "UTF-8", false},
     {SettingType::EncodingLoad, "Encoding", Table, Encoding, "UTF-8", false},
-    {SettingType::FirstColumnIndex, "First Column Index", Table, Integer, "0"},
-    {SettingType::FirstRowIndex, "First Row Index", Table, Integer, "0"},
+    number(SettingType::FirstColumnIndex, "First Column Index", Table, "0", Integer, anyIndex),
+    number(SettingType::FirstRowIndex, "First Row Index", Table, "0", Integer, anyIndex),
     {SettingType::Font, "Font", Global, Font, "Liberation Sans"},
     {SettingType::FreezeHeaderColumns, "Freeze Header Columns", Table, Bool, "false", true, "Frozen", "Not Frozen"},
     {SettingType::FreezeHeaderRows, "Freeze Header Rows", Table, Bool, "true", true, "Frozen", "Not Frozen"},
@@ -36,16 +49,20 @@ constexpr SettingRow rows[] = {
     {SettingType::HighlightMainSelectedCellsRow, "Highlight Main Selected Cell's Row", Global, Bool, "false", true,
      "Highlighted", "Not Highlighted"},
     {SettingType::LineEnding, "Line Ending", Table, LineEnding, "", false},
-    {SettingType::MaximumColumnWidthForAutoFit, "Maximum Column Width for Auto-Fit", Table, IntegerFromOne, "800"},
-    {SettingType::MaximumRowHeightForAutoFit, "Maximum Row Height for Auto-Fit", Table, IntegerFromOne, "240"},
-    {SettingType::MinimumNumberOfTableColumns, "Minimum Number of Table Columns", Global, IntegerFromOne, "50"},
-    {SettingType::MinimumNumberOfTableRows, "Minimum Number of Table Rows", Global, IntegerFromOne, "50"},
-    {SettingType::MinimumFileSizeForReadOnlyModeQueryMB, "Minimum File Size for Read-Only Mode Query (MB)", Global,
-     IntegerFromZero, "100"},
-    {SettingType::NumberOfBufferColumns, "Number of Buffer Columns", Global, IntegerFromZero, "2"},
-    {SettingType::NumberOfBufferRows, "Number of Buffer Rows", Global, IntegerFromZero, "2"},
-    {SettingType::NumberOfHeaderColumns, "Number of Header Columns", Table, IntegerFromZero, "0"},
-    {SettingType::NumberOfHeaderRows, "Number of Header Rows", Table, IntegerFromZero, "1"},
+    number(SettingType::MaximumColumnWidthForAutoFit, "Maximum Column Width for Auto-Fit", Table, "800", IntegerFromOne,
+           fromOne),
+    number(SettingType::MaximumRowHeightForAutoFit, "Maximum Row Height for Auto-Fit", Table, "240", IntegerFromOne,
+           fromOne),
+    number(SettingType::MinimumNumberOfTableColumns, "Minimum Number of Table Columns", Global, "50", IntegerFromOne,
+           fromOne),
+    number(SettingType::MinimumNumberOfTableRows, "Minimum Number of Table Rows", Global, "50", IntegerFromOne,
+           fromOne),
+    number(SettingType::MinimumFileSizeForReadOnlyModeQueryMB, "Minimum File Size for Read-Only Mode Query (MB)",
+           Global, "100", IntegerFromZero, fromZero),
+    number(SettingType::NumberOfBufferColumns, "Number of Buffer Columns", Global, "2", IntegerFromZero, fromZero),
+    number(SettingType::NumberOfBufferRows, "Number of Buffer Rows", Global, "2", IntegerFromZero, fromZero),
+    number(SettingType::NumberOfHeaderColumns, "Number of Header Columns", Table, "0", IntegerFromZero, fromZero),
+    number(SettingType::NumberOfHeaderRows, "Number of Header Rows", Table, "1", IntegerFromZero, fromZero),
     {SettingType::OnlineMap, "Online Map", Global, Domain, "duckduckgo.com"},
     {SettingType::ParsingStandardSave, "Parsing Standard", Table, ParsingStandard, "RFC 4180", false},
     {SettingType::ParsingStandardLoad, "Parsing Standard", Table, ParsingStandard, "RFC 4180", false},
@@ -80,7 +97,7 @@ constexpr SettingRow rows[] = {
     {SettingType::SuppressAutoFitWarnings, "Suppress Auto-Fit Warnings", Global, Bool, "false", true, "Suppress",
      "Don't Suppress"},
     {SettingType::TextEditor, "Text Editor", Global, Filepath, "/usr/bin/gedit"},
-    {SettingType::TextSize, "Text Size", Global, IntegerFromOne, "13"},
+    number(SettingType::TextSize, "Text Size", Global, "13", IntegerFromOne, textSizes),
     {SettingType::Theme, "Theme", Global, Theme, "dark"},
     {SettingType::UUIDType, "UUID Type", Global, UuidType, "v4"},
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/NumberRange.h"
 #include "commands/ScopeType.h"
 #include "commands/SettingDataType.h"
 #include "commands/SettingType.h"
@@ -16,6 +17,7 @@ struct SettingRow {
     bool inFile = true;
     char const* trueWord = nullptr; ///< what the launcher shows for true and false
     char const* falseWord = nullptr;
+    NumberRange range = {}; ///< of a setting that is a number
 };
 
 /// All settings, in the order of SettingType.

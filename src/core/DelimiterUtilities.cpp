@@ -84,6 +84,14 @@ QString Utilities::convertDelimiterFromActualToLongReadable(QString const& actua
     return convertDelimiterFromActualToShortReadable(actual);
 }
 
+QString Utilities::getDelimiterName(QString const& delimiter) {
+    for (Word const& word : LongWords) {
+        if (delimiter == QLatin1String(word.actual))
+            return QString::fromLatin1(word.readable).section(QStringLiteral(" ("), 0, 0);
+    }
+    return {};
+}
+
 QStringList Utilities::getDelimiterOptions(bool withAuto) {
     QStringList options = {",", "tab", ";", "|", "space", "Unit Separator", "(none)"};
     if (withAuto)

@@ -23,6 +23,9 @@ QString convertDelimiterFromActualToShortReadable(QString const& actual);
 /// The form for labels: as the short one, and punctuation with its name, such as "comma (,)".
 QString convertDelimiterFromActualToLongReadable(QString const& actual);
 
+/// The name of punctuation, such as "comma"; empty for other text.
+QString getDelimiterName(QString const& delimiter);
+
 /// The short readable delimiters to choose from; `withAuto` puts "(auto)" first.
 QStringList getDelimiterOptions(bool withAuto);
 

@@ -18,9 +18,6 @@ public:
 
     int rawFromModel(int line) const { return rows ? data->getRawFromModelRow(line) : data->getRawFromModelCol(line); }
 
-    bool insertModel(int line, int count) {
-        return rows ? data->insertRowsModel(line, count) : data->insertColsModel(line, count);
-    }
     bool insertRaw(int line, int count) {
         return rows ? data->insertRowsRaw(line, count) : data->insertColsRaw(line, count);
     }

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <numeric>
-#include <string>
+#include <string_view>
 
 namespace {
 
@@ -29,8 +29,7 @@ public:
         }
     }
 
-    /// Hashes in the order in which cells lie in memory, so that each byte is fetched once. Cells are joined by a
-    /// hash that does not depend on where they are cut.
+    /// Hashes in the order in which cells lie in memory, so that each byte is fetched once.
     void hash(std::vector<HashedLine>& lines) const {
         bool const linesAreStored = rows != data.isTransposed();
         if (linesAreStored) {
@@ -45,11 +44,9 @@ public:
             }
         }
     }
-    std::string const& join(std::string& out, int raw) const {
-        out.clear();
-        for (int const cross : crossing)
-            out.append(bytes(raw, cross));
-        return out;
+    bool areEqual(int rawA, int rawB) const {
+        return std::all_of(crossing.begin(), crossing.end(),
+                           [=, this](int cross) { return bytes(rawA, cross) == bytes(rawB, cross); });
     }
 
 private:
@@ -57,9 +54,11 @@ private:
         return rows ? data.cellBytesRaw(raw, cross) : data.cellBytesRaw(cross, raw);
     }
     static std::uint64_t added(std::uint64_t hash, std::string_view bytes) {
+        constexpr std::uint64_t prime = 0x100000001b3U;
+        constexpr std::uint64_t endOfCell = 0x100; // no byte
         for (char const byte : bytes)
-            hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3U;
-        return hash;
+            hash = (hash ^ static_cast<unsigned char>(byte)) * prime;
+        return (hash ^ endOfCell) * prime;
     }
 
     TableData const& data;
@@ -70,13 +69,12 @@ private:
 /// Appends the lines of a run of equal hashes that repeat an earlier one of the run.
 void addRepeated(Indexes& repeated, LineContents const& contents, std::vector<HashedLine>::const_iterator first,
                  std::vector<HashedLine>::const_iterator last) {
-    std::vector<std::string> distinct(1);
-    contents.join(distinct.front(), first->raw);
-    std::string joined;
+    Indexes distinct{first->raw};
     for (++first; first != last; ++first) {
-        contents.join(joined, first->raw);
-        if (std::find(distinct.begin(), distinct.end(), joined) == distinct.end())
-            distinct.push_back(joined);
+        bool const isNew = std::none_of(distinct.begin(), distinct.end(),
+                                        [&](int earlier) { return contents.areEqual(earlier, first->raw); });
+        if (isNew)
+            distinct.push_back(first->raw);
         else
             repeated.push_back(first->line);
     }

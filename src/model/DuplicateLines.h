@@ -6,8 +6,8 @@
 
 class TableModel;
 
-/// Finds rows or columns with the same contents behind the header. Contents are compared as a line's bytes one cell
-/// behind the other, without regard to where a cell ends, so "ab" and "c" are the same as "a" and "bc".
+/// Finds rows or columns behind the header that are equal cell by cell, as the bytes of the file. A cell that a short
+/// row lacks is an empty one.
 ///
 /// Gives the (Model) lines that repeat an earlier visible line, ascending. Only the raw cells of `crossing` count: the
 /// columns, if lines are rows; null stands for all, also concealed ones.

@@ -272,6 +272,7 @@ SelectionChange Selection::moveSelectionRelative(int rows, int cols, GridSize vi
     SelectionChange change;
     change.mainCell = true;
     change.ranges = true;
+    change.size = true; // no other size, but other cells: what is told about them is told anew
     return change;
 }
 

@@ -40,7 +40,7 @@ TableModel::TableModel(QObject* parent) : QAbstractTableModel(parent) {
 }
 
 TableModel::TableModel(bool readOnly, QObject* parent) : TableModel(parent) {
-    this->readOnly = readOnly;
+    setReadOnly(readOnly);
 }
 
 TableModel::~TableModel() = default;

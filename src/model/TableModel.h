@@ -97,7 +97,6 @@ public:
     void toggleTranspose();
     /// While set, inserting and removing rows and columns leaves the data alone and only tells the view.
     void setDataAlreadyChanged(bool on) { dataAlreadyChanged = on; }
-    bool isDataAlreadyChanged() const { return dataAlreadyChanged; }
     /// While set, inserts do not signal a change of layout.
     void setSkipLayoutSignals(bool on) { skipLayoutSignals = on; }
 
@@ -547,7 +546,6 @@ private:
     bool growTowardsLoadedRows();
     void noteFileDialect(QString const& path, QString const& fileDelimiter);
     int& numHeaderCols() { return colorOptions.headerCols; }
-    Indexes emptyLinesModel(Axis axis, int start, GetRowColMaskType maskType, Indexes const& mask) const;
     void orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, RangeIndexType type) const;
     void announce(SelectionChange const& change);
     ShiftBounds shiftBounds(Axis axis) const;

@@ -28,7 +28,7 @@ bool TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
     ++loadNumber;
     loadInBackground = async;
     clearGrid();
-    this->readOnly = readOnly;
+    setReadOnly(readOnly);
     this->delimiter = delimiter;
     this->saveDelimiter = saveDelimiter;
     this->encoding = encoding;
@@ -224,6 +224,7 @@ void TableModel::setSaveWithTrailingDelimiters(bool on) {
 bool TableModel::setReadOnly(bool on) {
     bool const changed = on != readOnly;
     readOnly = on;
+    tableData.setReadOnly(on);
     return changed;
 }
 

@@ -59,7 +59,10 @@ bool TableModel::addCellsToSelection(RangeVector const& ranges) {
 }
 
 bool TableModel::removeCellFromSelection(int row, int col) {
-    return selection.removeCellFromSelection(row, col);
+    bool const removed = selection.removeCellFromSelection(row, col);
+    if (removed)
+        announce({.ranges = true, .size = true, .multiCell = selection.isSelectionMultiCell()});
+    return removed;
 }
 
 QModelIndexList TableModel::getSelectionIndexes() const {
@@ -136,10 +139,13 @@ void TableModel::invertSelectionByColumnsHeaderExcluded() {
         selection.invertSelectionByColumnsHeaderExcluded({rowCountModel(), columnCountModel()}, getNumHeaderCols()));
 }
 
+// A jump goes by what is in sight. It ends in the data, but from cells behind the data it never leads back into it
+// against its direction.
 bool TableModel::getNextBlockLocation(Range const& from, Range& to, Direction direction) const {
-    to = getModelFromRawRange(tableData.getNextBlockLocation(getRawRange(from), direction), true);
-    to.row = std::max(to.row, 0);
-    to.col = std::max(to.col, 0);
+    Range const start = getModelRange(from);
+    to = tableData.getNextBlockLocation(start, direction);
+    to.row = std::clamp(to.row, 0, std::max({rowCountModel() - 1, start.row, 0}));
+    to.col = std::clamp(to.col, 0, std::max({columnCountModel() - 1, start.col, 0}));
     return true;
 }
 

@@ -41,7 +41,7 @@ int ConcealedList::toNearestModel(int raw, int shown) const {
         return -1;
     int const below = countBelow(raw);
     if (below == size())
-        return std::min(raw - below, shown - 1);
+        return std::max(std::min(raw - below, shown - 1), 0);
     bool const concealed = raws[static_cast<std::size_t>(below)] == raw;
     return concealed ? std::max(raw - below - 1, 0) : raw - below;
 }

@@ -20,7 +20,8 @@ public:
     /// The model index of a line; -1 for a concealed or negative one.
     int toModel(int raw) const;
     /// As toModel, but a concealed line answers for the nearest shown one above it (0 if there is none), and a line
-    /// past the last concealed one for no more than the last of `shown` lines.
+    /// past the last concealed one for no more than the last of `shown` lines. 0 also where no line is shown: a line
+    /// that is not negative always has an answer that can be selected.
     int toNearestModel(int raw, int shown) const;
 
     void conceal(Indexes added);

@@ -13,7 +13,7 @@ enum class LoadEnd {
 
 struct LoadResult {
     LoadEnd end = LoadEnd::Whole;
-    QString reason;           ///< a sentence for the user, empty after a whole load
+    QString reason;            ///< a sentence for the user, empty after a whole load
     bool beyondLimits = false; ///< a part because the file goes on beyond the limits of the load
 };
 

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-
 #include <sys/types.h>
 
 /// A regular file opened for one reading from start to end.

@@ -11,8 +11,8 @@ struct ScannerLimits {
     std::size_t blockBytes = SIZE_MAX; ///< bytes of a block of cells; more than a block holds means that much
     std::size_t readBytes = std::size_t(1) << 18; ///< bytes of a read: what stays in the cache until it is scanned
     std::uint64_t wideRowBytes = UINT32_MAX;      ///< rows longer than this get ends of 64 bits
-    std::size_t rows = SIZE_MAX;    ///< a scan that has found more rows ends soon
-    std::size_t columns = SIZE_MAX; ///< and so does one that has found a row of more cells
+    std::size_t rows = SIZE_MAX;                  ///< a scan that has found more rows ends soon
+    std::size_t columns = SIZE_MAX;               ///< and so does one that has found a row of more cells
 };
 
 /// A file to scan and those who want to know about it.

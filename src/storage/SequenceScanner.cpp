@@ -24,6 +24,7 @@ bool SequenceScanner::run() {
         buffer.finishCells();
     else
         buffer.isWide() ? endFile<std::uint64_t>() : endFile<std::uint32_t>();
+    beyondLimits = buffer.isBeyondLimits(); // the last row counts too
     buffer.finish();
     return !stopped;
 }

@@ -63,6 +63,9 @@ public:
     /// keeps it so until all who show it have taken the load in.
     void setLocked(bool on) { locked = on; }
     bool isLocked() const { return isLoading() || locked; }
+    /// A read-only table refuses every change of its cells; its lines can still be put in another order, concealed and
+    /// transposed.
+    void setReadOnly(bool on) { readOnly = on; }
     /// The container of the table as it is now: an empty one during a load, while the one that is being filled belongs
     /// to the load thread.
     AbstractDataContainer* getDataContainer() const { return dataContainer.get(); }
@@ -72,8 +75,8 @@ public:
     LoadResult const& getLoadResult() const { return dataContainer->getLoadResult(); }
     void setLoadLimits(LoadLimits limits) { loadLimits = limits; }
 
-    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file. A table that
-    // is locked is not saved, nor is one over its own file that goes on beyond the limits of the load.
+    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file. A table
+    // that is locked is not saved, nor is one over its own file that goes on beyond the limits of the load.
 
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
@@ -266,6 +269,7 @@ private:
     void takeOverLoaded();
     void endLoadThread(AbstractDataContainer* container);
     bool refusesSave(QString const& path);
+    bool refusesChanges() const { return readOnly || isLocked(); }
 
     // Every row and column pair above is a face of one of these. They know stored axes only.
 
@@ -307,8 +311,8 @@ private:
     void signalSize();
 
     std::unique_ptr<AbstractDataContainer> dataContainer;
-    std::unique_ptr<AbstractDataContainer> opened; ///< with the file of the load to come
-    std::unique_ptr<AbstractDataContainer> coming; ///< being filled by the load thread, none unless a load runs
+    std::unique_ptr<AbstractDataContainer> opened;      ///< with the file of the load to come
+    std::unique_ptr<AbstractDataContainer> coming;      ///< being filled by the load thread, none unless a load runs
     EditableDataContainer* editableContainer = nullptr; ///< the same one if it is editable
     DataContainerType dataContainerType = DataContainerType::NotLoaded;
     std::array<AxisState, 2> axes; ///< by Axis
@@ -332,6 +336,7 @@ private:
     std::unique_ptr<QThread> loadThread; ///< none unless a load runs
     int loadNumber = 0;                  ///< tells the signals of the present load from late ones of an earlier load
     bool locked = false;
+    bool readOnly = false;
     LoadLimits loadLimits;
     QString saveRefusal; ///< why the last save was refused, empty if it was not
 };

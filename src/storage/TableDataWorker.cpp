@@ -8,6 +8,9 @@
 
 namespace {
 
+/// The share of a sort that it takes to read the keys, in per cent; the rest is to put them in order.
+constexpr int readingPercent = 50;
+
 bool isAscii(std::string_view bytes) {
     unsigned char all = 0;
     for (char const byte : bytes)
@@ -29,7 +32,13 @@ bool takeKeys(TextOrderKeys& keys, int key, Axis axis, int start, TableData cons
             keys.addAscii(bytes);
         else
             keys.add(codec.decode(bytes));
-        if (line % often == 0 && worker.isCanceled())
+        if (line % often != 0)
+            continue;
+        bool const goOn =
+            worker.readyForUpdate()
+                ? worker.updateProgress(static_cast<float>(line - start) / static_cast<float>(count - start))
+                : !worker.isCanceled();
+        if (!goOn)
             return false;
     }
     return true;
@@ -43,7 +52,9 @@ void TableDataWorker::getSortIndexes(std::vector<int>* out, int key, Axis axis, 
     out->clear();
     TextOrderKeys keys(data->getCaseSensitiveSorting());
     std::vector<int> order;
+    setProgressBounds(0, readingPercent);
     if (takeKeys(keys, key, axis, start, *data, *this)) {
+        setProgressBounds(readingPercent, 100);
         order = keys.sortedOrder(type == SortType::Descending, [this](double share) {
             return readyForUpdate() ? updateProgress(static_cast<float>(share)) : !isCanceled();
         });

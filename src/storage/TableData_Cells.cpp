@@ -32,7 +32,7 @@ AbstractDataContainer::Bytes TableData::getValueRawCharVec(int row, int col, boo
 bool TableData::setValueRaw(int row, int col, QString const& text, bool ignoreTranspose) {
     if (transposed && !ignoreTranspose)
         std::swap(row, col);
-    if (isLocked() || !growToHold(row, col, !text.isEmpty()))
+    if (refusesChanges() || !growToHold(row, col, !text.isEmpty()))
         return false;
     auto const written = codec.encode(text);
     bool const changed = dataContainer->getValue(row, col) != written;
@@ -69,7 +69,7 @@ std::string_view TableData::cellBytesRaw(int row, int col) const {
 }
 
 void TableData::exchange(CellPatch& patch) {
-    if (!editableContainer || isLocked())
+    if (!editableContainer || refusesChanges())
         return;
     growToHold(patch);
     CellPatch before;

@@ -1,6 +1,7 @@
 // Sorting: the order of the rows or columns by a line across them, and putting them in an order.
 
 #include "core/IndexUtilities.h"
+#include "core/ModalHold.h"
 #include "storage/EditableDataContainer.h"
 #include "storage/TableData.h"
 #include "storage/TableDataWorker.h"
@@ -24,6 +25,7 @@ bool TableData::getSortIndexes(Indexes& out, int key, Axis axis, SortType type, 
     }
     QThread thread;
     worker.moveToThread(&thread);
+    ModalHold const hold;
     QEventLoop loop;
     bool finished = false;
     connect(&worker, &TableDataWorker::getSortIndexesFinishedSignal, &loop, [&] {

@@ -85,7 +85,7 @@ bool TableData::makeRoom(Axis axis, int at, int count) {
 }
 
 bool TableData::insertEmpty(Axis axis, int at, int count) {
-    if (isLocked())
+    if (refusesChanges())
         return false;
     if (!makeRoom(axis, at, count))
         return true;
@@ -96,7 +96,7 @@ bool TableData::insertEmpty(Axis axis, int at, int count) {
 }
 
 bool TableData::insertFilled(Axis axis, int at, std::vector<Cells> const& filled) {
-    if (isLocked())
+    if (refusesChanges())
         return false;
     int const count = static_cast<int>(filled.size());
     if (!makeRoom(axis, at, count))
@@ -111,7 +111,7 @@ bool TableData::insertFilled(Axis axis, int at, std::vector<Cells> const& filled
 bool TableData::removeRaw(Axis axis, int at, int count) {
     AxisState& state = along(axis);
     count = std::min(count, state.count - at);
-    if (count < 1 || at < 0 || isLocked())
+    if (count < 1 || at < 0 || refusesChanges())
         return false;
     bool const removed = (*dataContainer.*callsAlong(axis).remove)(at, count);
     state.concealed.shiftForRemoval(at, count);
@@ -129,7 +129,7 @@ bool TableData::removeModel(Axis axis, int model, int count) {
             break;
         raws.push_back(raw);
     }
-    if (raws.empty() || isLocked())
+    if (raws.empty() || refusesChanges())
         return false;
 
     // From the last run to the first, so that the indexes of the runs before stay right.
@@ -146,7 +146,7 @@ bool TableData::removeModel(Axis axis, int model, int count) {
 // Many lines at once.
 
 void TableData::take(TakenLines& lines) {
-    if (!editableContainer || isLocked() || lines.count() == 0)
+    if (!editableContainer || refusesChanges() || lines.count() == 0)
         return;
     Axis const axis = storedAxis(lines.axis, false);
     if (axis == Axis::Rows)
@@ -161,7 +161,7 @@ void TableData::take(TakenLines& lines) {
 }
 
 void TableData::putBack(TakenLines& lines) {
-    if (!editableContainer || isLocked() || lines.count() == 0)
+    if (!editableContainer || refusesChanges() || lines.count() == 0)
         return;
     Axis const axis = storedAxis(lines.axis, false);
     if (axis == Axis::Rows)
@@ -187,7 +187,7 @@ void TableData::growTo(Axis axis, int count) {
 }
 
 bool TableData::duplicate(Axis axis, int model, int offset) {
-    if (isLocked())
+    if (refusesChanges())
         return false;
     ConcealedList const& concealed = along(axis).concealed;
     int const from = concealed.toRaw(model);
@@ -202,7 +202,7 @@ bool TableData::move(Axis axis, int model, int offset) {
     ConcealedList const& concealed = along(axis).concealed;
     int const from = concealed.toRaw(model);
     int const to = concealed.toRaw(model + offset);
-    if (from < 0 || to < 0 || isLocked())
+    if (from < 0 || to < 0 || refusesChanges())
         return false;
     if (to >= along(axis).count)
         growTo(axis, to + 1);

@@ -90,6 +90,7 @@ bool UnitScanner<Unit>::run() {
         buffer.finishCells();
     else if (!stopped)
         buffer.isWide() ? endFile<std::uint64_t>() : endFile<std::uint32_t>();
+    beyondLimits = buffer.isBeyondLimits(); // the last row counts too
     buffer.finish();
     return !stopped;
 }

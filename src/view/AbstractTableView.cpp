@@ -111,6 +111,7 @@ KeyState AbstractTableView::keyState() const {
     state.editorPaneShown = hasContext(Context::EditorPaneShown);
     state.paneTakesKeys = letEditorPaneConsumeNavigationKeystrokes;
     state.cellEditorShown = cellEditor != nullptr && cellEditor->isVisible();
+    state.leftByEditor = cellEditor != nullptr && window()->focusWidget() == cellEditor;
     return state;
 }
 
@@ -238,8 +239,9 @@ void AbstractTableView::mouseMoveEvent(QMouseEvent* event) {
         expandSelection(cellAtPos(event->position().toPoint()));
 }
 
+/// Presses that begin no selection, as one that takes a cell out of it or a double click, are followed by moves too.
 void AbstractTableView::expandSelection(Range cell) {
-    if (cell == table->getPendingCornerEnd())
+    if (!isMousePressed() || cell == table->getPendingCornerEnd())
         return;
     cell.row = std::max(cell.row, 0);
     cell.col = std::max(cell.col, 0);

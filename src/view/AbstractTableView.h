@@ -70,6 +70,8 @@ public:
     Range cellAtPos(QPoint point) const { return cellAtPos(point.x(), point.y()); }
     /// Shows the cells anew. Costs what is on screen and nothing more.
     virtual void refreshView();
+    /// Qt would look for cells that begin with a key's text, through the whole table.
+    void keyboardSearch(QString const&) override {}
 
     // Marks over the cells.
 

@@ -25,7 +25,6 @@ public:
     /// A drag along the labels ends at this many sections; negative for no limit. Sections far behind the limit do not
     /// exist in this header.
     void setSectionLimit(int limit);
-    int getSectionLimit() const { return sectionLimit; }
     /// While set, a release ends a drag of sections.
     void setArrayDragArmed(bool on) { arrayDragArmed = on; }
     /// The context menu offers the commands among `actions`.

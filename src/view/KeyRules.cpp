@@ -30,11 +30,11 @@ bool isForEditorPane(KeyState const& state) {
 }
 
 /// Typing starts an edit whatever is being edited already.
-bool startsEdit(QKeyEvent const& event) {
+bool isTyping(QKeyEvent const& event) {
     Qt::KeyboardModifiers const modifiers = event.modifiers();
     bool const typing =
         modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier || modifiers == Qt::KeypadModifier;
-    return typing && isTextKey(event.key()) && !isInputMethodKey(event);
+    return typing && isTextKey(event.key()) && bringsCharacter(event) && !isInputMethodKey(event);
 }
 
 /// A character entered by its number, with Alt held.
@@ -55,10 +55,11 @@ KeyDecision decideKey(QKeyEvent const& event, KeyState const& state) {
         if (event.modifiers() == Qt::KeypadModifier)
             return {state.editing ? KeyAction::Ignore : KeyAction::Scroll, *direction};
     }
-    if (startsEdit(event))
-        return {KeyAction::StartEdit};
-    if (isAltDigit(event))
-        return {state.cellEditorShown ? KeyAction::Swallow : KeyAction::StartEdit};
+    // An edit that a key could start anew from within itself would go on doing so.
+    if (isTyping(event))
+        return {state.leftByEditor ? KeyAction::Swallow : KeyAction::StartEdit};
+    if (isAltDigit(event) && bringsCharacter(event))
+        return {state.cellEditorShown || state.leftByEditor ? KeyAction::Swallow : KeyAction::StartEdit};
     if (isFunctionKey(event.key()))
         return {KeyAction::Swallow};
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier))

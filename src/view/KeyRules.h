@@ -15,6 +15,7 @@ struct KeyState {
     bool editorPaneShown = false; ///< the editor pane is open
     bool paneTakesKeys = false;   ///< the editor pane keeps Enter and Tab for itself
     bool cellEditorShown = false; ///< a cell editor exists and is visible
+    bool leftByEditor = false;    ///< the open editor got the key first and had no use for it
 };
 
 enum class KeyAction {

@@ -1,5 +1,9 @@
 #include "view/MsgBox.h"
 
+#include "core/ModalHold.h"
+
+#include <QFileInfo>
+#include <QLabel>
 #include <QPushButton>
 
 #include <utility>
@@ -15,6 +19,7 @@ void MsgBox::setAnswer(Answer newAnswer) {
 }
 
 int MsgBox::exec() {
+    ModalHold const hold;
     if (!answer)
         return QMessageBox::exec();
     if (QAbstractButton* const button = answer(*this))
@@ -32,14 +37,28 @@ void MsgBox::setTheme(Theme const& theme) {
 }
 
 void MsgBox::conditionButtons() {
-    constexpr int minimumHeight = 28;
+    constexpr QSize least(88, 28);
     for (QAbstractButton* button : buttons()) {
         button->setIcon(QIcon());
-        button->setMinimumHeight(minimumHeight);
+        enlarge(*button, least);
     }
     if (defaultButton() == nullptr && !buttons().isEmpty()) {
         setDefaultButton(qobject_cast<QPushButton*>(buttons().constFirst()));
     }
+}
+
+// A file's name may look like markup; it is shown as it stands.
+void MsgBox::nameFile(QString const& path, QString const& remark) {
+    QString const file = QFileInfo(path).absoluteFilePath();
+    setInformativeText(remark.isEmpty() ? file : file + QStringLiteral("\n\n") + remark);
+    if (auto* const label = findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
+}
+
+// Once a minimum is set, what the label needs no longer counts in a layout.
+void MsgBox::enlarge(QAbstractButton& button, QSize const& least) {
+    button.ensurePolished();
+    button.setMinimumSize(button.sizeHint().expandedTo(least).expandedTo(button.minimumSize()));
 }
 
 void MsgBox::inform(QWidget* parent, Theme const& theme, QString const& text) {

@@ -16,6 +16,10 @@ public:
     void setTheme(Theme const& theme);
     /// Gives all buttons the look of the program: no icons, equal height, and the first as default if none is.
     void conditionButtons();
+    /// Names the file that the box asks about below its text, and a remark below that.
+    void nameFile(QString const& path, QString const& remark = {});
+    /// Makes a button at least that many pixels wide and high, and as large as its label needs in any case.
+    static void enlarge(QAbstractButton& button, QSize const& least);
 
     /// Gives the button to press in place of showing the box.
     using Answer = std::function<QAbstractButton*(MsgBox const& box)>;

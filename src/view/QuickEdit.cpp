@@ -38,11 +38,6 @@ void QuickEdit::focusInEvent(QFocusEvent* event) {
         return;
     deselect();
     end(false);
-    // A line edit scrolls a long text to the caret only when a key has moved it.
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
-    keyPressEvent(&press);
-    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Right, Qt::NoModifier);
-    keyReleaseEvent(&release);
 }
 
 void QuickEdit::keyPressEvent(QKeyEvent* event) {

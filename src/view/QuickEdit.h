@@ -12,7 +12,6 @@ public:
     /// On, the text stays selected when the editor opens, so that the first key replaces it; off, the caret goes to
     /// the end.
     void setOverwriteOnEdit(bool on) { overwriteOnEdit = on; }
-    bool isOverwriteOnEdit() const { return overwriteOnEdit; }
     void setEditorColors(QColor const& background, QColor const& text);
 
 signals:

@@ -1,7 +1,9 @@
 #include "view/TableView.h"
 
+#include "model/undo/TableUndoCommand.h"
 #include "view/FrozenTableView.h"
 #include "view/HeaderView.h"
+#include "view/HiddenNotice.h"
 #include "view/ScrollAreaBottomRightCornerWidget.h"
 #include "view/TLCornerButton.h"
 #include "view/TableDelegate.h"
@@ -37,6 +39,7 @@ TableView::TableView(QWidget* parent) : AbstractTableView(TableType::Main, paren
     connect(this, &AbstractTableView::scrollToMainCellSignal, this, &TableView::scrollToMainCell);
     connectEditing();
     TableView::setModel(new TableModel(this));
+    hiddenNotice = new HiddenNotice(this);
     applyFont();
     setTheme(tableModel()->getTheme());
 }
@@ -131,21 +134,32 @@ void TableView::connectSizesWithModel() {
 // Undo.
 
 void TableView::pushUndoCommand(QUndoCommand* command) {
-    if (isLoading()) {
+    if (refuses(command))
         delete command;
-        return;
-    }
-    changeStack([this, command] { stack.push(command); });
+    else
+        changeStack([this, command] { stack.push(command); });
 }
 
 void TableView::undo() {
-    if (!isLoading())
+    if (!refuses(stack.command(stack.index() - 1)))
         changeStack([this] { stack.undo(); });
 }
 
 void TableView::redo() {
-    if (!isLoading())
+    if (!refuses(stack.command(stack.index())))
         changeStack([this] { stack.redo(); });
+}
+
+/// Whether the table loads, or is read-only and the command, or one within it, would change its cells. Null is no
+/// command.
+bool TableView::refuses(QUndoCommand const* command) const {
+    if (isLoading() || command == nullptr)
+        return isLoading();
+    auto const* const change = dynamic_cast<TableUndoCommand const*>(command);
+    bool refused = readOnly && change != nullptr && change->changesCells();
+    for (int i = 0; i < command->childCount() && !refused; ++i)
+        refused = refuses(command->child(i));
+    return refused;
 }
 
 // A command saves before the stack counts it, so the stack learns of the save afterwards.
@@ -176,6 +190,7 @@ void TableView::setupContextMenus(CommandActions const& actions) {
     AbstractTableView::setupContextMenus(actions);
     for (FrozenTableView* const view : frozenViews())
         view->setupContextMenus(actions);
+    hiddenNotice->setActions(actions);
 }
 
 void TableView::setTheme(Theme const& theme) {
@@ -185,6 +200,7 @@ void TableView::setTheme(Theme const& theme) {
     tableDelegate()->setTextColor(theme.getTextColor());
     for (FrozenTableView* const view : frozenViews())
         view->setTheme(theme);
+    hiddenNotice->setTheme(theme);
 }
 
 void TableView::refreshView() {

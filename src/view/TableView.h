@@ -22,6 +22,7 @@
 
 class FrozenTableView;
 class HeaderView;
+class HiddenNotice;
 class LineAnimation;
 class RowFit;
 class ScrollAreaBottomRightCornerWidget;
@@ -77,17 +78,19 @@ public:
 
     /// Puts settings in force; those of table scope only the first time, as the defaults of a new table.
     void propagateSettings(Settings const& newSettings);
-    /// The settings in force, with the values of table scope that are the table's own.
-    Settings& getSettings() { return settings; }
+    /// The settings in force. Those of table scope are what the table began with; it may have changed since.
     Settings const& getSettings() const { return settings; }
 
     // Undo.
 
     QUndoStack* undoStack() { return &stack; }
-    /// Carries the command out and keeps it for undo. Takes ownership. A table that is being loaded takes none.
+    /// Carries the command out and keeps it for undo. Takes ownership. A table that is being loaded takes none, and a
+    /// read-only one none that would change its cells, in undo and redo too.
     void pushUndoCommand(QUndoCommand* command);
     void undo();
     void redo();
+    /// Whether the file lacks something that a save would put into it. A read-only table of a file is never saved.
+    bool hasUnsavedChanges() const { return !stack.isClean() && !(readOnly && !getFilepath().isEmpty()); }
 
     // Editing. An edit takes place in an editor over the main cell, or in the editor pane while that is shown.
 
@@ -195,6 +198,8 @@ public:
     /// The number of the first column, kept aside while columns are letters, which begin at A. With `restore` the
     /// number that is kept counts again and `index` does not matter.
     void setFirstColIndex(int index, bool emitChange, bool restore);
+    /// The number of the first column, also while it is kept aside.
+    int getFirstColIndex() const { return firstColIndex; }
     void setRepresentColumnsAsLetters(bool on);
 
     // Sizes of rows and columns, in pixels.
@@ -238,7 +243,6 @@ public:
     void setAutoFitColWidth(bool on, bool emitChange);
     /// How many cells of a column, or of a row, a fit looks at beyond the first hundred. Not 0.
     void setResizeContentsPrecision(int precision);
-    int getResizeContentsPrecision() const { return resizeContentsPrecision; }
     /// How often enforceAutoFitColWidth(bool) still acts; -1 for always.
     void setAutoFitColumnCountdown(int times) { autoFitColumnCountdown = times; }
     /// The height that shows a row's texts wrapped; 0 for a row without text.
@@ -252,7 +256,6 @@ public:
     void warnAutoFitIfLargeFile();
     /// Of all tables.
     static void setSuppressAutoFitWarnings(bool on) { suppressAutoFitWarnings = on; }
-    static bool areAutoFitWarningsSuppressed() { return suppressAutoFitWarnings; }
 
     // Marks. See AbstractTableView; the lines are User here, and all views show them.
 
@@ -473,6 +476,7 @@ private:
     void onTableSavedOrLoaded();
     /// Carries a change of the undo stack out. After a save by it the stack is clean.
     void changeStack(std::function<void()> const& change);
+    bool refuses(QUndoCommand const* command) const;
     void connectSignalsWithDelegate(TableDelegate* delegate);
     QModelIndex mainIndex() const;
     QString mainText() const;
@@ -506,6 +510,7 @@ private:
     FrozenTableView* cornerFrozenView = nullptr;
     TLCornerButton* topLeftCornerButton = nullptr;
     ScrollAreaBottomRightCornerWidget* bottomRightCorner = nullptr;
+    HiddenNotice* hiddenNotice = nullptr;
     QTimer wheelSnapTimer;
     std::optional<CellEdit> pendingEdit;
     LineSizes* rowSizes = nullptr;

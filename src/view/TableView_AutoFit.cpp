@@ -313,12 +313,12 @@ bool TableView::askToDisableAutoFit(QString const& text) {
     box.setText(text);
     QPushButton* const disable = box.addButton(tr("&Disable Auto-Fit"), QMessageBox::AcceptRole);
     QPushButton* const keep = box.addButton(tr("&Keep Auto-Fit"), QMessageBox::RejectRole);
-    for (QPushButton* const button : {disable, keep})
-        button->setFixedWidth(button->fontMetrics().horizontalAdvance(button->text()) + besideLabel);
     box.setDefaultButton(disable);
     auto* const dontAsk = new QCheckBox(tr("Don't ask me again"), &box);
     box.setCheckBox(dontAsk);
     box.conditionButtons();
+    for (QPushButton* const button : {disable, keep})
+        MsgBox::enlarge(*button, {button->fontMetrics().horizontalAdvance(button->text()) + besideLabel, 0});
     box.exec();
     if (dontAsk->isChecked()) {
         suppressAutoFitWarnings = true;

@@ -26,7 +26,7 @@ void TableView::connectEditing() {
         connectSignalsWithDelegate(view->tableDelegate());
     connect(&stack, &QUndoStack::cleanChanged, this, [this](bool clean) {
         autoSaveFailed = autoSaveFailed && !clean;
-        emit undoStackCleanChangedSignal(clean);
+        emit undoStackCleanChangedSignal(!hasUnsavedChanges());
     });
 }
 

@@ -78,6 +78,7 @@ void TableView::moveSelectionByBlock(Direction direction) {
     auto const line = rangeAxis(axis).line;
     RangeVector const moved = SelectionMoves::moved(model->getSelection(), axis, target.*line - mainCell.*line);
     model->setSelection(Selection::withAbsoluteMainCell(moved), true);
+    scrollAfterMove(axis, mainCell.*line, model->getMainCell().*line);
     refreshView();
 }
 

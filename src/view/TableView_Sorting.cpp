@@ -11,6 +11,9 @@
 bool TableView::sortRowsOrCols(SortData const& sort) {
     if (sort.sortType == SortType::None || sort.index < 0 || isLoading() || sorting)
         return false;
+    // A line behind the data has nothing to sort by.
+    if (sort.index >= (sort.axis == Axis::Rows ? tableModel()->columnCountRaw() : tableModel()->rowCountRaw()))
+        return false;
     stopEditing();
     QScopedValueRollback<bool> const busy(sorting, true);
     auto const cancelFlag = std::make_shared<bool>(false);

@@ -47,6 +47,15 @@ bool isTextKey(int key) {
     return behind == std::begin(specialKeys) || key > std::prev(behind)->last;
 }
 
+bool bringsCharacter(QKeyEvent const& event) {
+    if (event.text().isEmpty() || !event.text().isValidUtf16())
+        return false;
+    char32_t const character = event.text().toUcs4().front();
+    // Joiners and marks of direction are entered as well, and so is what a font of one's own has.
+    QChar::Category const category = QChar::category(character);
+    return QChar::isPrint(character) || category == QChar::Other_Format || category == QChar::Other_PrivateUse;
+}
+
 bool isFunctionKey(int key) {
     return key >= 0x01000030 && key <= 0x01000052;
 }

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <sys/stat.h>
 
 namespace {
@@ -44,6 +45,23 @@ TEST(CommandLine, SwitchesTakeTheNextWordAndTheLastOneEndsTheWalk) {
     }
 }
 
+TEST(CommandLine, RelativePathMeansTheSendersFileBeforeThatOfTheRunningProgram) {
+    QTemporaryDir sender;
+    QTemporaryDir running;
+    for (QString const& path :
+         {sender.filePath("same.csv"), running.filePath("same.csv"), running.filePath("own.csv")}) {
+        touch(path);
+    }
+    QDir(sender.path()).mkdir("both");
+    touch(running.filePath("both"));
+    QString const before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(running.path()));
+    CommandLine const line = CommandLine::parse({"gridwright", "same.csv", "own.csv", "both", ""}, sender.path());
+    QDir::setCurrent(before);
+    EXPECT_EQ(line.files, QStringList({sender.filePath("same.csv"), "own.csv"}));
+    EXPECT_EQ(line.folders, QStringList(sender.filePath("both"))); // and an empty word names none
+}
+
 TEST(CommandLine, PathsAreFoundInTheSendersDirectoryAndMissingOnesAreDropped) {
     QTemporaryDir directory;
     touch(directory.filePath("a.csv"));
@@ -68,6 +86,32 @@ TEST(WindowGeometry, TheDefaultWindowFillsMostOfASmallScreenAndEighteenInchesOfA
     EXPECT_EQ(defaultWindowSize(QRect(0, 0, 1280, 1000), 96.0), QSize(1216, 920));
     EXPECT_EQ(defaultWindowSize(QRect(0, 0, 3840, 2160), 96.0), QSize(1728, 1987));
     EXPECT_EQ(centredWindowPosition(QRect(100, 50, 1281, 1001), QSize(1000, 900)), QPoint(140, 50));
+}
+
+TEST(WindowGeometry, RequestsGoAsFarAsTheScreensDo) {
+    int constexpr most = std::numeric_limits<int>::max();
+    QRect const screens(-1280, 0, 2560, 800);
+    QRect const current(100, 50, 640, 480);
+    struct Case {
+        int width, height, x, y;
+        QRect expected;
+    };
+    Case const cases[] = {
+        {0, 0, -1, -1, current},
+        {700, 0, 0, -1, QRect(0, 50, 700, 480)},
+        {0, 500, -1, 799, QRect(100, 799, 640, 500)},
+        {most, most, -1, -1, QRect(100, 50, 2560, 800)},
+        {0, 0, most, most, QRect(640, 320, 640, 480)},
+        {most, most, most, most, QRect(0, 0, 2560, 800)},
+    };
+    for (Case const& entry : cases) {
+        CommandLine line;
+        line.width = entry.width;
+        line.height = entry.height;
+        line.x = entry.x;
+        line.y = entry.y;
+        EXPECT_EQ(requestedGeometry(current, line, screens), entry.expected) << entry.width << ' ' << entry.x;
+    }
 }
 
 TEST(FileOpening, EverythingButAReadableRegularFileIsRefusedWithAReason) {

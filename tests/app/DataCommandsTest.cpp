@@ -2,6 +2,8 @@
 
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
+#include "app/StatusBar.h"
+#include "model/undo/SetModelDataCommand.h"
 #include "tests/model/SelectionText.h"
 #include "tests/support/MsgBoxAnswers.h"
 #include "view/TableView.h"
@@ -11,6 +13,7 @@
 #include <QGuiApplication>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -50,6 +53,73 @@ protected:
     QTemporaryDir directory;
     MainWindow window;
 };
+
+TEST_F(DataCommands, AReadOnlyTableIsSortedAndHiddenAndTransposedButKeepsItsCellsAndIsNeverUnsaved) {
+    open("h i\n3 1\n1 2\n2 9\n");
+    TableView& table = *window.getActiveTable();
+    table.setReadOnly(true);
+    select("K0,0");
+    for (char const* const name :
+         {"Sort Selected Cells Horizontally - Descending", "Sort Selected Cells Vertically - Ascending"}) {
+        window.runCommand(name);
+        EXPECT_EQ(table.undoStack()->count(), 0) << name;
+        EXPECT_TRUE(window.getStatusBar()->currentMessage().contains("read-only")) << name;
+        window.getStatusBar()->clearMessage();
+    }
+    EXPECT_EQ(shown(), "h i|3 1|1 2|2 9");
+    QSignalSpy const told(&table, &TableView::undoStackCleanChangedSignal);
+    select("C1,0");
+    window.runCommand("Sort Selected Column - Ascending");
+    EXPECT_EQ(shown(), "h i|1 2|2 9|3 1");
+    window.runCommand("Undo");
+    EXPECT_EQ(shown(), "h i|3 1|1 2|2 9");
+    window.runCommand("Redo");
+    window.runCommand("Hide Selected Row(s)");
+    window.runCommand("Transpose Table");
+    EXPECT_EQ(table.undoStack()->count(), 3);
+    for (QList<QVariant> const& clean : told)
+        EXPECT_TRUE(clean.first().toBool());
+    EXPECT_FALSE(table.hasUnsavedChanges());
+    MsgBoxAnswers box;
+    window.runCommand("Save All Files");
+    box.next("OK");
+    EXPECT_FALSE(window.saveFile(&table));
+    EXPECT_TRUE(box.texts().value(0).contains("read-only"));
+    EXPECT_TRUE(window.closeFile(&table)) << "nothing is asked";
+}
+
+TEST_F(DataCommands, WhatWasEditedBeforeATableBecameReadOnlyStaysAndIsStillUnsaved) {
+    window.commandNewFile();
+    TableView& table = *window.getActiveTable();
+    TableModel& edited = *table.tableModel();
+    RangeVector cells{modelCell(0, 0)};
+    cells.front().value = QString("kept");
+    table.pushUndoCommand(new SetModelDataCommand(&edited, cells, true));
+    table.setReadOnly(true);
+    EXPECT_TRUE(table.hasUnsavedChanges());
+    window.runCommand("Undo");
+    EXPECT_EQ(shown(), "kept");
+    EXPECT_FALSE(edited.setDataRaw(edited.index(0, 0), "lost"));
+    EXPECT_FALSE(edited.insertRows(0, 1) && edited.rowCountRaw() > 1);
+    EXPECT_EQ(shown(), "kept");
+    table.setReadOnly(false);
+    window.runCommand("Undo");
+    EXPECT_EQ(edited.rowCountRaw(), 0);
+}
+
+TEST_F(DataCommands, ALineBehindTheDataSortsNothingAndChangesNothing) {
+    open("h i\n3 1\n1 2\n");
+    TableView& table = *window.getActiveTable();
+    for (auto const& [name, selection] :
+         {std::pair("Sort Selected Column - Descending", "C1,2"), std::pair("Sort Selected Row - Ascending", "C3,0")}) {
+        select(selection);
+        window.runCommand(name);
+        EXPECT_EQ(table.undoStack()->count(), 0) << name;
+        EXPECT_EQ(shown(), "h i|3 1|1 2");
+        EXPECT_EQ(model().getRowSortData().index, -1);
+        EXPECT_EQ(model().getColSortData().index, -1);
+    }
+}
 
 TEST_F(DataCommands, EachDoesWhatItsNameSaysAndUndoTakesItBack) {
     struct {

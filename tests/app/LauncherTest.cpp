@@ -114,6 +114,32 @@ TEST_F(LauncherTest, WithoutAMatchEnterAnswersTheTypedText) {
     EXPECT_EQ(answer(), "xyz");
 }
 
+TEST_F(LauncherTest, AListWithoutAMatchSaysSoInItsPlace) {
+    launcher->setOptions({OptionData("one"), OptionData("two")}, "No command matches.");
+    launcher->fit(500, 400);
+    int const rowsHeight = list().contentHeight();
+    EXPECT_EQ(list().shownNotice(), "");
+    launcher->setEditorText("xyz");
+    EXPECT_EQ(list().shownNotice(), "No command matches.");
+    launcher->fit(500, 400);
+    EXPECT_GT(list().height(), 0) << "there is room for it";
+    launcher->setEditorText("");
+    EXPECT_EQ(list().shownNotice(), "");
+    EXPECT_EQ(list().contentHeight(), rowsHeight);
+}
+
+TEST_F(LauncherTest, AListCanBeginAtAnyOfItsRowsAndShowsIt) {
+    offerNumbers(100);
+    launcher->selectOption("row 60");
+    launcher->fit(500, 400);
+    EXPECT_EQ(launcher->getSelectedResponseString(), "row 60");
+    EXPECT_TRUE(list().shownRow(60)->isVisible());
+    EXPECT_FALSE(list().shownRow(0)->isVisible());
+    launcher->selectOption("no row");
+    press(Qt::Key_Down);
+    EXPECT_EQ(launcher->getSelectedResponseString(), "row 61");
+}
+
 TEST_F(LauncherTest, AClickAnswersItsRowByItsResponse) {
     OptionData two("two", "the second");
     two.response = "2";

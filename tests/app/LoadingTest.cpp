@@ -157,10 +157,10 @@ private:
     }
 
     void pressKey() {
-        static Qt::Key const keys[] = {Qt::Key_A,      Qt::Key_F2,     Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return,
-                                       Qt::Key_Tab,    Qt::Key_Down,   Qt::Key_Right,  Qt::Key_Space,     Qt::Key_Escape,
-                                       Qt::Key_Insert, Qt::Key_Equal,  Qt::Key_Z,      Qt::Key_S,         Qt::Key_R,
-                                       Qt::Key_Enter,  Qt::Key_Minus,  Qt::Key_X,      Qt::Key_PageDown,  Qt::Key_C};
+        static Qt::Key const keys[] = {Qt::Key_A,      Qt::Key_F2,    Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return,
+                                       Qt::Key_Tab,    Qt::Key_Down,  Qt::Key_Right,  Qt::Key_Space,     Qt::Key_Escape,
+                                       Qt::Key_Insert, Qt::Key_Equal, Qt::Key_Z,      Qt::Key_S,         Qt::Key_R,
+                                       Qt::Key_Enter,  Qt::Key_Minus, Qt::Key_X,      Qt::Key_PageDown,  Qt::Key_C};
         static Qt::KeyboardModifiers const modifiers[] = {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
                                                           Qt::ShiftModifier, Qt::AltModifier};
         TableView* const table = window.getActiveTable();
@@ -199,9 +199,7 @@ private:
         QTest::keyClick(launcher->getEditor(), below(4) == 0 ? Qt::Key_Escape : Qt::Key_Return);
     }
 
-    void pressLabel() {
-        emit window.getStatusBar()->labelPressedSignal(static_cast<StatusBar::Label>(below(6)));
-    }
+    void pressLabel() { emit window.getStatusBar()->labelPressedSignal(static_cast<StatusBar::Label>(below(6))); }
 
     MainWindow& window;
     std::mt19937 random;
@@ -251,8 +249,9 @@ TEST_F(Loading, NothingThatHappensWhileATableLoadsChangesIt) {
 TEST_F(Loading, CommandsThatNeedATableAreDeadUntilItsEndWhateverAsksForThem) {
     window.openFile(write("a.csv", "a,b\nc,d\n"));
     window.runCommand("Select Entire Row(s)");
-    char const* const commands[] = {"Save File",         "Undo",          "Transpose Table",      "Edit Selected Cell",
-                                    "Clear Cell Contents", "Reload File", "Transpose Selected Cells", "Stop Editing"};
+    char const* const commands[] = {
+        "Save File",           "Undo",        "Transpose Table",          "Edit Selected Cell",
+        "Clear Cell Contents", "Reload File", "Transpose Selected Cells", "Stop Editing"};
     reloadAndHold();
     auto const expectDead = [&] {
         for (char const* const command : commands)
@@ -332,8 +331,7 @@ TEST_F(Loading, AFileThatCannotBeReadOpensNoTab) {
     MsgBoxAnswers box;
     box.next("OK");
     EXPECT_FALSE(window.openFile(path));
-    EXPECT_EQ(box.texts().value(0),
-              QString("This can't be opened as a table:\n%1\n\nInput/output error.").arg(path));
+    EXPECT_EQ(box.texts().value(0), QString("This can't be opened as a table:\n%1\n\nInput/output error.").arg(path));
     EXPECT_EQ(window.getPaneView()->getTables().size(), 1U);
     EXPECT_EQ(window.windowTitle(), "untitled - Gridwright");
 }

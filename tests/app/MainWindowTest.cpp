@@ -9,6 +9,8 @@
 #include "tests/support/MsgBoxAnswers.h"
 
 #include <QFile>
+#include <QLabel>
+#include <QLayout>
 #include <QMetaMethod>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -171,6 +173,39 @@ TEST_F(MainWindowTest, LargeSelectionsAreSummedInTheBackground) {
     EXPECT_EQ(label(StatusBar::Label::Stats), "Sum: 4,997      Mean: 1");
 }
 
+TEST_F(MainWindowTest, TheSumIsAlwaysThatOfThePresentSelection) {
+    window.openFile(write("a.csv", "1,2,40\n3,5,70\n100,200,400\n"));
+    TableView& table = *window.getActiveTable();
+    auto const sum = [&] { return label(StatusBar::Label::Stats).section("      ", 0, 0); };
+    auto const key = [&](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&table, code, modifiers);
+        return sum();
+    };
+    EXPECT_EQ(sum(), "Sum: 1");
+    EXPECT_EQ(key(Qt::Key_Down), "Sum: 3");
+    EXPECT_EQ(key(Qt::Key_Right), "Sum: 5");
+    EXPECT_EQ(key(Qt::Key_Up), "Sum: 2");
+    EXPECT_EQ(key(Qt::Key_Tab), "Sum: 40");
+    EXPECT_EQ(key(Qt::Key_Return), "Sum: 5"); // back to where the row of tabs began
+    window.runCommand("Move Selection Down by a Block");
+    EXPECT_EQ(sum(), "Sum: 200");
+    table.tableModel()->addCellToSelection(Range(1, 2, RangeIndexType::Model));
+    EXPECT_EQ(sum(), "Sum: 270");
+    table.tableModel()->removeCellFromSelection(1, 2);
+    EXPECT_EQ(sum(), "Sum: 200");
+    EXPECT_EQ(label(StatusBar::Label::Selection), "Selected: 1 cell");
+    // An edit and its undo.
+    window.commandGoToTop();
+    EXPECT_EQ(sum(), "Sum: 2");
+    RangeVector cells{Range(0, 1, RangeIndexType::Model)};
+    cells[0].value = "7";
+    cells[0].hasMainCell = true;
+    table.pushUndoCommand(new SetModelDataCommand(table.tableModel(), cells, true));
+    EXPECT_EQ(sum(), "Sum: 7");
+    window.commandUndo();
+    EXPECT_EQ(sum(), "Sum: 2");
+}
+
 TEST_F(MainWindowTest, CommandsFollowTheContext) {
     window.openFile(write("a.csv", "1,2\n3,4\n"));
     window.commandSelectDown();
@@ -206,6 +241,40 @@ TEST_F(MainWindowTest, ALargeFileLoadsBehindItsProgressAndCanBeClosedMeanwhile) 
     window.openFile(other);
     EXPECT_TRUE(window.closeFile(window.getActiveTable()));
     EXPECT_EQ(window.windowTitle(), "large.csv - Gridwright");
+}
+
+TEST(StatusBar, ALabelIsLeftOutOnlyWhereItsRoomIsMissing) {
+    using Label = StatusBar::Label;
+    QWidget window; // a bar that is a window of its own is never smaller than its labels
+    StatusBar bar(&window);
+    bar.setStyleSheet("QLabel { padding: 2px 5px; }");
+    auto const shown = [&](Label label) {
+        bar.layout()->activate();
+        for (QLabel const* const each : bar.findChildren<QLabel*>()) {
+            if (each->text() == bar.text(label))
+                return each->isVisible();
+        }
+        return false;
+    };
+    constexpr int noLimit = 4000;
+    bar.resize(noLimit, 30);
+    window.show();
+    for (std::size_t i = 0; i < StatusBar::labelCount; ++i)
+        bar.setText(Label(i), QString("label %1 of all").arg(i));
+    for (std::size_t i = 0; i < StatusBar::labelCount; ++i)
+        EXPECT_TRUE(shown(Label(i))) << i;
+    // What the layout itself says all of them need.
+    bar.resize(bar.layout()->totalMinimumSize().width(), 30);
+    EXPECT_TRUE(shown(Label::Stats));
+    bar.resize(bar.width() - 1, 30);
+    EXPECT_FALSE(shown(Label::Stats)); // the least of all
+    EXPECT_TRUE(shown(Label::CellLength));
+    bar.resize(bar.layout()->totalMinimumSize().width(), 30);
+    EXPECT_TRUE(shown(Label::CellLength));
+    bar.resize(bar.width() - 1, 30);
+    EXPECT_FALSE(shown(Label::CellLength));
+    bar.resize(noLimit, 30);
+    EXPECT_TRUE(shown(Label::Stats));
 }
 
 TEST(StatusBar, SizesAreWrittenWithSeparatorsPluralsAndWhatIsVisible) {

@@ -125,6 +125,26 @@ TEST_F(PaneViewTest, TypingGoesToThePaneAndToAllSelectedCells) {
     EXPECT_EQ(pane().toPlainText(), QStringLiteral("old"));
 }
 
+TEST_F(PaneViewTest, AKeyWithoutACharacterLeavesTheCellAndTheOpenEditAlone) {
+    setText(1, 1, QStringLiteral("old"));
+    panes.showEditorPane(true, false);
+    go(1, 1);
+    auto const pressSilentKey = [](Qt::KeyboardModifiers modifiers) {
+        QKeyEvent press(QEvent::KeyPress, 0, modifiers);
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &press);
+    };
+    pressSilentKey(Qt::NoModifier);
+    pressSilentKey(Qt::ShiftModifier);
+    EXPECT_FALSE(view->isEditing());
+    EXPECT_EQ(text(1, 1), QStringLiteral("old"));
+    key(Qt::Key_A);
+    pressSilentKey(Qt::NoModifier);
+    key(Qt::Key_B);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(text(1, 1), QStringLiteral("ab"));
+    EXPECT_EQ(view->undoStack()->count(), 1);
+}
+
 TEST_F(PaneViewTest, NavigationKeysLeaveThePaneIfTheyAreNotItsOwn) {
     panes.setLetEditorPaneConsumeNavigationKeystrokes(false);
     panes.showEditorPane(true, false);

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -229,4 +230,93 @@ TEST_F(PreferenceWindowTest, AnEditableTableBecomesReadOnlyAndBackAndUnsavedChan
     EXPECT_TRUE(loaded());
     EXPECT_EQ(mode(), "Editable");
     EXPECT_EQ(table.tableModel()->dataRaw(table.tableModel()->index(0, 1)).toString(), "b");
+}
+
+TEST_F(PreferencesTest, NoNumberInTheSettingsFileKeepsAWindowFromOpening) {
+    write(directory.filePath("a.csv"), "a,b\n1,2\n3,4\n");
+    Settings const settings;
+    for (Setting const& setting : settings.sorted()) {
+        bool const number = setting.dataType == SettingDataType::Integer ||
+                            setting.dataType == SettingDataType::IntegerFromZero ||
+                            setting.dataType == SettingDataType::IntegerFromOne;
+        for (QByteArray const text : {"2147483647", "-2147483648", "99999999999", "-1", "0", "abc", "\"\""}) {
+            if (!setting.inFile || (!number && text != "2147483647"))
+                continue;
+            SCOPED_TRACE(setting.name.toStdString() + ' ' + text.toStdString());
+            QByteArray const file = "Setting,User Value\n" + setting.name.toUtf8() + ',' + text + '\n';
+            write(settingsPath, file);
+            MainWindow window;
+            window.show();
+            window.openFile(directory.filePath("a.csv"));
+            QCoreApplication::processEvents();
+            window.grab();
+            EXPECT_EQ(read(settingsPath), file);
+        }
+    }
+}
+
+TEST_F(PreferenceWindowTest, AThemeThatIsUnknownIsToldOnceInTheStatusBarAndItsNameStaysInTheFile) {
+    StatusBar const& bar = *window->getStatusBar();
+    EXPECT_EQ(bar.currentMessage(), "");
+    QByteArray const file = "Setting,User Value\nTheme,Pink\n";
+    replace(settingsPath, file);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.currentMessage().contains("\"Pink\""); }, patience));
+    EXPECT_EQ(themeName(), "Dark");
+    window->getStatusBar()->clearMessage();
+    window->onPreferenceChanged(settingsPath);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar.currentMessage(), "");
+    EXPECT_EQ(read(settingsPath), file);
+    MainWindow started;
+    started.show();
+    StatusBar const& newBar = *started.getStatusBar();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return newBar.currentMessage().contains("\"Pink\""); }, patience));
+    for (QLabel const* const label : newBar.findChildren<QLabel*>()) {
+        if (label->accessibleName() == "Table size" || label->accessibleName() == "Selection") {
+            EXPECT_FALSE(label->isVisible()) << "it would shine through the message";
+        }
+    }
+    started.getStatusBar()->setText(StatusBar::Label::Selection, "another text");
+    started.getStatusBar()->clearMessage();
+    for (QLabel const* const label : newBar.findChildren<QLabel*>()) {
+        if (label->accessibleName() == "Table size") {
+            EXPECT_TRUE(label->isVisible());
+        }
+    }
+}
+
+TEST_F(PreferenceWindowTest, ASettingThatCannotBeWrittenIsToldStaysInForceAndIsWrittenLater) {
+    MsgBoxAnswers box;
+    QFile::remove(settingsPath);
+    ASSERT_TRUE(QDir().mkpath(settingsPath));
+    box.next("OK");
+    window->runCommand("Toggle Shade Every Other Row");
+    ASSERT_EQ(box.texts().size(), 1);
+    EXPECT_TRUE(box.texts().first().startsWith("The setting \"Shade Every Other Row\" could not be written"));
+    EXPECT_TRUE(window->getActiveTable()->getSettings().getValueBool(SettingType::ShadeEveryOtherRow));
+
+    ASSERT_TRUE(QDir().rmdir(settingsPath));
+    replace(settingsPath, "Setting,User Value\nShade Every Other Row,\nShow Tab Bar,\n");
+    window->onPreferenceChanged(settingsPath);
+    EXPECT_TRUE(window->getSettings().getValueBool(SettingType::ShadeEveryOtherRow));
+    window->runCommand("Toggle Show Tab Bar");
+    EXPECT_EQ(settingsRow("Shade Every Other Row"), "true");
+    EXPECT_EQ(settingsRow("Show Tab Bar"), "false");
+}
+
+TEST_F(PreferenceWindowTest, ASettingThatTheUserPutIntoTheFileHimselfReplacesOneThatCouldNotBeWritten) {
+    MsgBoxAnswers box;
+    QFile::remove(settingsPath);
+    ASSERT_TRUE(QDir().mkpath(settingsPath));
+    box.next("OK");
+    window->runCommand("Toggle Show Tab Bar");
+    ASSERT_TRUE(QDir().rmdir(settingsPath));
+    replace(settingsPath, "Setting,User Value\nTheme,light\nShow Tab Bar,true\n");
+    window->onPreferenceChanged(settingsPath);
+    EXPECT_FALSE(window->getSettings().getValueBool(SettingType::ShowTabBar));
+    replace(settingsPath, "Setting,User Value\nText Size,20\nShow Tab Bar,false\n");
+    window->onPreferenceChanged(settingsPath);
+    replace(settingsPath, "Setting,User Value\nText Size,20\nShow Tab Bar,true\n");
+    window->onPreferenceChanged(settingsPath);
+    EXPECT_TRUE(window->getSettings().getValueBool(SettingType::ShowTabBar));
 }

@@ -5,6 +5,7 @@
 #include "tests/support/PromptAnswers.h"
 #include "view/TableView.h"
 
+#include <QPointer>
 #include <QScrollBar>
 #include <gtest/gtest.h>
 
@@ -62,6 +63,17 @@ TEST_F(PromptChainTest, ABadAnswerIsToldAndStandsInTheSamePromptAgain) {
     EXPECT_EQ(takeLog(), QStringList());
     prompts.answer("Number:", "1");
     EXPECT_EQ(takeLog(), (QStringList{"closed Number:", "Number:1"}));
+}
+
+TEST_F(PromptChainTest, ASecondEnterOnThePromptThatHasGoneIsNoAnswer) {
+    window.ask(step("A:"));
+    QPointer<Launcher> const launcher = window.getPaneView()->getLauncher();
+    prompts.answer("A:", "1");
+    takeLog();
+    ASSERT_FALSE(launcher.isNull()); // it takes leave before it goes
+    QTest::keyClick(launcher->getEditor(), Qt::Key_Return);
+    emit launcher->launcherResponseWithStateSignal("1", 0, 0, 1);
+    EXPECT_EQ(takeLog(), QStringList());
 }
 
 TEST_F(PromptChainTest, AnswersStandAboveTheNextQuestionAndAreTheWayBack) {

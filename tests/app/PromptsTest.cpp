@@ -236,6 +236,8 @@ TEST_F(PromptsTest, EverySettingWithAValueAsksInItsOwnWordsAndTakesOnlyWhatIsGoo
          "Must be the domain of a service."},
     };
     Settings const settings;
+    EXPECT_EQ(Prompts::setting(settings.get(SettingType::Theme), {}).selected, "Dark");
+    EXPECT_EQ(Prompts::setting(settings.get(SettingType::SearchEngine), {}).selected, "duckduckgo.com");
     for (Case const& wanted : cases) {
         SCOPED_TRACE(qPrintable(wanted.titles.first()));
         QString stored;
@@ -284,6 +286,25 @@ TEST_F(PromptsTest, AReloadAsksForThePartsAndLooksIntoTheFileForWhatIsLeftOpen) 
     EXPECT_EQ(wanted.delimiter, ",");
     EXPECT_EQ(wanted.encoding, EncodingType::Utf16GuessedLE);
     EXPECT_EQ(wanted.parsingStandard, ParsingStandard::DelimiterOnly);
+}
+
+TEST_F(PromptsTest, AQuestionForADialectBeginsAtWhatIsInForceAndNamesTheDelimiters) {
+    model().setDelimiter(";", "|");
+    model().setParsingStandard(ParsingStandard::SparseQuotes);
+    auto const reload = [&](DialectPart part) { return Prompts::reloadDialect({part}, table(), {}); };
+    PromptStep const step = reload(DialectPart::Delimiter);
+    EXPECT_EQ(step.selected, ";");
+    QStringList names;
+    for (OptionData const& option : step.options)
+        names << option.text + '=' + option.valuePill;
+    EXPECT_EQ(names, (QStringList{"(auto)=", ",=comma", "tab=", ";=semi-colon", "|=pipe",
+                                  "space=", "Unit Separator=", "(none)="}));
+    EXPECT_EQ(Prompts::saveDialect({DialectPart::Delimiter}, table()).selected, "|");
+    EXPECT_EQ(reload(DialectPart::Encoding).selected, "UTF-8");
+    EXPECT_EQ(reload(DialectPart::ParsingStandard).selected, "Sparse Quotes");
+    model().setDelimiter("::", ",");
+    EXPECT_EQ(reload(DialectPart::Delimiter).selected, "::");
+    EXPECT_EQ(reload(DialectPart::Delimiter).options.back().response, "::") << "Enter alone changes nothing";
 }
 
 TEST_F(PromptsTest, AnEncodingOfTheListGoesToTheClipboard) {
@@ -348,7 +369,6 @@ TEST_F(PromptsTest, ASettingOfTheProgramReachesItsFileAndEveryTableAndOneOfATabl
         EXPECT_EQ(each->tableModel()->getNumHeaderCols(), each == table() ? 2 : 0);
         EXPECT_EQ(each->getMaximumColumnWidth(), each == table() ? 90 : 800);
     }
-    EXPECT_EQ(table()->getSettings().getValueInt(SettingType::FirstRowIndex), -5);
     EXPECT_EQ(window.getSettings().getValueInt(SettingType::FirstRowIndex), 0);
     QByteArray const file = read(Utilities::getSettingsFilepath());
     EXPECT_TRUE(file.contains("Minimum Number of Table Rows,Global,integer >= 1,50,70\n")) << file.constData();

@@ -5,11 +5,13 @@
 #include "model/undo/DialectCommand.h"
 #include "model/undo/SetModelDataCommand.h"
 #include "tests/support/MsgBoxAnswers.h"
+#include "tests/support/Notices.h"
 #include "tests/support/PromptAnswers.h"
 #include "view/EditorPane.h"
 
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -103,6 +105,103 @@ TEST_F(SaveFlowTest, OutsideChangesUnderEditsAskAndAFileThatGoesClosesItsTable) 
     EXPECT_TRUE(table()->undoStack()->isClean());
     QFile::remove(path);
     EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
+}
+
+TEST_F(SaveFlowTest, ATableWhoseFileWentComesBackWithItsEditsAndItsHistory) {
+    QString const path = write("a.csv", "1\n");
+    window.openFile(path);
+    change("edited");
+    change("again");
+    toggle("Save After Each Edit");
+    QPointer<TableView> const gone = table();
+    gone->startEditing(true, false);
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table() != gone; }));
+    EXPECT_EQ(Notices::texts(window),
+              QStringList("This file was deleted or moved by another program, and its tab was closed: " + path));
+    EXPECT_EQ(window.windowTitle(), "untitled - Gridwright");
+    EXPECT_EQ(read("a.csv"), "unreadable"); // the edit that was open is not written to it
+    Notices::press(window, "Open Last Contents");
+    EXPECT_EQ(Notices::texts(window), QStringList());
+    ASSERT_EQ(table(), gone.data());
+    EXPECT_EQ(window.getPaneView()->getTables().size(), 1U);
+    EXPECT_EQ(window.windowTitle(), "untitled - Gridwright");
+    EXPECT_TRUE(gone->getFilepath().isEmpty());
+    EXPECT_FALSE(gone->undoStack()->isClean());
+    while (gone->undoStack()->index() > 1)
+        gone->undo();
+    EXPECT_EQ(cell(0, 0), "edited");
+    gone->undo();
+    EXPECT_EQ(cell(0, 0), "1");
+    EXPECT_FALSE(gone->undoStack()->isClean()); // it is in no file
+    EXPECT_TRUE(window.saveFileUnder(gone, path, false));
+    EXPECT_EQ(read("a.csv"), "1\n");
+    change("a change by an edit");
+    EXPECT_EQ(read("a.csv"), "a change by an edit\n");
+    toggle("Save After Each Edit");
+}
+
+TEST_F(SaveFlowTest, TheNextFileThatGoesEndsTheOfferOfATableWithoutEdits) {
+    std::vector<QPointer<TableView>> gone;
+    auto const lose = [&](QString const& name, bool edited) {
+        QString const path = write(name, "1\n");
+        window.openFile(path);
+        gone.emplace_back(table());
+        if (edited)
+            change("edited");
+        QFile::remove(path);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.getPaneView()->getTableView(path) == nullptr; }));
+    };
+    lose("a.csv", false);
+    lose("b.csv", true);
+    EXPECT_TRUE(gone[0].isNull());
+    lose("c.csv", false);
+    EXPECT_FALSE(gone[1].isNull());
+    EXPECT_TRUE(Notices::texts(window).value(0).endsWith(": " + directory.filePath("b.csv") + ", " +
+                                                         directory.filePath("c.csv")));
+    Notices::press(window, "Open Last Contents");
+    EXPECT_EQ(window.getPaneView()->getTables().size(), 2U);
+    lose("d.csv", true);
+    Notices::press(window, "Dismiss");
+    EXPECT_TRUE(gone[3].isNull());
+    EXPECT_EQ(Notices::texts(window), QStringList());
+}
+
+TEST_F(SaveFlowTest, AFileThatGoesWhileItsReloadIsAskedAboutKeepsTheEdits) {
+    QString const path = write("a.csv", "1\n");
+    window.openFile(path);
+    change("mine");
+    QPointer<TableView> const own = table();
+    box.next("Reload", [&] { QFile::remove(path); });
+    write("a.csv", "theirs\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table() != own; }));
+    Notices::press(window, "Open Last Contents");
+    EXPECT_EQ(table(), own.data());
+    EXPECT_EQ(cell(0, 0), "mine");
+}
+
+TEST_F(SaveFlowTest, TablesThatGoDuringAQuestionEndTheWorkOnThemOnly) {
+    window.openFile(write("a.csv", "1\n"));
+    change("a");
+    TableView* const first = table();
+    window.openFile(write("b.csv", "1\n"));
+    change("b");
+    QFile::remove(directory.filePath("a.csv"));
+    QDir().mkdir(directory.filePath("a.csv")); // a file cannot take the place of a folder
+    box.next("OK", [&] {
+        first->undoStack()->setClean();
+        window.closeFile(first);
+    });
+    window.commandSaveAllFiles();
+    EXPECT_EQ(read("b.csv"), "b\n");
+    EXPECT_EQ(window.getPaneView()->getTables().size(), 1U);
+    change("b again");
+    box.next("Save", [&] {
+        table()->undoStack()->setClean();
+        window.closeFile(table());
+    });
+    EXPECT_TRUE(window.closeFile(table()));
+    EXPECT_EQ(read("b.csv"), "b\n");
 }
 
 TEST_F(SaveFlowTest, AnOutsideChangeWaitsForTheSortOfItsTable) {
@@ -291,10 +390,13 @@ TEST_F(SaveFlowTest, AskAndIgnoreGovernWhatAnOutsideChangeDoes) {
     write("a.csv", "22\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 1; }));
     EXPECT_EQ(box.texts().value(0), "This file has been changed externally.\n\nWould you like to reload it?");
+    EXPECT_EQ(box.namedFiles().value(0), table()->getFilepath());
     EXPECT_EQ(cell(0, 0), "1");
+    change("mine");
     box.next("Reload");
     write("a.csv", "333\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "333"; }));
+    EXPECT_TRUE(box.namedFiles().last().endsWith("Your unsaved changes would be lost."));
     set("Behavior When File Is Changed Externally", "ignore");
     write("a.csv", "4444\n");
     EXPECT_FALSE(QTest::qWaitFor([&] { return cell(0, 0) != "333"; }, 300));
@@ -331,6 +433,7 @@ TEST_F(SaveFlowTest, AFileFromTheThresholdOnIsOpenedAsTheUserSays) {
     box.next("Open in Edit Mode");
     EXPECT_TRUE(window.openFiles({below, first, second, third}));
     EXPECT_EQ(box.texts().first(), "This file is large (1 MB).\nWould you like to open it in read-only mode?");
+    EXPECT_EQ(box.namedFiles(), (QStringList{first, second, third}));
     auto const opened = [&](QString const& path) { return window.getPaneView()->getTableView(path); };
     EXPECT_FALSE(opened(below)->isReadOnly());
     EXPECT_EQ(opened(first), nullptr);

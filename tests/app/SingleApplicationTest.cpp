@@ -1,132 +1,12 @@
-#include "app/SingleApplication.h"
-
+#include "InstanceProbe.h"
 #include "app/InstanceBlock.h"
-#include "app/SingleApplicationFrames.h"
+#include "app/RuntimeFolder.h"
+#include "app/SharedBlock.h"
 
-#include <QCryptographicHash>
 #include <QElapsedTimer>
-#include <QLocalServer>
-#include <QLocalSocket>
-#include <QProcess>
-#include <QSharedMemory>
-#include <QSystemSemaphore>
-#include <QUuid>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <QFileInfo>
 
 #include <algorithm>
-#include <csignal>
-#include <pwd.h>
-#include <unistd.h>
-
-using namespace SingleApplicationFrames;
-
-namespace {
-
-constexpr int patience = 30000;
-
-/// One start of the program; it ends with this object.
-class Probe {
-public:
-    explicit Probe(QString const& appData, int options = SingleApplication::PerUser, bool allowSecondary = true) {
-        process.start(SINGLE_INSTANCE_PROBE, {appData, QString::number(options), allowSecondary ? "1" : "0"});
-    }
-    ~Probe() { quit(); }
-
-    /// The next line that it says; empty when it has ended.
-    QByteArray line() {
-        while (!process.canReadLine() && process.waitForReadyRead(patience)) {
-        }
-        QByteArray const text = process.readLine();
-        return text.endsWith('\n') ? text.chopped(1) : text;
-    }
-    /// "primary" or "secondary".
-    QByteArray role() { return line().split(' ').first(); }
-    void tell(QByteArray const& command) {
-        process.write(command + '\n');
-        process.waitForBytesWritten(patience);
-    }
-    QByteArray send(QByteArray const& directory, QByteArray const& message, int timeoutMs = patience, int mode = 0) {
-        tell("send " + QByteArray::number(timeoutMs) + ' ' + QByteArray::number(mode) + ' ' + directory.toHex() + ' ' +
-             message.toHex());
-        return mode == 0 ? line() : QByteArray();
-    }
-    void quit() {
-        process.closeWriteChannel();
-        if (!process.waitForFinished(patience)) {
-            process.kill();
-            process.waitForFinished(patience);
-        }
-    }
-    /// Dies without a chance to tidy up.
-    void crash() {
-        process.kill();
-        process.waitForFinished(patience);
-    }
-    void signal(int number) { ::kill(static_cast<pid_t>(process.processId()), number); }
-    QByteArray errors() { return process.readAllStandardError(); }
-
-    QProcess process;
-};
-
-QByteArray received(int id, QByteArray const& message) {
-    return "message " + QByteArray::number(id) + ' ' + message.toHex();
-}
-
-class SingleApplicationTest : public testing::Test {
-protected:
-    void TearDown() override {
-        QSharedMemory block(name());
-        EXPECT_FALSE(block.attach()) << "a block is left behind";
-        QLocalServer::removeServer(name());
-        // A crash leaves the semaphore of the lock; whoever opens it to create it removes it.
-        QSystemSemaphore const semaphore(name(), 1, QSystemSemaphore::Create);
-    }
-
-    /// The name of block and socket of a probe with the mode PerUser.
-    QString name() const {
-        QByteArray const user = getpwuid(geteuid())->pw_name;
-        QByteArray const text = "SingleApplication"
-                                "single_instance_probe" +
-                                appData.toUtf8() + SINGLE_INSTANCE_PROBE + user;
-        QByteArray const digest = QCryptographicHash::hash(text, QCryptographicHash::Sha256);
-        return QString::fromLatin1(digest.toBase64()).replace('/', '_');
-    }
-
-    QByteArray init(ConnectionType type, quint32 id = 5) const {
-        return encodeInitMessage({name().toLatin1(), type, id});
-    }
-
-    QString const appData = QUuid::createUuid().toString();
-};
-
-QByteArray framed(QByteArray const& body) {
-    return encodeHeader(body.size()) + body;
-}
-
-void connectTo(QLocalSocket& client, QString const& name) {
-    client.connectToServer(name);
-    ASSERT_TRUE(client.waitForConnected(patience));
-}
-
-QByteArray acknowledgements(QLocalSocket& client, int count) {
-    while (client.bytesAvailable() < count && client.waitForReadyRead(patience)) {
-    }
-    return client.readAll();
-}
-
-/// Whether the server drops a client that says this, part by part.
-bool isDropped(QString const& name, QList<QByteArray> const& parts) {
-    QLocalSocket client;
-    connectTo(client, name);
-    for (QByteArray const& part : parts) {
-        client.write(part);
-        client.waitForBytesWritten(patience);
-    }
-    return client.state() == QLocalSocket::UnconnectedState || client.waitForDisconnected(patience);
-}
-
-} // namespace
 
 TEST_F(SingleApplicationTest, SecondariesHandMessagesOver) {
     Probe primary(appData);
@@ -142,7 +22,7 @@ TEST_F(SingleApplicationTest, SecondariesHandMessagesOver) {
     EXPECT_EQ(second.line(), "secondary 2 " + record);
 
     QByteArray const directory = "/home/J\xc3\xb6rg";
-    QByteArray const large(3'000'000, '<');
+    QByteArray const large(maximumMessageSize - directory.size() - 1, 'x');
     for (QByteArray const& message : {QByteArray("/usr/bin/program<a<b.csv<\xe2\x82\xac.csv"), QByteArray(), large}) {
         EXPECT_EQ(second.send(directory, message), "sent");
         EXPECT_EQ(primary.line(), received(2, directory + '<' + message));
@@ -210,9 +90,9 @@ TEST_F(SingleApplicationTest, BusyPrimaryIsWaitedForWithinTheTimeOut) {
     EXPECT_EQ(sender.send("", "on a new connection"), "sent");
     EXPECT_EQ(primary.line(), received(1, "<on a new connection"));
 
-    // A client whose time is over after the last frame has gone: the message counts.
+    // A client that has gone before its message was taken opens its files itself.
     QLocalSocket client;
-    connectTo(client, name());
+    connectTo(client, socketPath());
     client.write(framed(init(ConnectionType::MessageConnection)) + encodeHeader(4));
     EXPECT_EQ(acknowledgements(client, 3), QByteArray(3, acknowledgement));
     primary.signal(SIGSTOP);
@@ -220,7 +100,8 @@ TEST_F(SingleApplicationTest, BusyPrimaryIsWaitedForWithinTheTimeOut) {
     client.waitForBytesWritten(patience);
     client.close();
     primary.signal(SIGCONT);
-    EXPECT_EQ(primary.line(), received(5, "late"));
+    EXPECT_EQ(sender.send("", "the next"), "sent");
+    EXPECT_EQ(primary.line(), received(1, "<the next"));
 }
 
 TEST_F(SingleApplicationTest, NextStartAfterACrashIsPrimary) {
@@ -235,30 +116,37 @@ TEST_F(SingleApplicationTest, NextStartAfterACrashIsPrimary) {
     EXPECT_EQ(next.line(), received(1, "<x"));
 }
 
-TEST_F(SingleApplicationTest, BlockOfACrashedPrimaryThatIsStillHeldCostsTheMessage) {
+TEST_F(SingleApplicationTest, PlaceOfACrashedPrimaryWhoseBlockIsStillHeldIsTakenWithTheMessage) {
     Probe crashed(appData);
     ASSERT_EQ(crashed.role(), "primary");
-    QSharedMemory holder(name());
-    ASSERT_TRUE(holder.attach());
+    Probe holder(appData);
+    ASSERT_EQ(holder.role(), "secondary");
     crashed.crash();
-    Probe lost(appData);
-    EXPECT_EQ(lost.role(), "secondary");
-    EXPECT_EQ(lost.send("", "lost", 100), "not sent");
+    Probe start(appData);
+    EXPECT_EQ(start.role(), "secondary");
+    EXPECT_EQ(start.send("", "nobody", 100), "not sent");
+    EXPECT_EQ(start.handOver("to me"), "own, primary");
+    EXPECT_EQ(holder.handOver("to the next"), "taken");
+    EXPECT_EQ(start.line(), received(1, "/<to the next"));
 }
 
 TEST_F(SingleApplicationTest, DamagedBlockRecovers) {
-    QSharedMemory holder(name());
-    ASSERT_TRUE(holder.create(sizeof(InstanceBlock)));
-    EXPECT_EQ(sizeof(InstanceBlock), 152U);
-    ASSERT_FALSE(static_cast<InstanceBlock*>(holder.data())->isConsistent());
-    QElapsedTimer elapsed;
-    elapsed.start();
-    Probe next(appData);
-    EXPECT_EQ(next.role(), "primary");
-    EXPECT_GT(elapsed.elapsed(), 5000);
-    EXPECT_THAT(next.errors().toStdString(),
-                testing::HasSubstr("SingleApplication: Shared memory block has been in an inconsistent state from more "
-                                   "than 5s. Assuming primary instance failure.\n"));
+    RuntimeFolder place;
+    SharedBlock holder;
+    ASSERT_TRUE(place.open(true) && place.lock(QDeadlineTimer(patience)));
+    ASSERT_EQ(holder.create(place, name()), SharedBlock::Result::Attached);
+    holder.data()->primary = 1;
+    EXPECT_EQ(QFileInfo(blockPath()).size(), 152);
+    place.unlock();
+    {
+        Probe next(appData);
+        EXPECT_EQ(next.role(), "primary");
+        EXPECT_THAT(next.errors().toStdString(),
+                    testing::HasSubstr("SingleApplication: Shared memory block has been in an inconsistent state from "
+                                       "more than 5s. Assuming primary instance failure.\n"));
+    }
+    ASSERT_TRUE(place.lock(QDeadlineTimer(patience)));
+    holder.release(place);
 }
 
 TEST_F(SingleApplicationTest, OneOfTwoStartsAtOnceIsPrimary) {
@@ -284,14 +172,14 @@ TEST_F(SingleApplicationTest, ClientsThatLieAreDroppedWithoutASignal) {
     QByteArray const wrongName = encodeInitMessage({"other", ConnectionType::FreshStart, 5});
     QByteArray const good = framed(init(ConnectionType::MessageConnection));
     for (quint64 length : {quint64(4096), quint64(1) << 33, ~quint64(0)}) {
-        EXPECT_TRUE(isDropped(name(), {encodeHeader(length)})) << length;
+        EXPECT_TRUE(isDropped(socketPath(), {encodeHeader(length)})) << length;
     }
-    EXPECT_TRUE(isDropped(name(), {framed(wrongChecksum)}));
-    EXPECT_TRUE(isDropped(name(), {framed(wrongName)}));
-    EXPECT_TRUE(isDropped(name(), {framed(QByteArray())}));
-    EXPECT_TRUE(isDropped(name(), {framed("GET / HTTP/1.1\r\n\r\n")}));
-    EXPECT_TRUE(isDropped(name(), {good, encodeHeader(~quint64(0))}));
-    EXPECT_TRUE(isDropped(name(), {good, encodeHeader(maximumMessageSize + 1)}));
+    EXPECT_TRUE(isDropped(socketPath(), {framed(wrongChecksum)}));
+    EXPECT_TRUE(isDropped(socketPath(), {framed(wrongName)}));
+    EXPECT_TRUE(isDropped(socketPath(), {framed(QByteArray())}));
+    EXPECT_TRUE(isDropped(socketPath(), {framed("GET / HTTP/1.1\r\n\r\n")}));
+    EXPECT_TRUE(isDropped(socketPath(), {good, encodeHeader(~quint64(0))}));
+    EXPECT_TRUE(isDropped(socketPath(), {good, encodeHeader(maximumMessageSize + 1)}));
 
     Probe honest(appData);
     ASSERT_EQ(honest.role(), "secondary");
@@ -305,7 +193,7 @@ TEST_F(SingleApplicationTest, FramesMayComeInPiecesAndBreakOff) {
     QByteArray const talk =
         framed(init(ConnectionType::MessageConnection)) + framed("one") + framed("") + framed("two");
     QLocalSocket slow;
-    connectTo(slow, name());
+    connectTo(slow, socketPath());
     for (char byte : talk) {
         slow.write(&byte, 1);
         slow.waitForBytesWritten(patience);
@@ -319,7 +207,7 @@ TEST_F(SingleApplicationTest, FramesMayComeInPiecesAndBreakOff) {
     qsizetype const beforeTheEnd = talk.indexOf("one") + 2;
     for (qsizetype length = 0; length <= beforeTheEnd; ++length) {
         QLocalSocket client;
-        connectTo(client, name());
+        connectTo(client, socketPath());
         client.write(talk.left(length));
         client.waitForBytesWritten(patience);
     }

@@ -179,13 +179,14 @@ TEST_F(PreferenceFilesTest, AFileIsValidIfItsTitlesStandInOneOfItsFirstRows) {
 TEST_F(PreferenceFilesTest, AnUpdateKeepsTheUsersValuesAndDropsWhatIsGone) {
     write(settingsPath,
           "Old text\nUser Value,Setting\nlight,Theme\n7,Dropped Setting\n0,Text Size\nSetting,User Value\n"
-          "42,First Row Index\n");
+          "42,First Row Index\n2147483647,Number of Buffer Rows\n");
     ASSERT_TRUE(PreferenceFiles::updateSettingsFile());
     QList<QByteArray> written = lines(settingsPath);
     EXPECT_EQ(written.size(), 8 + 47 + 1);
     EXPECT_TRUE(written.contains("Theme,Global,theme,dark,light"));
     EXPECT_TRUE(written.contains("Text Size,Global,integer >= 1,13,"));
     EXPECT_TRUE(written.contains("First Row Index,Table,integer,0,42"));
+    EXPECT_TRUE(written.contains("Number of Buffer Rows,Global,integer >= 0,2,2147483647"));
 
     addShortcuts("Command,User Shortcut\nSave File,f9\nDropped Command,f10\nUndo,(none)\n");
     written = lines(shortcutsPath);
@@ -212,14 +213,24 @@ TEST_F(PreferenceFilesTest, AnUpdateKeepsTheUsersValuesAndDropsWhatIsGone) {
 TEST_F(PreferenceFilesTest, OneSettingIsWrittenIntoItsCellAndTheDefaultEmptiesIt) {
     write(settingsPath, "mine\nUser Value,Setting,Note\n,Show Tab Bar,keep\n,Theme,me\n");
     Settings settings;
+    settings.setValue(SettingType::Theme, QString("Dark"));
     settings.toggleBoolValue(SettingType::ShowTabBar);
-    ASSERT_TRUE(PreferenceFiles::writeSettingToFile(settings, SettingType::ShowTabBar));
+    ASSERT_EQ(PreferenceFiles::writeSettingToFile(settings, SettingType::ShowTabBar), QString());
     EXPECT_EQ(read(settingsPath), "mine,,\nUser Value,Setting,Note\nfalse,Show Tab Bar,keep\n,Theme,me\n");
     settings.toggleBoolValue(SettingType::ShowTabBar);
-    ASSERT_TRUE(PreferenceFiles::writeSettingToFile(settings, SettingType::ShowTabBar));
+    ASSERT_EQ(PreferenceFiles::writeSettingToFile(settings, SettingType::ShowTabBar), QString());
     EXPECT_EQ(read(settingsPath), "mine,,\nUser Value,Setting,Note\n,Show Tab Bar,keep\n,Theme,me\n");
-    EXPECT_TRUE(PreferenceFiles::writeSettingToFile(settings, SettingType::Font));
+    EXPECT_EQ(PreferenceFiles::writeSettingToFile(settings, SettingType::Font), QString());
     EXPECT_FALSE(read(settingsPath).contains("Liberation"));
+    EXPECT_EQ(PreferenceFiles::writeSettingToFile(settings, SettingType::Theme), QString());
+    EXPECT_TRUE(read(settingsPath).endsWith("\n,Theme,me\n")) << "the default in other letters is the default";
+    QFile::remove(settingsPath);
+    settings.setValue(SettingType::TextSize, 15);
+    EXPECT_EQ(PreferenceFiles::writeSettingToFile(settings, SettingType::Theme), QString());
+    EXPECT_TRUE(lines(settingsPath).contains("Text Size,Global,integer >= 1,13,15"));
+    QFile::remove(settingsPath);
+    ASSERT_TRUE(QDir().mkpath(settingsPath));
+    EXPECT_NE(PreferenceFiles::writeSettingToFile(settings, SettingType::Theme), QString());
 }
 
 TEST_F(PreferenceFilesTest, UserShortcutsReplaceRemoveAndFallBack) {

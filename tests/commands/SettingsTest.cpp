@@ -59,6 +59,48 @@ TEST(Settings, TextOfEveryKindIsTakenIfItIsValid) {
     EXPECT_FALSE(Settings().setFromString("No Such Setting", "1"));
 }
 
+TEST(Settings, ANumberBeyondWhatThePromptsTakeIsTheLastGoodOneAndItsTextStays) {
+    struct Case {
+        SettingType type;
+        char const* text;
+        int inForce;
+        char const* kept;
+    };
+    Case const cases[] = {
+        {SettingType::NumberOfBufferRows, "2147483647", 1000000, "2147483647"},
+        {SettingType::NumberOfBufferColumns, "1000001", 1000000, "1000001"},
+        {SettingType::MinimumNumberOfTableColumns, "-2147483648", 50, "50"},
+        {SettingType::FirstRowIndex, "-2147483648", -1000000, "-2147483648"},
+        {SettingType::FirstColumnIndex, "2147483647", 1000000, "2147483647"},
+        {SettingType::TextSize, "501", 500, "501"},
+        {SettingType::DefaultRowHeight, "2001", 2000, "2001"},
+        {SettingType::DefaultColumnWidth, "20000", 20000, "20000"},
+    };
+    for (Case const& entry : cases) {
+        Settings settings;
+        settings.setFromString(settings.get(entry.type).name, entry.text);
+        EXPECT_EQ(settings.getValueInt(entry.type), entry.inForce) << entry.text;
+        EXPECT_EQ(settings.displayText(entry.type), QString::number(entry.inForce)) << entry.text;
+        EXPECT_EQ(settings.convertValueToStringForFile(entry.type), entry.kept);
+    }
+}
+
+TEST(Settings, AThemeIsKnownInAnyCaseOfLettersAndAnUnknownOneKeepsItsName) {
+    Settings settings;
+    for (char const* const name : {"dark", "DARK", " Dark "}) {
+        settings.setFromString("Theme", name);
+        EXPECT_TRUE(settings.isThemeKnown() && settings.isDefault(SettingType::Theme)) << name;
+        EXPECT_EQ(settings.displayText(SettingType::Theme), "Dark");
+    }
+    settings.setFromString("Theme", "solarized LIGHT");
+    EXPECT_EQ(settings.displayText(SettingType::Theme), "Solarized Light");
+    EXPECT_FALSE(settings.isDefault(SettingType::Theme));
+    settings.setFromString("Theme", "Pink");
+    EXPECT_FALSE(settings.isThemeKnown());
+    EXPECT_EQ(settings.displayText(SettingType::Theme), "Dark");
+    EXPECT_EQ(settings.convertValueToStringForFile(SettingType::Theme), "Pink");
+}
+
 TEST(Settings, ValuesAreReadInTheirTypesAndShownInTheirWords) {
     Settings settings;
     EXPECT_EQ(settings.getValueRefreshBehavior(SettingType::BehaviorWhenFileIsChangedExternally),

@@ -34,4 +34,21 @@ TEST(ShortcutGrammar, readsAlternativesAndChords) {
     }
 }
 
+TEST(ShortcutGrammar, EnterIsReturnAsWell) {
+    struct Case {
+        char const* text;
+        QStringList others;
+    };
+    for (Case const& row : std::vector<Case>{{"ctrl+return", {}},
+                                             {"f4", {}},
+                                             {"ctrl+shift+enter", {"Ctrl+Shift+Return"}},
+                                             {"ctrl+k,enter", {"Ctrl+K, Return"}},
+                                             {"enter,enter", {"Return, Enter", "Enter, Return", "Return, Return"}}}) {
+        QStringList others;
+        for (QKeySequence const& sequence : withReturnForEnter(getKeySequenceList(row.text).first()))
+            others += sequence.toString(QKeySequence::PortableText);
+        EXPECT_EQ(others, row.others) << row.text << " gives " << qPrintable(others.join(" | "));
+    }
+}
+
 } // namespace

@@ -78,7 +78,7 @@ class DesktopTest(unittest.TestCase):
         self._start_window_manager()
 
     def tearDown(self):
-        if self._has_failed():
+        if not self._outcome.success:
             FAILURES.mkdir(parents=True, exist_ok=True)
             self.display.write_png(FAILURES / f"{self.id()}.png")
         self._show_output()
@@ -390,12 +390,6 @@ class DesktopTest(unittest.TestCase):
             except subprocess.TimeoutExpired:
                 process.send_signal(signal.SIGKILL)
                 process.wait()
-
-    def _has_failed(self):
-        outcome = self._outcome
-        if hasattr(outcome, "errors"):  # before Python 3.11
-            return any(error for _, error in outcome.errors)
-        return not outcome.success
 
     def _show_output(self):
         for log in sorted(self.root.glob("output-*.txt")):

@@ -44,7 +44,7 @@ TEST(ConcealedList, MapsAsWalkingOverTheTableWould) {
             int const expected = past < 0 ? shown[static_cast<std::size_t>(model)] : count + past;
             ASSERT_EQ(list.toRaw(model), expected);
         }
-        for (int raw = 0; raw < count && !shown.empty(); ++raw) {
+        for (int raw = 0; raw < count; ++raw) {
             int const nearest = nearestShownAbove(shown, raw);
             ASSERT_EQ(list.toNearestModel(raw, static_cast<int>(shown.size())), nearest);
             ASSERT_EQ(list.toModel(raw), list.contains(raw) ? -1 : nearest);
@@ -68,6 +68,8 @@ TEST(ConcealedList, AnswersAtItsEdges) {
     EXPECT_EQ(middle.toModel(3), -1);
     EXPECT_EQ(middle.toNearestModel(3, 4), 1);
     EXPECT_EQ(concealing({0}).toNearestModel(0, 5), 0);
+    for (int const raw : {0, 1, 2, 7})
+        EXPECT_EQ(concealing({0, 1}).toNearestModel(raw, 0), 0) << "of no line in sight, line " << raw;
 }
 
 TEST(ConcealedList, FollowsInsertionsAndRemovals) {

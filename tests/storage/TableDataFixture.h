@@ -29,8 +29,8 @@ protected:
     }
 
     bool open(QString const& path, bool useThread, EncodingType encoding = EncodingType::Utf8) {
-        return data.loadCSV(path, useThread, TableData::DataContainerType::Editable, QStringLiteral(","), QStringLiteral(","),
-                     encoding, ParsingStandard::Rfc4180);
+        return data.loadCSV(path, useThread, TableData::DataContainerType::Editable, QStringLiteral(","),
+                            QStringLiteral(","), encoding, ParsingStandard::Rfc4180);
     }
 
     /// What the model shows, cells by blanks and rows by bars, "-" for an empty cell.

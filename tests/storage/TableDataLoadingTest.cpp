@@ -1,7 +1,6 @@
-#include "tests/storage/TableDataFixture.h"
-
 #include "storage/CellPatch.h"
 #include "storage/TakenLines.h"
+#include "tests/storage/TableDataFixture.h"
 #include "tests/support/HeldReads.h"
 
 #include <QCoreApplication>
@@ -195,15 +194,15 @@ TEST_F(TableDataLoading, AFileBeyondTheLimitsOpensUpToThereAndIsNotOverwritten) 
         QByteArray file, delimiter, expected, reason;
     };
     data.setLoadLimits({3, 4});
-    for (Case const& c : std::vector<Case>{
-             {"a,b,c,d\ne\nf", ",", "a b c d|e - - -|f - - -", ""},
-             {"a\nb\nc\nd\ne\n", ",", "a|b|c", "It has more than 3 rows."},
-             {"a,b\nc,d,e,f,g,h\ni\n", ",", "a b - -|c d e f", "It has more than 4 columns."},
-             {"a,b,c,d,e", ",", "a b c d", "It has more than 4 columns."},
-             {",,,,,\n", ",", "- - - -", "It has more than 4 columns."},
-             {"a, b, c, d\ne", ", ", "a b c d|e - - -", ""},
-             {"a\nb\nc\nd", ", ", "a|b|c", "It has more than 3 rows."},
-             {"a, b, c, d, e, f\n", ", ", "a b c d", "It has more than 4 columns."}}) {
+    for (Case const& c :
+         std::vector<Case>{{"a,b,c,d\ne\nf", ",", "a b c d|e - - -|f - - -", ""},
+                           {"a\nb\nc\nd\ne\n", ",", "a|b|c", "It has more than 3 rows."},
+                           {"a,b\nc,d,e,f,g,h\ni\n", ",", "a b - -|c d e f", "It has more than 4 columns."},
+                           {"a,b,c,d,e", ",", "a b c d", "It has more than 4 columns."},
+                           {",,,,,\n", ",", "- - - -", "It has more than 4 columns."},
+                           {"a, b, c, d\ne", ", ", "a b c d|e - - -", ""},
+                           {"a\nb\nc\nd", ", ", "a|b|c", "It has more than 3 rows."},
+                           {"a, b, c, d, e, f\n", ", ", "a b c d", "It has more than 4 columns."}}) {
         QString const file = write("limits.csv", c.file);
         QString const delimiter = c.delimiter;
         data.loadCSV(file, false, TableData::DataContainerType::Editable, delimiter, delimiter, EncodingType::Utf8,

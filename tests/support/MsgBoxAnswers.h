@@ -6,6 +6,9 @@
 #include <QQueue>
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 /// Presses the buttons of message boxes while it lives. A box that no answer was given for fails the test, and so does
 /// an answer to a box that never came.
 class MsgBoxAnswers {
@@ -15,25 +18,39 @@ public:
     }
     ~MsgBoxAnswers() {
         MsgBox::setAnswer({});
-        EXPECT_TRUE(answers.isEmpty()) << "not asked: " << qPrintable(QStringList(answers).join(", "));
+        for (Answer const& left : answers)
+            ADD_FAILURE() << "not asked: " << qPrintable(left.label);
     }
 
-    /// The next box is answered by the button with this label.
-    void next(QString const& label) { answers.enqueue(label); }
+    /// The next box is answered by the button with this label, after `meanwhile` has happened before it.
+    void next(QString const& label, std::function<void()> meanwhile = {}) {
+        answers.enqueue({label, std::move(meanwhile)});
+    }
     QStringList const& texts() const { return shown; }
+    /// The files that the boxes were about; empty where a box names none beside its text.
+    QStringList const& namedFiles() const { return files; }
 
 private:
+    struct Answer {
+        QString label;
+        std::function<void()> meanwhile;
+    };
+
     QAbstractButton* press(MsgBox const& box) {
         shown << box.text();
-        QString const label = answers.isEmpty() ? QString() : answers.dequeue();
+        files << box.informativeText();
+        Answer const next = answers.isEmpty() ? Answer() : answers.dequeue();
+        if (next.meanwhile)
+            next.meanwhile();
         for (QAbstractButton* const button : box.buttons()) {
-            if (button->text().remove(QLatin1Char('&')) == label)
+            if (button->text().remove(QLatin1Char('&')) == next.label)
                 return button;
         }
         ADD_FAILURE() << "unasked: " << qPrintable(box.text());
         return box.buttons().value(0);
     }
 
-    QQueue<QString> answers;
+    QQueue<Answer> answers;
     QStringList shown;
+    QStringList files;
 };

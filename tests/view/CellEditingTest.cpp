@@ -35,6 +35,11 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
         closeOld();
     }
+    /// A key of texts that brings none, as one that switches the keyboard's layout.
+    void pressSilentKey(QWidget* receiver, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent key(QEvent::KeyPress, 0, modifiers);
+        QCoreApplication::sendEvent(receiver, &key);
+    }
     QString text(int row, int col) { return model().index(row, col).data(Qt::EditRole).toString(); }
     void setText(int row, int col, QString const& text) { model().setData(model().index(row, col), text); }
     std::pair<int, int> mainCell() { return {model().getMainCell().row, model().getMainCell().col}; }
@@ -91,6 +96,44 @@ TEST_F(CellEditingTest, AppendingKeepsTheTextAndTheCaretAtItsEnd) {
     EXPECT_EQ(text(2, 1), QStringLiteral("2:1!"));
     EXPECT_EQ(mainCell(), std::pair(4, 3));
     EXPECT_TRUE(isClosed());
+}
+
+TEST_F(CellEditingTest, TheCaretOfAnAppendedTextStandsBehindItAndInSightInEitherDirection) {
+    QString const hebrew = QStringLiteral("\u05d0\u05d1\u05d2");
+    for (QString const& content : {QStringLiteral("abc"), hebrew, hebrew.repeated(200), QString(600, u'a')}) {
+        setText(2, 1, content);
+        select(2, 1);
+        view.editMainCellAppend();
+        ASSERT_NE(editor(), nullptr);
+        EXPECT_EQ(editor()->cursorPosition(), content.size());
+        EXPECT_FALSE(editor()->hasSelectedText());
+        editor()->grab(); // a line edit scrolls to its caret as it is painted
+        QRect const caret = editor()->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+        EXPECT_TRUE(editor()->rect().intersects(caret));
+        type(QStringLiteral("!"));
+        press(Qt::Key_Return);
+        EXPECT_EQ(text(2, 1), content + u'!');
+    }
+}
+
+TEST_F(CellEditingTest, AKeyWithoutACharacterNeitherBeginsNorRestartsAnEdit) {
+    select(2, 1);
+    for (Qt::KeyboardModifiers const modifiers : {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier)}) {
+        pressSilentKey(&view, modifiers);
+        EXPECT_TRUE(isClosed());
+    }
+    type(QStringLiteral("a"));
+    QPointer<QuickEdit> const open = editor();
+    pressSilentKey(open);
+    // A character that the editor has no use for comes back to the table as well.
+    open->setReadOnly(true);
+    type(QStringLiteral("b"));
+    open->setReadOnly(false);
+    type(QStringLiteral("c"));
+    EXPECT_EQ(editor(), open);
+    press(Qt::Key_Return);
+    EXPECT_EQ(text(2, 1), QStringLiteral("ac"));
+    EXPECT_EQ(view.undoStack()->count(), 1);
 }
 
 TEST_F(CellEditingTest, TypingInManyCellsShowsInAllAndOneUndoRestoresAll) {

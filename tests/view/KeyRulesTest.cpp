@@ -11,8 +11,10 @@ namespace {
 
 constexpr int inputMethodKey = 229;
 
+/// What a keyboard sends: keys of ASCII characters bring them.
 KeyDecision press(int key, Qt::KeyboardModifiers modifiers, KeyState const& state = {}, quint32 native = 0) {
-    return decideKey(QKeyEvent(QEvent::KeyPress, key, modifiers, 0, native, 0), state);
+    QString const text = key >= ' ' && key <= '~' ? QString(QChar(key)) : QString();
+    return decideKey(QKeyEvent(QEvent::KeyPress, key, modifiers, 0, native, 0, text), state);
 }
 
 KeyState editingInPane(bool paneTakesKeys) {
@@ -62,6 +64,8 @@ TEST(KeyRules, DecideByKeyModifiersAndState) {
     editing.editing = editing.cellEditing = true;
     KeyState shownEditor = editing;
     shownEditor.cellEditorShown = true;
+    KeyState left = shownEditor;
+    left.leftByEditor = true;
     for (Case const& test : std::vector<Case>{
              {"letter while loading", Qt::Key_A, Qt::NoModifier, dead, KeyAction::Swallow},
              {"ctrl while loading", Qt::Key_C, Qt::ControlModifier, dead, KeyAction::Swallow},
@@ -83,6 +87,9 @@ TEST(KeyRules, DecideByKeyModifiersAndState) {
              {"keypad digit", Qt::Key_5, Qt::KeypadModifier, idle, KeyAction::StartEdit},
              {"shift keypad digit", Qt::Key_5, Qt::ShiftModifier | Qt::KeypadModifier, idle, KeyAction::PassToBase},
              {"letter in an editor", Qt::Key_A, Qt::NoModifier, shownEditor, KeyAction::StartEdit},
+             {"letter that the editor left", Qt::Key_A, Qt::NoModifier, left, KeyAction::Swallow},
+             {"alt digit that the editor left", Qt::Key_1, Qt::AltModifier, left, KeyAction::Swallow},
+             {"return that the editor left", Qt::Key_Return, Qt::NoModifier, left, KeyAction::NextRow},
              {"alt digit", Qt::Key_1, Qt::AltModifier, idle, KeyAction::StartEdit},
              {"alt keypad digit", Qt::Key_1, Qt::AltModifier | Qt::KeypadModifier, idle, KeyAction::StartEdit},
              {"alt digit with an editor", Qt::Key_1, Qt::AltModifier, shownEditor, KeyAction::Swallow},
@@ -94,6 +101,34 @@ TEST(KeyRules, DecideByKeyModifiersAndState) {
         EXPECT_EQ(press(test.key, test.modifiers, test.state).action, test.expected) << test.what;
     EXPECT_EQ(press(Qt::Key_A, Qt::NoModifier, idle, inputMethodKey).action, KeyAction::PassToBase);
     EXPECT_EQ(press(Qt::Key_Right, Qt::NoModifier).direction, Direction::Right);
+}
+
+TEST(KeyRules, OnlyAKeyThatBringsACharacterStartsAnEdit) {
+    struct Case {
+        char const* what;
+        int key;
+        QString text;
+        bool starts;
+    };
+    for (Case const& test : std::vector<Case>{
+             {"a letter of a layout", Qt::Key_A, QStringLiteral("ä"), true},
+             {"a letter outside the plane", 0, QString::fromUcs4(U"\U0001d504", 1), true},
+             {"a space", Qt::Key_Space, QStringLiteral(" "), true},
+             {"a joiner", 0, QString(QChar(0x200d)), true},
+             {"a private character", 0, QString(QChar(0xe000)), true},
+             {"a switch of the layout", 0, QString(), false},
+             {"an unassigned key", 0x0100011f, QString(), false},
+             {"a letter without text", Qt::Key_A, QString(), false},
+             {"a digit without text", Qt::Key_1, QString(), false},
+             {"half a character", Qt::Key_A, QString(QChar(0xd835)), false},
+             {"a control character", Qt::Key_A, QString(QChar(0x1b)), false},
+             {"a dead key", Qt::Key_Dead_Acute, QString(QChar(0xb4)), false},
+         }) {
+        Qt::KeyboardModifiers const modifiers = test.key == Qt::Key_1 ? Qt::AltModifier : Qt::NoModifier;
+        KeyAction const action =
+            decideKey(QKeyEvent(QEvent::KeyPress, test.key, modifiers, test.text), KeyState()).action;
+        EXPECT_EQ(action == KeyAction::StartEdit, test.starts) << test.what;
+    }
 }
 
 TEST(KeyRules, TabIsTheTablesUnlessThePaneTakesIt) {

@@ -131,6 +131,29 @@ TEST_F(TableViewInput, ADragSelectsItsRectangle) {
     EXPECT_EQ(model().getMainCell(), modelCell(10, 0));
 }
 
+TEST_F(TableViewInput, PressesThatBeginNoSelectionDrawNoRectangle) {
+    load(20, 6);
+    QSignalSpy const sizes(&view, &TableView::selectionSizeChangedSignal);
+    auto const size = [&] { return sizes.last().first().value<RangeSize>(); };
+    selectRanges("C2,2* C3,3 C4,4");
+    press(3, 3, Qt::AltModifier);
+    EXPECT_EQ(selection(), "C2,2* C4,4");
+    EXPECT_EQ(size().cells, 2); // told at once
+    dragTo(centreOf(6, 5), Qt::AltModifier);
+    EXPECT_EQ(model().getPendingCornerEnd().row, -1);
+    release(centreOf(6, 5), Qt::AltModifier);
+    EXPECT_EQ(selection(), "C2,2* C4,4");
+    EXPECT_EQ(size(), (RangeSize{.cells = 2}));
+
+    click(5, 1);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, centreOf(5, 1));
+    dragTo(centreOf(5, 1) + QPoint(1, 0));
+    release(centreOf(5, 1) + QPoint(1, 0));
+    EXPECT_EQ(model().getPendingCornerEnd().row, -1);
+    EXPECT_EQ(size().cells, 1);
+    view.stopEditing();
+}
+
 TEST_F(TableViewInput, ADragPastTheEdgeGoesOnAndScrolls) {
     load(200, 6);
     press(5, 1);

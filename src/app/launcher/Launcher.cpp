@@ -78,9 +78,9 @@ void Launcher::setEditorCursorPosition(int position) {
     editor->setCursorPosition(position);
 }
 
-void Launcher::setOptions(std::vector<OptionData> const& options) {
+void Launcher::setOptions(std::vector<OptionData> const& options, QString const& noMatch) {
     delete optionList;
-    optionList = new OptionListWidget(options, theme, this);
+    optionList = new OptionListWidget(options, noMatch, theme, this);
     layout()->addWidget(optionList);
     optionList->show(); // at once, so that it counts in the height
     connect(editor, &QLineEdit::textChanged, optionList, &OptionListWidget::updateOptionList);
@@ -88,6 +88,12 @@ void Launcher::setOptions(std::vector<OptionData> const& options) {
     connect(optionList, &OptionListWidget::selectionChangedSignal, this, &Launcher::selectionChangedSignal);
     connect(optionList, &OptionListWidget::scrolledSignal, this, &Launcher::putFocusInPromptEditor);
     connect(optionList, &OptionListWidget::contentHeightChangedSignal, this, &Launcher::heightChangedSignal);
+}
+
+void Launcher::selectOption(QString const& response) {
+    if (optionList != nullptr) {
+        optionList->selectResponse(response);
+    }
 }
 
 void Launcher::setupEntryFeedback() {

@@ -28,8 +28,10 @@ public:
     void setEditorCursorPosition(int position);
     /// Whether an answer closes the launcher, as it does at first.
     void setCloseOnResponse(bool on) { closeOnResponse = on; }
-    /// Offers rows, of which what is typed filters the fitting ones.
-    void setOptions(std::vector<OptionData> const& options);
+    /// Offers rows, of which what is typed filters the fitting ones. `noMatch` stands in their place when none fits.
+    void setOptions(std::vector<OptionData> const& options, QString const& noMatch = {});
+    /// Selects the row with that response, if there is one.
+    void selectOption(QString const& response);
     /// Makes the line that tells about the entry while it is typed.
     void setupEntryFeedback();
     void setEntryFeedbackText(QString const& text);

@@ -1,8 +1,10 @@
 #include "app/launcher/OptionListWidget.h"
 
+#include "app/launcher/LauncherLook.h"
 #include "app/launcher/OptionWidget.h"
 #include "core/FuzzySearch.h"
 
+#include <QLabel>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -13,6 +15,8 @@
 namespace {
 
 constexpr int mostRowsInSight = 12;
+constexpr int noticeSize = 12;
+constexpr int noticeMargin = 4;
 
 bool sortLauncherOptionByScore(OptionWidget const* a, OptionWidget const* b) {
     return a->getScore() < b->getScore();
@@ -20,7 +24,8 @@ bool sortLauncherOptionByScore(OptionWidget const* a, OptionWidget const* b) {
 
 } // namespace
 
-OptionListWidget::OptionListWidget(std::vector<OptionData> const& options, Theme const& theme, QWidget* parent)
+OptionListWidget::OptionListWidget(std::vector<OptionData> const& options, QString const& noMatch, Theme const& theme,
+                                   QWidget* parent)
     : QScrollArea(parent), style(makeOptionWidgetStyleSheetsAndHTMLTags(theme)) {
     setObjectName(QStringLiteral("launcherOptions"));
     setAccessibleName(tr("Options"));
@@ -37,6 +42,10 @@ OptionListWidget::OptionListWidget(std::vector<OptionData> const& options, Theme
         row->hide();
         rows.push_back(row);
     }
+    notice = new QLabel(noMatch, content);
+    notice->setFont(LauncherLook::font(noticeSize));
+    notice->setContentsMargins(noticeMargin, noticeMargin, noticeMargin, noticeMargin);
+    notice->hide();
     setWidget(content);
     shown = rows;
     resizeContent();
@@ -81,10 +90,29 @@ void OptionListWidget::moveSelection(int rowsDown) {
     if (selected == nullptr)
         return;
     select(std::clamp(selectedIndex + rowsDown, 0, shownCount() - 1));
+    scrollToSelected();
+}
+
+void OptionListWidget::scrollToSelected() {
+    if (selected == nullptr)
+        return;
     auto const end = shown.begin() + selectedIndex + 1;
     int const bottom = heightOf(shown.begin(), end);
     QScrollBar* const bar = verticalScrollBar();
     bar->setValue(std::min(std::max(bar->value(), bottom - viewport()->height()), bottom - selected->height()));
+}
+
+void OptionListWidget::selectResponse(QString const& response) {
+    auto const row = std::find_if(shown.begin(), shown.end(),
+                                  [&](OptionWidget const* each) { return each->getData().response == response; });
+    if (row != shown.end()) {
+        select(static_cast<int>(row - shown.begin()));
+        scrollToSelected();
+    }
+}
+
+QString OptionListWidget::shownNotice() const {
+    return notice->isHidden() ? QString() : notice->text();
 }
 
 void OptionListWidget::select(int index) {
@@ -103,11 +131,15 @@ int OptionListWidget::heightOf(Rows::const_iterator begin, Rows::const_iterator 
 }
 
 int OptionListWidget::contentHeight() const {
-    return heightOf(shown.begin(), shown.begin() + std::min(shownCount(), mostRowsInSight));
+    return shown.empty() && !notice->text().isEmpty()
+               ? notice->sizeHint().height()
+               : heightOf(shown.begin(), shown.begin() + std::min(shownCount(), mostRowsInSight));
 }
 
 void OptionListWidget::resizeContent() {
-    widget()->resize(viewport()->width(), heightOf(shown.begin(), shown.end()));
+    notice->setVisible(shown.empty() && !notice->text().isEmpty());
+    notice->resize(viewport()->width(), notice->sizeHint().height());
+    widget()->resize(viewport()->width(), shown.empty() ? contentHeight() : heightOf(shown.begin(), shown.end()));
 }
 
 void OptionListWidget::updateOptionList(QString const& query) {
@@ -145,6 +177,7 @@ OptionListWidget::Rows OptionListWidget::match(QString const& query) {
 void OptionListWidget::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
     resizeContent();
+    scrollToSelected();
     placeRowsInSight();
 }
 

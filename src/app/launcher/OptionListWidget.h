@@ -9,6 +9,7 @@
 #include <vector>
 
 class OptionWidget;
+class QLabel;
 
 /// The rows that a launcher offers, in a column: filtered and ranked by what is typed, one of them selected. All rows
 /// are made at once and only moved, shown and hidden later; their labels are filled in when they come in sight, and the
@@ -17,7 +18,9 @@ class OptionListWidget : public QScrollArea {
     Q_OBJECT
 
 public:
-    OptionListWidget(std::vector<OptionData> const& options, Theme const& theme, QWidget* parent = nullptr);
+    /// `noMatch` is shown when no row matches what is typed; may be empty.
+    OptionListWidget(std::vector<OptionData> const& options, QString const& noMatch, Theme const& theme,
+                     QWidget* parent = nullptr);
 
     int count() const { return static_cast<int>(rows.size()); }
     int shownCount() const { return static_cast<int>(shown.size()); }
@@ -30,6 +33,10 @@ public:
     QString selectedResponse() const;
     /// Moves the selection down, or up by a negative number, as far as there are rows.
     void moveSelection(int rowsDown);
+    /// Selects the first shown row with that response, if there is one.
+    void selectResponse(QString const& response);
+    /// What stands in place of the rows; empty while any matches.
+    QString shownNotice() const;
     /// Pixels that all shown rows take together, up to as many as are ever shown at once.
     int contentHeight() const;
     void setTheme(Theme const& theme);
@@ -57,10 +64,12 @@ private:
     static int heightOf(Rows::const_iterator begin, Rows::const_iterator end);
     void resizeContent();
     void placeRowsInSight();
+    void scrollToSelected();
     void select(int index);
     void fillListWidgets();
 
     OptionStyle style;
+    QLabel* notice;
     Rows rows;                  ///< in their original order
     Rows shown;                 ///< those that match, from the top
     Rows placed;                ///< those of them that are in sight

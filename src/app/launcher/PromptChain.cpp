@@ -52,12 +52,14 @@ void PromptChain::ask(PromptStep step) {
 }
 
 void PromptChain::goBack() {
-    if (isOpen() && !answered.empty())
+    if (!answered.empty())
         goTo(answered.size() - 1);
 }
 
 void PromptChain::goTo(std::size_t index) {
-    Answered const target = answered.at(index);
+    if (!isOpen() || index >= answered.size())
+        return;
+    Answered const target = answered[index];
     answered.resize(index);
     dropLauncher();
     callIfSet(std::exchange(current, nullptr)->closed);
@@ -81,6 +83,8 @@ void PromptChain::dropLauncher() {
 
 void PromptChain::onLauncherClosed() {
     Step const step = std::exchange(current, nullptr);
+    if (step == nullptr)
+        return;
     answered.clear();
     paneView->clearPrevOptionList();
     callIfSet(step->closed);
@@ -111,8 +115,10 @@ void PromptChain::show(Step const& step, QString const& text, int start, int len
     launcher->setQueryTitle(step->title);
     launcher->setQueryDescription(step->description);
     if (!step->options.empty())
-        launcher->setOptions(step->options);
+        launcher->setOptions(step->options, step->noMatch);
     launcher->setEditorText(text);
+    if (text.isEmpty())
+        launcher->selectOption(step->selected);
     if (length > 0)
         launcher->setEditorSelection(start, length);
     else
@@ -140,7 +146,10 @@ void PromptChain::showAnswers() {
 }
 
 void PromptChain::onAnswer(QString const& answer, int start, int length, int cursor) {
+    // Keys that were pressed before the prompt went may still come from it.
     Step const step = current;
+    if (step == nullptr)
+        return;
     QString const complaint = step->complaint ? step->complaint(answer) : QString();
     if (complaint.isEmpty()) {
         carryOut(step, answer);

@@ -24,6 +24,8 @@ struct PromptStep {
     QString description;             ///< rich text; may be empty
     std::vector<OptionData> options; ///< to choose from; none for a question that is answered by typing
     QString text;                    ///< what the editor holds at first, selected
+    QString selected;                ///< the response of the option to begin at; the first one if it is none
+    QString noMatch;                 ///< what stands in place of the options when none matches; may be empty
     /// Why an answer is no good, in words for the user; an empty string for a good one. The user is asked again after
     /// a bad one. Without the function every answer is good.
     std::function<QString(QString const& answer)> complaint;

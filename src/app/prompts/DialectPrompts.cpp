@@ -30,6 +30,7 @@ struct PartQuestion {
     char const* complaint;
     bool (*isGood)(QString const& answer);
     void (*take)(Dialect& dialect, QString const& answer, QString const& path);
+    QString (*present)(Dialect const& dialect); ///< the answer that changes nothing
 };
 
 QStringList lineEndingNames(QString const&) {
@@ -59,25 +60,29 @@ constexpr std::array<PartQuestion, 4> Questions = {{
      [](QString const& path) { return Utilities::getDelimiterOptions(!path.isEmpty()); },
      QT_TRANSLATE_NOOP("Prompts", "The delimiter can be one or more characters.\n"
                                   "Special words: tab, space, Unit Separator, (none)"),
-     [](QString const& answer) { return Utilities::delimiterValid(answer); }, takeDelimiter},
+     [](QString const& answer) { return Utilities::delimiterValid(answer); }, takeDelimiter,
+     [](Dialect const& dialect) { return Utilities::convertDelimiterFromActualToShortReadable(dialect.delimiter); }},
     {QT_TRANSLATE_NOOP("Prompts", "Line Ending:"), lineEndingNames,
      QT_TRANSLATE_NOOP("Prompts", "Must be a line ending of the list."),
      [](QString const& answer) { return Utilities::lineEndingValid(answer); },
      [](Dialect& dialect, QString const& answer, QString const&) {
          dialect.lineEnding = Utilities::convertLineEndingStringToType(answer);
-     }},
+     },
+     [](Dialect const& dialect) { return Utilities::convertLineEndingTypeToLongString(dialect.lineEnding); }},
     {QT_TRANSLATE_NOOP("Prompts", "Encoding:"), [](QString const&) { return Utilities::getEncodingStringList(); },
      QT_TRANSLATE_NOOP("Prompts", "Must be an encoding of the list."),
      [](QString const& answer) { return Utilities::encodingValid(answer); },
      [](Dialect& dialect, QString const& answer, QString const& path) {
          dialect.encoding = Utilities::guessEncodingFromFile(Utilities::convertEncodingStringToType(answer), path);
-     }},
+     },
+     [](Dialect const& dialect) { return Utilities::convertEncodingTypeToString(dialect.encoding); }},
     {QT_TRANSLATE_NOOP("Prompts", "Parsing Standard:"), parsingStandardNames,
      QT_TRANSLATE_NOOP("Prompts", "Must be a parsing standard of the list."),
      [](QString const& answer) { return Utilities::parsingStandardValid(answer); },
      [](Dialect& dialect, QString const& answer, QString const&) {
          dialect.parsingStandard = Utilities::convertParsingStringToStandard(answer);
-     }},
+     },
+     [](Dialect const& dialect) { return Utilities::convertParsingStandardToString(dialect.parsingStandard); }},
 }};
 
 PromptStep askForParts(std::vector<DialectPart> parts, Dialect const& dialect, QString const& path,
@@ -86,8 +91,14 @@ PromptStep askForParts(std::vector<DialectPart> parts, Dialect const& dialect, Q
     parts.erase(parts.begin());
     PromptStep step;
     step.title = tr(question.title);
-    for (QString const& option : question.options(path))
+    step.selected = question.present(dialect);
+    QStringList options = question.options(path);
+    if (&question == &Questions[static_cast<std::size_t>(DialectPart::Delimiter)] && !options.contains(step.selected))
+        options << step.selected;
+    for (QString const& option : options) {
         step.options.emplace_back(option);
+        step.options.back().valuePill = Utilities::getDelimiterName(option);
+    }
     step.complaint = [&question](QString const& answer) {
         return question.isGood(answer) ? QString() : tr(question.complaint);
     };

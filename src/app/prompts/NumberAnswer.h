@@ -1,11 +1,12 @@
 #pragma once
 
+#include "commands/NumberRange.h"
+
 #include <QString>
 
 /// A whole number as an answer of the user, within bounds.
 struct NumberAnswer {
-    /// The largest number that the program takes for a count, a size or a first index. What is larger is a slip.
-    static constexpr int largest = 1000000;
+    static constexpr int largest = NumberRange::largest;
     /// The least first index.
     static constexpr int unbounded = -largest;
 

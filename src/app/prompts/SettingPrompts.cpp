@@ -2,6 +2,7 @@
 
 #include "app/prompts/NumberAnswer.h"
 #include "appearance/Theme.h"
+#include "commands/SettingValue.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -37,16 +38,19 @@ PromptStep answeredWith(PromptStep step, StoreSetting const& store) {
     return step;
 }
 
-PromptStep numberStep(Setting const& setting, int least) {
+PromptStep numberStep(Setting const& setting) {
     PromptStep step;
-    step.text = setting.value.toString();
-    step.complaint = [least](QString const& answer) { return NumberAnswer::complaint(answer, least); };
+    step.text = QString::number(setting.range.clamp(setting.value.toInt()));
+    step.complaint = [range = setting.range](QString const& answer) {
+        return NumberAnswer::complaint(answer, range.least, range.most);
+    };
     return step;
 }
 
 PromptStep choiceStep(std::vector<OptionData> options) {
     PromptStep step;
     step.options = std::move(options);
+    step.noMatch = tr("No option matches.");
     step.complaint = [options = step.options](QString const& answer) {
         bool const offered = std::any_of(options.begin(), options.end(),
                                          [&](OptionData const& option) { return option.response == answer; });
@@ -98,11 +102,12 @@ PromptStep customDomainStep(ServiceWords const& words) {
     return step;
 }
 
-PromptStep domainStep(SettingType type, StoreSetting const& store) {
-    ServiceWords const& words = wordsOf(type);
+PromptStep domainStep(Setting const& setting, StoreSetting const& store) {
+    ServiceWords const& words = wordsOf(setting.type);
     QString const custom = tr("Enter Custom Domain");
     PromptStep step = choiceStep(optionsOf({"duckduckgo.com", "google.com", "bing.com", custom}));
     step.title = tr(words.title);
+    step.selected = setting.value.toString();
     step.carryOut = [custom, &words, store](QString const& answer, PromptAsker& asker) {
         if (answer == custom) {
             asker.ask(answeredWith(customDomainStep(words), store));
@@ -113,11 +118,22 @@ PromptStep domainStep(SettingType type, StoreSetting const& store) {
     return step;
 }
 
+/// The option that stands for the present value.
+QString selectedOption(Setting const& setting, std::vector<OptionData> const& options) {
+    QString const value = setting.dataType == SettingDataType::Theme
+                              ? setting.toString(setting)
+                              : SettingValue::toText(setting.dataType, setting.value);
+    auto const option = std::find_if(options.begin(), options.end(), [&](OptionData const& each) {
+        return each.response.compare(value, Qt::CaseInsensitive) == 0;
+    });
+    return option == options.end() ? QString() : option->response;
+}
+
 PromptStep stepFor(Setting const& setting) {
     switch (setting.dataType) {
-    case SettingDataType::Integer: return numberStep(setting, NumberAnswer::unbounded);
-    case SettingDataType::IntegerFromZero: return numberStep(setting, 0);
-    case SettingDataType::IntegerFromOne: return numberStep(setting, 1);
+    case SettingDataType::Integer:
+    case SettingDataType::IntegerFromZero:
+    case SettingDataType::IntegerFromOne: return numberStep(setting);
     case SettingDataType::Filepath: return pathStep(setting);
     case SettingDataType::Font: return choiceStep(optionsOf(QFontDatabase::families()));
     case SettingDataType::Theme: return choiceStep(optionsOf(Theme::getNamesList()));
@@ -136,8 +152,9 @@ PromptStep stepFor(Setting const& setting) {
 
 PromptStep Prompts::setting(Setting const& setting, StoreSetting const& store) {
     if (setting.dataType == SettingDataType::Domain)
-        return domainStep(setting.type, store);
+        return domainStep(setting, store);
     PromptStep step = answeredWith(stepFor(setting), store);
+    step.selected = selectedOption(setting, step.options);
     step.title = setting.type == SettingType::UUIDType ? tr("Select UUID type:") : setting.name + QLatin1Char(':');
     return step;
 }

@@ -1,15 +1,18 @@
 #pragma once
 
-#include "commands/SettingType.h"
+#include "commands/Setting.h"
 
+class Settings;
 class TableView;
 
-/// A number that each table has for itself, while the setting of that name is only what new tables begin with.
+/// What each table has for itself, while the setting of that name is only what new tables begin with.
 struct TableSetting {
     SettingType type;
-    int (*get)(TableView const& table);
-    void (*set)(TableView& table, int value);
+    QVariant (*get)(TableView const& table);
+    void (*set)(TableView& table, int value) = nullptr; ///< of a number that is asked for
 
-    /// Null for a setting that is no number of a table.
+    /// Null for a setting of the whole program.
     static TableSetting const* find(SettingType type);
+    /// The setting with the value that is in force now: the table's own for one of table scope, else the program's.
+    static Setting present(SettingType type, Settings const& ofProgram, TableView const& table);
 };

@@ -10,6 +10,7 @@ class ContentCommand : public TableUndoCommand {
 public:
     using TableUndoCommand::TableUndoCommand;
 
+    bool changesCells() const override { return true; }
     void undo() final;
     void redo() final;
 

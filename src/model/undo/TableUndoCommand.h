@@ -21,6 +21,9 @@ public:
     TableUndoCommand(TableModel* model, RangeVector const& cells, RangeVector const& oldCells, bool changeSelection,
                      QUndoCommand* parent);
 
+    /// Whether it writes cells or inserts, removes or moves lines, which a read-only table refuses.
+    virtual bool changesCells() const { return false; }
+
     /// What redo selects, in any index space and as a model keeps its selection: offsets of the main cell count from
     /// the start of its range.
     void setSelectionCells(RangeVector const& cells);

@@ -9,6 +9,8 @@ public:
     TransposeTableCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
                           QUndoCommand* parent = nullptr);
 
+    bool changesCells() const override { return false; }
+
 protected:
     void apply() override;
     void revert() override;

@@ -19,7 +19,12 @@ void say(QByteArray const& line) {
     std::fflush(stdout);
 }
 
-/// "send <time-out> <mode> <directory in hex> <message in hex>" or "sleep <milliseconds>".
+QByteArray roleOf(SingleApplication const& application) {
+    return application.isPrimary() ? "primary" : application.isSecondary() ? "secondary" : "alone";
+}
+
+/// "send <time-out> <mode> <directory in hex> <message in hex>", "hand-over <message in hex>", "serve <0 or 1>" or
+/// "sleep <milliseconds>".
 void obey(SingleApplication& application, QByteArray const& line) {
     QList<QByteArray> const words = line.split(' ');
     if (words[0] == "send") {
@@ -27,6 +32,13 @@ void obey(SingleApplication& application, QByteArray const& line) {
             application.sendMessage(QByteArray::fromHex(words[4]), QString::fromUtf8(QByteArray::fromHex(words[3])),
                                     words[1].toInt(), static_cast<SingleApplication::SendMode>(words[2].toInt()));
         say(sent ? "sent" : "not sent");
+    } else if (words[0] == "hand-over") {
+        say("handing over");
+        bool const taken = application.handOver(QByteArray::fromHex(words[1]), QStringLiteral("/"));
+        say(taken ? "taken" : "own, " + roleOf(application));
+    } else if (words[0] == "serve") {
+        application.setServing(words[1] == "1");
+        say(roleOf(application));
     } else if (words[0] == "sleep") {
         say("sleeping");
         QThread::msleep(words[1].toULong());
@@ -59,7 +71,7 @@ int main(int argc, char** argv) {
             obey(application, pending.left(end));
         }
     });
-    say((application.isPrimary() ? "primary " : "secondary ") + QByteArray::number(application.instanceId()) + ' ' +
+    say(roleOf(application) + ' ' + QByteArray::number(application.instanceId()) + ' ' +
         QByteArray::number(application.primaryPid()) + ' ' + application.primaryUser().toUtf8() + ' ' +
         application.currentUser().toUtf8() + ' ' + application.userData().join(',').toUtf8());
     return application.exec();

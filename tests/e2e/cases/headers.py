@@ -17,8 +17,8 @@ class Headers(DesktopTest):
         self.expect_file("a.csv", content)
 
     def scroll_and_compare(self, axis, pixels):
-        """Drags the handle of a scroll bar to its end and back. After each move the values of pixels() are equal to each
-        other. Returns how many different pictures there were."""
+        """Drags the handle of a scroll bar to its end and back. After each move all that pixels() gives comes to look
+        alike. Returns how many different pictures there were."""
         handle, (x, y, width, height) = self.scroll_bar(axis)
         steps, seen = 25, set()
         with self.dragging(handle) as move:
@@ -26,9 +26,8 @@ class Headers(DesktopTest):
                 move((x, y + height * step // steps, width, 1) if axis == "rows" else
                      (x + width * step // steps, y, 1, height))
                 self.expect()
-                parts = pixels()
-                self.assertTrue(all(part == parts[0] for part in parts), "a band is not where the body is")
-                seen.add(parts[0])
+                self.wait_for(lambda: len(set(pixels())) == 1, lambda: "a band is not where the body is")
+                seen.add(pixels()[0])
         self.screenshot(f"headers-scrolled-{axis}")
         return len(seen)
 
@@ -67,37 +66,24 @@ class Headers(DesktopTest):
         rows = b"".join(b"%d,%d,%d\n" % (row, row, row) for row in range(3000))
         self.open(rows, Freeze_Header_Columns="true", Number_of_Header_Columns="1", **plain)
         self.click(self.cell(0, 2))
-        _, grid_top, _, grid_height = self.grid()
         band = [inner(self.cell(0, col)) for col in range(2)]
-        before = [self.picture(rect) for rect in band]
-        first_row = self.cell(1, 0)
-        bottom = grid_top + grid_height - first_row[3]
-
-        def column(col):
-            left, _, width, _ = inner(self.cell(0, col))
-            return left, first_row[1], width, bottom - first_row[1]
-
-        columns = [column(col) for col in range(2)]
-
-        def pixels():
-            self.assertEqual([self.picture(rect) for rect in band], before, "the frozen row moves")
-            return [self.picture(rect) for rect in columns]
-
-        self.assertGreater(self.scroll_and_compare("rows", pixels), 5)
+        before = self.picture(band[0])
+        # What lies well below the frozen row.
+        _, top, _, height = self.cell(2, 0)
+        bottom = self.grid()[1] + self.grid()[3] - height
+        columns = [(left, top, width, bottom - top) for left, _, width, _ in map(inner, (self.cell(2, 0), self.cell(2, 1)))]
+        self.assertGreater(self.scroll_and_compare("rows", lambda: [self.picture(rect) for rect in columns]), 5)
+        for rect in band:
+            self.assertEqual(self.picture(rect), before, "the frozen row moves")
 
     def test_a_frozen_row_scrolls_sideways_with_the_body(self):
         # Every cell of a column says the same. Both parts lie beside the main cell.
         line = b",".join(b"%d" % col for col in range(300)) + b"\n"
         self.open(line * 4, Highlight_Header_Rows="false")
         self.click(self.cell(3, 0))
-        left, _, width, _ = self.grid()
-        start, end = left + self.cell(0, 0)[2], left + width
-
-        def row(line):
-            _, top, _, height = inner(self.cell(line, 0))
-            return start, top, end - start, height
-
-        rows = [row(line) for line in range(2)]
+        column, grid = self.cell(0, 0)[2], self.grid()
+        left, width = grid[0] + column, grid[2] - 2 * column
+        rows = [(left, top, width, height) for _, top, _, height in map(inner, (self.cell(0, 0), self.cell(1, 0)))]
         self.assertGreater(self.scroll_and_compare("columns", lambda: [self.picture(rect) for rect in rows]), 5)
 
     def picture(self, rect):

@@ -49,10 +49,19 @@ class OutsideChange(DesktopTest):
                 self.expect_cell(0, 0, expected)
                 self.save_edit_and_expect(f"{expected},mine\n".encode())
 
-    def test_a_deleted_file_takes_its_tab_along(self):
+    def test_a_deleted_file_takes_its_tab_along_and_its_last_contents_can_be_had_back(self):
         self.edit("x")
         (self.folder / "a.csv").unlink()
         self.expect_window("untitled - Gridwright")
+        self.screenshot("outside-change-file-gone")
+        self.button("Open Last Contents")
+        self.press("alt+o")
+        self.expect_cell(0, 0, "x")
+        self.press("ctrl+s")
+        self.expect_window("Save File")
+        self.type(self.folder / "b.csv")
+        self.press("Return")
+        self.expect_file("b.csv", b"x,2\n")
 
 
 class FailedSave(DesktopTest):

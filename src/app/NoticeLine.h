@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+
+/// A line above the status bar that tells something without holding anybody up. It stays until it is dismissed.
+class NoticeLine : public QFrame {
+    Q_OBJECT
+
+public:
+    /// With an `action`, the label of a button, the line offers to do something about what it tells.
+    explicit NoticeLine(QString const& action, QWidget* parent = nullptr);
+
+    /// Shows the line. Each path stands in it as it is, and wraps where a folder ends.
+    void tell(QString const& sentence, QStringList const& paths);
+    /// What is told; empty if nothing is.
+    QString text() const { return told; }
+    void dismiss();
+
+signals:
+    void actionSignal();
+    /// Nothing is told any more.
+    void dismissedSignal();
+
+private:
+    QLabel* label;
+    QString told;
+};

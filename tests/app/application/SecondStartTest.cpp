@@ -1,0 +1,226 @@
+#include "app/Application.h"
+#include "app/MainWindow.h"
+#include "app/PaneView.h"
+#include "app/TabBar.h"
+#include "core/PathUtilities.h"
+#include "model/undo/SetModelDataCommand.h"
+#include "tests/support/MsgBoxAnswers.h"
+#include "tests/support/Notices.h"
+#include "view/FileDialog.h"
+
+#include <QDialog>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QFileOpenEvent>
+#include <QMimeData>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Second starts, which may come while anything else goes on.
+class SecondStartTest : public testing::Test {
+protected:
+    SecondStartTest() {
+        for (MainWindow* const open : app.getMainWindows())
+            open->close();
+        app.createNewInstance(true, {});
+        window = app.getActiveMainWindow();
+    }
+    ~SecondStartTest() override { FileDialog::setAnswer({}); }
+
+    QString write(QString const& name, QByteArray const& bytes = "1,2\n") const {
+        QString const path = directory.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return path;
+    }
+    QByteArray read(QString const& name) const {
+        QFile file(directory.filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+    void openAndChange(QString const& name) {
+        window->openFile(write(name));
+        TableModel& model = *window->getActiveTable()->tableModel();
+        RangeVector cells{Range(0, 0, RangeIndexType::Model)};
+        cells[0].value = "changed";
+        window->getActiveTable()->pushUndoCommand(new SetModelDataCommand(&model, cells, true));
+    }
+    void secondStart(QString const& file) {
+        app.onMessageReceived(2, directory.path().toUtf8() + "<gridwright<" + file.toUtf8());
+    }
+    /// The names of the open tables of all windows, windows apart by "|".
+    QString open() const {
+        QStringList windows;
+        for (MainWindow const* const each : app.getMainWindows()) {
+            QStringList names;
+            for (TableView const* const table : each->getPaneView()->getTables())
+                names << table->tableModel()->getTableName();
+            names.sort();
+            windows << names.join(' ');
+        }
+        return windows.join(" | ");
+    }
+    /// What is shown when all that was put off has happened.
+    testing::AssertionResult comesTo(QString const& expected) const {
+        bool const came = QTest::qWaitFor([&] { return open() == expected; });
+        QCoreApplication::processEvents();
+        return came && open() == expected ? testing::AssertionSuccess()
+                                          : testing::AssertionFailure() << qPrintable(open());
+    }
+
+    Application& app = *static_cast<Application*>(qApp);
+    QPointer<MainWindow> window;
+    QTemporaryDir directory;
+    MsgBoxAnswers box;
+};
+
+} // namespace
+
+TEST_F(SecondStartTest, DuringTheQuestionsOfAClosingWindowEveryEditIsStillAskedAbout) {
+    for (char const* const name : {"a.csv", "b.csv", "c.csv"})
+        openAndChange(name);
+    write("d.csv");
+    box.next("Don't Save", [this] { secondStart("d.csv"); });
+    box.next("Save", [this] {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(open(), "a.csv b.csv");
+    });
+    box.next("Cancel", [this] { secondStart("d.csv"); });
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(open(), "a.csv");
+    EXPECT_EQ(read("b.csv"), "changed,2\n");
+    EXPECT_TRUE(comesTo("a.csv d.csv"));
+    box.next("Don't Save");
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(SecondStartTest, WhoseWindowClosesMeanwhileGetsAnotherOneAndTheProgramGoesOn) {
+    openAndChange("a.csv");
+    write("d.csv");
+    box.next("Don't Save", [this] { secondStart("d.csv"); });
+    QString seen;
+    QTimer::singleShot(0, &app, [this] { window->close(); });
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &app, [&] {
+        if (open() == "d.csv") {
+            seen = open();
+            app.getActiveMainWindow()->close();
+        }
+    });
+    poll.start(0);
+    QTimer::singleShot(20000, &app, &QCoreApplication::quit);
+    QApplication::exec(); // ends with the second window
+    EXPECT_EQ(seen, "d.csv");
+    EXPECT_TRUE(app.getMainWindows().empty());
+}
+
+TEST_F(SecondStartTest, BehindAnOpenFileDialogOpensAfterItAndOnce) {
+    QString const both = write("a.csv");
+    openAndChange("b.csv");
+    FileDialog::setAnswer([&](QString const&) {
+        secondStart("a.csv");
+        QCoreApplication::processEvents();
+        EXPECT_EQ(open(), "b.csv");
+        return QStringList(both);
+    });
+    window->commandOpenFile();
+    secondStart("a.csv");
+    EXPECT_TRUE(comesTo("a.csv b.csv"));
+    EXPECT_EQ(window->getActiveTable()->getFilepath(), both);
+    box.next("Don't Save");
+    window->commandCloseAllFiles();
+    EXPECT_EQ(open(), "untitled");
+}
+
+TEST_F(SecondStartTest, BehindARealDialogNeitherOpensNorClosesUnderIt) {
+    write("a.csv");
+    for (bool const save : {false, true}) {
+        QPointer<TableView> const untitled = window->getActiveTable();
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, &app, [&] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr)
+                return;
+            poll.stop();
+            secondStart("a.csv");
+            QTimer::singleShot(0, dialog, [this, dialog, untitled] {
+                EXPECT_EQ(open(), "untitled");
+                EXPECT_FALSE(untitled.isNull());
+                dialog->reject();
+            });
+        });
+        poll.start(0);
+        save ? window->commandSaveFileAs() : window->commandOpenFile();
+        EXPECT_TRUE(comesTo("a.csv"));
+        window->commandCloseAllFiles();
+    }
+}
+
+TEST_F(SecondStartTest, OfTheFileThatAQuestionIsAboutGivesItOneTab) {
+    QFile settings(Utilities::getSettingsFilepath());
+    ASSERT_TRUE(settings.open(QIODevice::ReadWrite));
+    QByteArray const before = settings.readAll();
+    ASSERT_TRUE(settings.resize(0) && settings.seek(0));
+    settings.write("Setting,User Value\nMinimum File Size for Read-Only Mode Query (MB),0\n");
+    settings.flush();
+    window->onPreferenceChanged(settings.fileName());
+    QString const path = write("a.csv");
+    box.next("Open in Edit Mode", [this] { secondStart("a.csv"); });
+    EXPECT_TRUE(window->openFile(path));
+    EXPECT_TRUE(comesTo("a.csv"));
+    ASSERT_TRUE(settings.resize(0) && settings.seek(0));
+    settings.write(before);
+}
+
+TEST_F(SecondStartTest, FilesThatTheDesktopHandsOverWaitToo) {
+    openAndChange("a.csv");
+    QString const other = write("b.csv");
+    QString const dropped = write("c.csv");
+    box.next("Cancel", [&] {
+        QFileOpenEvent event(other);
+        QCoreApplication::sendEvent(&app, &event);
+        QMimeData files;
+        files.setUrls({QUrl::fromLocalFile(dropped)});
+        QDragEnterEvent enter({}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &enter);
+        QCoreApplication::sendEvent(window, &drop);
+        EXPECT_EQ(open(), "a.csv");
+    });
+    window->commandCloseFile();
+    EXPECT_TRUE(comesTo("a.csv b.csv c.csv"));
+    box.next("Don't Save");
+    window->commandCloseAllFiles();
+}
+
+TEST_F(SecondStartTest, NoWindowClosesUnderTheQuestionOfAnother) {
+    openAndChange("a.csv");
+    app.createNewInstance(true, {});
+    MainWindow* const other = app.getActiveMainWindow();
+    box.next("Cancel", [&] {
+        app.closeProgram(); // neither the window that asks, which closes already, nor the other one
+        QCoreApplication::processEvents();
+        EXPECT_EQ(open(), "a.csv | untitled");
+        EXPECT_TRUE(other->isVisible());
+    });
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(comesTo("a.csv"));
+    box.next("Don't Save");
+    window->commandCloseAllFiles();
+}
+
+TEST_F(SecondStartTest, OfAPathThatDoesNotExistIsToldWithoutAQuestion) {
+    write("a.csv");
+    secondStart("b.csv<a.csv<no folder/c.csv");
+    EXPECT_EQ(open(), "a.csv");
+    EXPECT_EQ(Notices::texts(*window), QStringList("These files do not exist: " + directory.filePath("b.csv") + ", " +
+                                                   directory.filePath("no folder/c.csv")));
+    Notices::press(*window, "Dismiss");
+    EXPECT_EQ(Notices::texts(*window), QStringList());
+}
