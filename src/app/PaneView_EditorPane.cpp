@@ -111,7 +111,8 @@ void PaneView::onMainCellChanged(Range const& mainCell) {
         return;
     bool const sameCell = mainCell == shownCell;
     shownCell = mainCell;
-    editorPane->setReadOnly(activeTable->isReadOnly() || activeTable->isLoading());
+    TableModel const& model = *activeTable->tableModel();
+    editorPane->setReadOnly(model.isReadOnly() || model.isLoading());
     QString const text = mainCell.value.toString();
     if (sameCell && loader->isShowing(text))
         return;

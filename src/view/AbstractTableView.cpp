@@ -80,8 +80,9 @@ bool AbstractTableView::isLoading() const {
     return table != nullptr && table->isLoading();
 }
 
+/// A band that has never been shown has no table.
 bool AbstractTableView::isMousePressed() const {
-    return isSet(table->getPendingCornerStart());
+    return table != nullptr && isSet(table->getPendingCornerStart());
 }
 
 QScrollBar* AbstractTableView::scrollBarOf(Axis axis) const {
@@ -256,6 +257,8 @@ void AbstractTableView::mouseReleaseEvent(QMouseEvent*) {
 }
 
 void AbstractTableView::finishDrag() {
+    if (table == nullptr)
+        return;
     Range const& start = table->getPendingCornerStart();
     if (isSet(start)) {
         Range const& end = isSet(table->getPendingCornerEnd()) ? table->getPendingCornerEnd() : start;
@@ -276,7 +279,7 @@ void AbstractTableView::endCutOffDrag() {
 }
 
 void AbstractTableView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && !isLoading()) {
+    if (table != nullptr && event->button() == Qt::LeftButton && !isLoading()) {
         deselectAllButTheMainCell();
         editMainCellAppend();
     }

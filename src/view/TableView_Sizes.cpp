@@ -171,6 +171,7 @@ void TableView::setMaximumColumnWidth(int width, bool emitChange) {
 
 void TableView::enforceMinimumRowHeight() {
     rowSizes->keepAllAbove(defaultRowHeight);
+    showSizes();
 }
 
 void TableView::enforceMinimumRowHeight(int row) {
@@ -179,6 +180,7 @@ void TableView::enforceMinimumRowHeight(int row) {
 
 void TableView::enforceMaximumRowHeight() {
     rowSizes->cutAll(maximumRowHeight);
+    showSizes();
 }
 
 void TableView::enforceMaximumRowHeight(int row) {
@@ -187,6 +189,7 @@ void TableView::enforceMaximumRowHeight(int row) {
 
 void TableView::enforceMaximumColumnWidth() {
     colSizes->cutAll(maximumColumnWidth);
+    showSizes();
 }
 
 void TableView::enforceMaximumColumnWidth(int col) {
@@ -217,6 +220,7 @@ void TableView::enforceEmptySizes(Axis axis) {
     for (int line = 0; line < std::min({dataCount, sizes.header().count(), sizes.end()}); ++line)
         enforceEmptySize(axis, line);
     sizes.resetBehindData();
+    showSizes();
 }
 
 void TableView::enforceEmptySize(Axis axis, int line) {

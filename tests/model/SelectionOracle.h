@@ -42,7 +42,7 @@ public:
             size.rows += range.type == RangeType::Row;
             size.cols += range.type == RangeType::Column;
             if (range.type == RangeType::Table)
-                size.cells = (view.rows - range.row) * (view.cols - range.col);
+                size.cells = std::max((view.rows - range.row) * (view.cols - range.col), 0);
         }
         int const width = int(
             std::count_if(list.begin(), list.end(), [&](Range const& range) { return range.row == list.front().row; }));

@@ -88,10 +88,9 @@ public:
             if (band->hasModel() && line < headerOf(*band, axis).count())
                 views.push_back(band);
         }
-        int const size = 60 + random(60);
+        int const size = 81 + random(60); // never the default
         headerOf(*views[std::size_t(random(int(views.size())))], axis).resizeSection(line, size);
-        if (size != header(axis).defaultSectionSize())
-            sizes[{names[std::size_t(line)], axis}] = size;
+        sizes[{names[std::size_t(line)], axis}] = size;
     }
     QHeaderView& header(Axis axis) { return headerOf(view, axis); }
     void freeze() {

@@ -84,7 +84,7 @@ class SecondStart(DesktopTest):
         self.press("Return")
         self.expect_message("a.csv")
         self.expect_end(self.start("d.csv"))
-        for name in "acb":
+        for name in "abc":
             self.expect_message(f"{name}.csv")
             self.press("alt+s")
             self.expect_file(f"{name}.csv", b"x,2\n")
