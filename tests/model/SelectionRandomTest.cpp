@@ -93,8 +93,9 @@ private:
     void grow() {
         bool const rows = number(2) == 0;
         bool const on = number(2) == 0;
-        // Where cells grow over the start of a whole line, which of them comes first is open.
-        if (!selection.set().lines().empty() && !selection.set().cells().isEmpty())
+        // Where ranges of several kinds grow over one another's start, which of them comes first is open.
+        bool const hasLines = !selection.set().lines().empty();
+        if (selection.set().lines().size() > 1 || (hasLines && !selection.set().cells().isEmpty()))
             return set();
         selection.resetShiftSelectInfo();
         SelectionOracle const base = oracle;
