@@ -18,14 +18,14 @@ void MainWindow::writeCells(CellPatch patch) {
         return;
     }
     TableModel* const model = activeTable->tableModel();
-    activeTable->pushUndoCommand(new WriteCellsCommand(model, model->getSelection(), std::move(patch), true));
+    activeTable->pushUndoCommand(new WriteCellsCommand(model, model->getSelectedSet(), std::move(patch), true));
 }
 
 // Texts.
 
 void MainWindow::changeSelectedTexts(TextChange const& change) {
     TableModel* const model = settledModel();
-    writeCells(changedTexts(*model, model->getSelection(), change));
+    writeCells(changedTexts(*model, model->getSelectedSet(), change));
 }
 
 void MainWindow::commandUpperCase() {
@@ -84,19 +84,19 @@ void MainWindow::commandCopyMainCellContentsToAllSelectedCells() {
 
 void MainWindow::commandTransposeSelectedCells() {
     TableModel* const model = settledModel();
-    RangeVector const selection = model->getSelection();
+    RangeSet const selection = model->getSelectedSet();
     CellPatch patch = transposedCells(*model, selection);
     if (patch.empty()) {
         return;
     }
     auto* const command = new WriteCellsCommand(model, selection, std::move(patch), true);
-    command->setSelectionCells(transposedRanges(selection), selection);
+    command->setSelectionCells(transposedRanges(selection.ranges()), selection);
     activeTable->pushUndoCommand(command);
 }
 
 void MainWindow::shiftSelectedCells(Axis axis, CellShift shift) {
     TableModel* const model = settledModel();
-    writeCells(shiftedCells(*model, model->getSelection(), axis, shift));
+    writeCells(shiftedCells(*model, model->getSelectedSet(), axis, shift));
 }
 
 void MainWindow::commandInsertCellsMoveRestOfRowRight() {
@@ -125,7 +125,7 @@ void MainWindow::commandRemoveSelectedCellsAndTheRestOfTheirColumns() {
 
 void MainWindow::duplicateSelectedContents(Direction direction) {
     TableModel* const model = settledModel();
-    activeTable->pushUndoCommand(new DuplicateCellContentsCommand(model, model->getSelection(), direction, true));
+    activeTable->pushUndoCommand(new DuplicateCellContentsCommand(model, model->getSelectedSet(), direction, true));
 }
 
 void MainWindow::commandDuplicateSelectedCellContentsUp() {

@@ -9,7 +9,7 @@
 void MainWindow::applyHidden(Axis axis, std::vector<int> const& hidden) {
     TableModel* const model = activeTable->tableModel();
     if (hidden != HiddenLines(*model, axis).present()) {
-        activeTable->pushUndoCommand(new ApplyHiddenLinesCommand(axis, model, model->getSelection(), hidden, true));
+        activeTable->pushUndoCommand(new ApplyHiddenLinesCommand(axis, model, model->getSelectedSet(), hidden, true));
     }
 }
 
@@ -66,6 +66,7 @@ void MainWindow::commandShowEmptyColumns() {
 void MainWindow::commandRemoveAllFilteredOutAndHiddenData() {
     TableModel* const model = settledModel();
     if (model->hasHiddenLines()) {
-        activeTable->pushUndoCommand(new RemoveAllFilteredOutAndHiddenDataCommand(model, model->getSelection(), true));
+        activeTable->pushUndoCommand(
+            new RemoveAllFilteredOutAndHiddenDataCommand(model, model->getSelectedSet(), true));
     }
 }

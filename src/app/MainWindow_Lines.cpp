@@ -12,7 +12,7 @@ namespace {
 /// The lines of the data that the selection touches.
 std::vector<int> selectedLines(TableModel& model, Axis axis) {
     ModelAxis const lines(model, axis);
-    std::vector<int> selected = lines.touchedLines(model.getSelection());
+    std::vector<int> selected = lines.touchedLines(model.getSelectedSet());
     std::erase_if(selected, [&lines](int line) { return line < 0 || line >= lines.modelCount(); });
     return selected;
 }
@@ -43,7 +43,7 @@ void MainWindow::removeLines(Axis axis, std::vector<int> const& modelLines) {
     }
     TableModel* const model = activeTable->tableModel();
     std::vector<int> const rawLines = ModelAxis(*model, axis).rawFromModel(modelLines);
-    activeTable->pushUndoCommand(new RemoveLinesCommand(axis, model, model->getSelection(), rawLines, true));
+    activeTable->pushUndoCommand(new RemoveLinesCommand(axis, model, model->getSelectedSet(), rawLines, true));
 }
 
 void MainWindow::selectLines(Axis axis, std::vector<int> const& modelLines) {
@@ -131,6 +131,6 @@ void MainWindow::commandRemoveEmptyColumnsBasedOnSelectedRowsOnly() {
 void MainWindow::commandRemoveExtraneousRowsAndColumns() {
     TableModel* const model = settledModel();
     if (model->numEmptyRowsRawAtEnd() > 0 || model->numEmptyColumnsRawAtEnd() > 0) {
-        activeTable->pushUndoCommand(new RemoveEmptyRowsColsAtEndCommand(model, model->getSelection(), true));
+        activeTable->pushUndoCommand(new RemoveEmptyRowsColsAtEndCommand(model, model->getSelectedSet(), true));
     }
 }

@@ -24,7 +24,7 @@ void MainWindow::sortSelectedCells(Axis axis, SortType type) {
         labelBar->showMessage(tr("This table is read-only: its cells keep their contents."), readOnlyMessageMs);
         return;
     }
-    writeCells(sortedCells(*model, model->getSelection(), axis, type));
+    writeCells(sortedCells(*model, model->getSelectedSet(), axis, type));
 }
 
 void MainWindow::commandSortSelectedColumnAscending() {

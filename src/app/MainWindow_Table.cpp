@@ -15,7 +15,7 @@ template <class Command, class... Arguments>
 void MainWindow::push(Arguments... arguments) {
     TableModel* const model = activeTable->tableModel();
     activeTable->stopEditing();
-    activeTable->pushUndoCommand(new Command(model, model->getSelection(), arguments..., true));
+    activeTable->pushUndoCommand(new Command(model, model->getSelectedSet(), arguments..., true));
 }
 
 void MainWindow::commandUndo() {
@@ -38,11 +38,7 @@ void MainWindow::commandStopEditing() {
 
 void MainWindow::commandClearCellContentsNavigate() {
     TableModel* const model = activeTable->tableModel();
-    RangeVector emptied = model->getSelection();
-    for (Range& range : emptied) {
-        range.value = QString();
-    }
-    activeTable->pushUndoCommand(new SetModelDataCommand(model, emptied, true));
+    activeTable->pushUndoCommand(new SetModelDataCommand(model, model->getSelectedSet(), QString(), true));
 }
 
 void MainWindow::commandInsertRowsBefore() {

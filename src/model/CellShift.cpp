@@ -12,7 +12,7 @@ namespace {
 
 using Places = std::vector<std::pair<int, int>>; // line and position along it
 
-Places placesOf(TableModel const& model, RangeVector const& ranges, Axis axis) {
+Places placesOf(TableModel const& model, RangeSet const& ranges, Axis axis) {
     SelectedCellWalk walk(model.getModelRange(ranges), {model.rowCountModel(), model.columnCountModel()});
     Places places;
     int row = 0;
@@ -84,7 +84,7 @@ private:
 
 } // namespace
 
-CellPatch shiftedCells(TableModel const& model, RangeVector const& ranges, Axis axis, CellShift shift) {
+CellPatch shiftedCells(TableModel const& model, RangeSet const& ranges, Axis axis, CellShift shift) {
     CellPatch patch;
     Places const places = placesOf(model, ranges, axis);
     for (auto first = places.begin(); first != places.end();) {

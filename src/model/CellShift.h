@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
-#include "core/RangeVector.h"
+#include "model/RangeSet.h"
 #include "storage/CellPatch.h"
 
 class TableModel;
@@ -15,4 +15,4 @@ enum class CellShift {
 
 /// The new bytes of all cells that a shift changes along rows (to the right and left) or along columns (down and up).
 /// Concealed cells stay in place; whole rows and columns go as far as the data.
-CellPatch shiftedCells(TableModel const& model, RangeVector const& ranges, Axis axis, CellShift shift);
+CellPatch shiftedCells(TableModel const& model, RangeSet const& ranges, Axis axis, CellShift shift);

@@ -11,21 +11,15 @@
 namespace {
 
 /// The size of the data, or of what holds all single cells if that is more.
-GridSize reachOf(TableModel const& model, RangeVector const& ranges) {
-    GridSize size{model.rowCountModel(), model.columnCountModel()};
-    for (Range const& range : ranges) {
-        if (range.type == RangeType::Cell) {
-            size.rows = std::max(size.rows, range.row + 1);
-            size.cols = std::max(size.cols, range.col + 1);
-        }
-    }
-    return size;
+GridSize reachOf(TableModel const& model, RangeSet const& ranges) {
+    CellRect const cells = ranges.cells().bounds();
+    return {std::max(model.rowCountModel(), cells.bottom + 1), std::max(model.columnCountModel(), cells.right + 1)};
 }
 
 /// Calls visit(row, col) for each cell, row by row. Indexes are Model.
 template <class Visit>
-void forEachCell(TableModel const& model, RangeVector const& ranges, Visit visit) {
-    RangeVector const cells = model.getModelRange(ranges);
+void forEachCell(TableModel const& model, RangeSet const& ranges, Visit visit) {
+    RangeSet const cells = model.getModelRange(ranges);
     SelectedCellWalk walk(cells, reachOf(model, cells));
     int row = 0;
     std::vector<int> cols;
@@ -53,7 +47,7 @@ TopLeft topLeftOf(RangeVector const& ranges) {
 
 } // namespace
 
-CellPatch changedTexts(TableModel const& model, RangeVector const& ranges, TextChange const& change) {
+CellPatch changedTexts(TableModel const& model, RangeSet const& ranges, TextChange const& change) {
     TableData const& data = model.getTableData();
     CellCodec const& codec = data.getCodec();
     CellPatch patch;
@@ -71,7 +65,7 @@ CellPatch changedTexts(TableModel const& model, RangeVector const& ranges, TextC
     return patch;
 }
 
-CellPatch transposedCells(TableModel const& model, RangeVector const& ranges) {
+CellPatch transposedCells(TableModel const& model, RangeSet const& ranges) {
     TableData const& data = model.getTableData();
     std::vector<std::pair<int, int>> sources;
     forEachCell(model, ranges, [&](int row, int col) { sources.emplace_back(row, col); });

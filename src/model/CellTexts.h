@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/RangeVector.h"
+#include "model/RangeSet.h"
 #include "storage/CellPatch.h"
 
 #include <QString>
@@ -14,10 +14,10 @@ using TextChange = std::function<QString(QString const& text)>;
 
 /// The new bytes of those cells that `change` changes among the cells of `ranges`, row by row. Whole rows and columns
 /// go as far as the data; single cells may lie beyond it.
-CellPatch changedTexts(TableModel const& model, RangeVector const& ranges, TextChange const& change);
+CellPatch changedTexts(TableModel const& model, RangeSet const& ranges, TextChange const& change);
 
 /// The cells of `ranges` with rows and columns exchanged around their top left cell. What was in the way is
 /// overwritten, places that are left become empty.
-CellPatch transposedCells(TableModel const& model, RangeVector const& ranges);
+CellPatch transposedCells(TableModel const& model, RangeSet const& ranges);
 /// The same of the ranges themselves.
 RangeVector transposedRanges(RangeVector const& ranges);

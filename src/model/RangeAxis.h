@@ -2,7 +2,7 @@
 
 #include "core/Enumerations.h"
 #include "core/RangeVector.h"
-#include "model/SelectionSize.h"
+#include "model/GridSize.h"
 
 #include <utility>
 #include <vector>

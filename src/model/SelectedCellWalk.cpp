@@ -1,51 +1,25 @@
 #include "model/SelectedCellWalk.h"
 
-#include "model/SelectionMembership.h"
-
-#include <algorithm>
-#include <limits>
-
-SelectedCellWalk::SelectedCellWalk(RangeVector const& ranges, GridSize data)
-    : ranges(ranges), data(data), firstDownward(std::numeric_limits<int>::max()) {
-    for (Range const& range : this->ranges) {
-        if (range.type == RangeType::Column || range.type == RangeType::Table) {
-            downwards.push_back(&range);
-            firstDownward = std::min(firstDownward, range.row);
-        } else if (range.type != RangeType::None) {
-            inOneRow.push_back(&range);
-        }
-    }
-    std::stable_sort(inOneRow.begin(), inOneRow.end(), [](Range const* a, Range const* b) { return a->row < b->row; });
-}
-
-int SelectedCellWalk::nextOccupiedRow() const {
-    int const single = position < inOneRow.size() ? inOneRow[position]->row : std::numeric_limits<int>::max();
-    int const downward = downwards.empty() ? std::numeric_limits<int>::max() : std::max(firstDownward, row);
-    return std::min(single, downward);
+SelectedCellWalk::SelectedCellWalk(RangeSet const& ranges, GridSize data)
+    : rects((ranges.coverage(data, true) & CellRegion({0, 0, data.rows - 1, data.cols - 1})).rects()) {
+    if (!rects.empty())
+        row = rects.front().top;
 }
 
 bool SelectedCellWalk::next(int& foundRow, std::vector<int>& cols) {
     cols.clear();
-    while (cols.empty()) {
-        row = nextOccupiedRow();
-        if (row >= data.rows)
-            return false;
-        for (Range const* const range : downwards)
-            addRange(*range, cols);
-        for (; position < inOneRow.size() && inOneRow[position]->row == row; ++position)
-            addRange(*inOneRow[position], cols);
-        std::sort(cols.begin(), cols.end());
-        cols.erase(std::unique(cols.begin(), cols.end()), cols.end());
-        foundRow = row++;
-    }
-    return true;
-}
-
-void SelectedCellWalk::addRange(Range const& range, std::vector<int>& cols) const {
-    bool const toTheEnd = range.type == RangeType::Row || range.type == RangeType::Table;
-    int const last = toTheEnd ? data.cols - 1 : std::min(range.col, data.cols - 1);
-    for (int col = range.col; col <= last; ++col) {
-        if (rangeCoversCell(range, row, col))
+    if (band == rects.size())
+        return false;
+    std::size_t behind = band;
+    for (; behind < rects.size() && rects[behind].top == rects[band].top; ++behind) {
+        for (int col = rects[behind].left; col <= rects[behind].right; ++col)
             cols.push_back(col);
     }
+    foundRow = row;
+    if (row++ == rects[band].bottom) {
+        band = behind;
+        if (band < rects.size())
+            row = rects[band].top;
+    }
+    return true;
 }

@@ -1,12 +1,12 @@
 #include "model/Selection.h"
 
 #include "model/RangeAxis.h"
-#include "model/RangeOrder.h"
 #include "model/SelectionInversion.h"
+#include "model/SelectionMembership.h"
 #include "model/SelectionRules.h"
 
 #include <algorithm>
-#include <iterator>
+#include <climits>
 #include <stdexcept>
 #include <utility>
 
@@ -34,10 +34,6 @@ Range mainCellOf(Range const& range, bool offsetsFromStart) {
     return cell;
 }
 
-bool isLineOrCell(Range const& range, RangeAxis const& axis) {
-    return range.type == RangeType::Cell || range.type == axis.lineType;
-}
-
 /// The part of a wanted move that keeps `line` within `count` lines.
 int withinLines(int wanted, int line, int count) {
     return wanted < 0 ? std::max(wanted, -line) : std::min(wanted, std::max(count - line - 1, 0));
@@ -47,69 +43,104 @@ int withinLines(int wanted, int line, int count) {
 
 // What is selected.
 
-bool Selection::coversCell(int row, int col) const {
-    return membership.coversCell(selection, row, col);
-}
-
-bool Selection::isSelectionMultiCell() const {
-    return selection.size() != 1 || selection.front().type != RangeType::Cell;
-}
-
-bool Selection::hasLine(Axis axis, int line) const {
-    RangeAxis const& names = rangeAxis(axis);
-    return std::any_of(selection.begin(), selection.end(),
-                       [&](Range const& range) { return range.type == names.lineType && range.*names.line == line; });
-}
-
 qint64 Selection::numSelectedCells(GridSize view) const {
     return numCellsInView(selection, view);
 }
 
 RangeSize Selection::getSelectionSize(GridSize view) {
-    sortByRowThenColumn(editRanges());
+    if (order != RangeSet::Order::ByRow || mainCellLast)
+        forgetList();
+    order = RangeSet::Order::ByRow;
+    mainCellLast = false;
     return selectionSize(selection, view);
+}
+
+RangeVector const& Selection::ranges() const {
+    if (std::exchange(listed, true))
+        return list;
+    list = selection.ranges(order, selection.mainCell());
+    if (mainCellLast) {
+        const auto added = std::find(list.begin(), list.end(), main);
+        std::rotate(added, added + 1, list.end());
+    }
+    return list;
+}
+
+/// The list form can be large, so its memory is given back.
+void Selection::forgetList() {
+    listed = false;
+    RangeVector().swap(list);
 }
 
 // Housekeeping.
 
-RangeVector& Selection::editRanges() {
-    membership.invalidate();
-    return selection;
+void Selection::sortByColumns() {
+    if (order != RangeSet::Order::ByColumn || mainCellLast)
+        forgetList();
+    order = RangeSet::Order::ByColumn;
+    mainCellLast = false;
 }
 
 void Selection::sanitizeSelection() {
-    sanitizeRanges(editRanges(), main);
+    forgetList();
+    const bool added = sanitizeRanges(selection, main);
+    order = RangeSet::Order::ByColumn;
+    mainCellLast = added;
+    selection.setMainCell(main.row, main.col);
 }
 
 bool Selection::pullBackLines(Axis axis, int last) {
     RangeAxis const& names = rangeAxis(axis);
+    const bool rows = axis == Axis::Rows;
     bool moved = false;
-    const auto pullBack = [&](Range& range) {
-        if (range.*names.line > last) {
-            range.*names.line = last;
-            moved = true;
-        }
-    };
-    for (Range& range : editRanges()) {
-        if (isLineOrCell(range, names))
-            pullBack(range);
+    RangeSet pulled;
+    const CellRect inside =
+        rows ? CellRect{INT_MIN, INT_MIN, last, INT_MAX} : CellRect{INT_MIN, INT_MIN, INT_MAX, last};
+    pulled.setCells(selection.cells().clampedTo(inside));
+    moved = !(pulled.cells() == selection.cells());
+    for (LineRun const& run : selection.lines()) {
+        const bool reaches = run.range.type == names.lineType && run.lastLine() > last;
+        moved = moved || reaches;
+        pulled.addLines(reaches ? run.part(std::min(run.firstLine(), last), last) : run);
     }
-    pullBack(main);
-    if (moved)
+    if (main.*names.line > last) {
+        main.*names.line = last;
+        moved = true;
+    }
+    if (moved) {
+        selection = std::move(pulled);
         sanitizeSelection();
+    }
     return moved;
 }
 
 bool Selection::dropLinesFrom(Axis axis, int count) {
     RangeAxis const& names = rangeAxis(axis);
-    std::erase_if(editRanges(),
-                  [&](Range const& range) { return isLineOrCell(range, names) && range.*names.line >= count; });
-    return std::any_of(selection.begin(), selection.end(), [](Range const& range) { return range.hasMainCell; });
+    const CellRect behind =
+        axis == Axis::Rows ? CellRect{count, INT_MIN, INT_MAX, INT_MAX} : CellRect{INT_MIN, count, INT_MAX, INT_MAX};
+    RangeSet left(selection.cells() - CellRegion(behind));
+    for (LineRun const& run : selection.lines()) {
+        if (run.range.type != names.lineType || run.lastLine() < count)
+            left.addLines(run);
+        else if (run.firstLine() < count)
+            left.addLines(run.part(run.firstLine(), count - 1));
+    }
+    if (left.contains(main))
+        left.setMainCell(main.row, main.col);
+    forgetList();
+    selection = std::move(left);
+    return selection.mainCell().has_value();
 }
 
 SelectionChange Selection::sanitizeAndReport() {
     sanitizeSelection();
     return {true, true, true, isSelectionMultiCell()};
+}
+
+SelectionChange Selection::replaceBy(RangeSet ranges, Range mainRange) {
+    main = std::move(mainRange);
+    selection = std::move(ranges);
+    return sanitizeAndReport();
 }
 
 // Setting.
@@ -120,34 +151,25 @@ SelectionChange Selection::setSelection(Range& range) {
     Range cell = mainCellOf(range, true);
     if (cell.row == -1 || cell.col == -1)
         throw std::runtime_error("Invalid main range_model.");
-    main = std::move(cell);
-    // The range may be an element of the list that it replaces.
-    RangeVector chosen{range};
-    editRanges() = std::move(chosen);
-    SelectionChange change = sanitizeAndReport();
+    SelectionChange change = replaceBy(RangeVector{range}, std::move(cell));
     // A single range of any type ends the state of a multiple selection.
     change.multiCell = false;
     return change;
 }
 
-SelectionChange Selection::setSelection(Range const& mainRange, RangeVector ranges) {
+SelectionChange Selection::setSelection(Range const& mainRange, RangeSet ranges) {
     shiftRecord.reset();
-    main = mainRange;
-    editRanges() = std::move(ranges);
-    return sanitizeAndReport();
+    return replaceBy(std::move(ranges), mainRange);
 }
 
-SelectionChange Selection::setSelection(RangeVector ranges, bool resetShift) {
+SelectionChange Selection::setSelection(RangeVector const& ranges, bool resetShift) {
     const auto flagged =
         std::find_if(ranges.begin(), ranges.end(), [](Range const& range) { return range.hasMainCell; });
     if (flagged == ranges.end())
-        return setSelection(Range(0, 0, RangeIndexType::Model), std::move(ranges));
+        return setSelection(Range(0, 0, RangeIndexType::Model), ranges);
     if (resetShift)
         shiftRecord.reset();
-    main = mainCellOf(*flagged, false);
-    std::for_each(flagged + 1, ranges.end(), [](Range& range) { range.hasMainCell = false; });
-    editRanges() = std::move(ranges);
-    return sanitizeAndReport();
+    return replaceBy(ranges, mainCellOf(*flagged, false));
 }
 
 SelectionChange Selection::setMainCell(Range const& range) {
@@ -159,7 +181,8 @@ SelectionChange Selection::setMainCell(Range const& range) {
 SelectionChange Selection::clearSelection(Range const& range) {
     if (range.row != -1 && range.col != -1)
         main = range;
-    editRanges() = RangeVector();
+    forgetList();
+    selection = RangeSet();
     SelectionChange change;
     change.mainCell = true;
     change.ranges = true;
@@ -188,10 +211,9 @@ SelectionChange Selection::addCellToSelection(Range const& range) {
     return addCellsToSelection(RangeVector{range});
 }
 
-SelectionChange Selection::addCellsToSelection(RangeVector ranges) {
+SelectionChange Selection::addCellsToSelection(RangeSet const& ranges) {
     shiftRecord.reset();
-    editRanges().insert(selection.end(), std::make_move_iterator(ranges.begin()),
-                        std::make_move_iterator(ranges.end()));
+    selection.add(ranges);
     sanitizeSelection();
     SelectionChange change;
     change.size = true;
@@ -201,7 +223,7 @@ SelectionChange Selection::addCellsToSelection(RangeVector ranges) {
 
 namespace {
 
-/// Takes a position out of a whole line. Nothing for a line that does not hold it, else whether it was in.
+/// Takes a position out of a whole line. Nothing for a range that does not hold it, else whether it was in.
 std::optional<bool> excludeFromLine(Range& range, RangeAxis const& axis, int line, int position) {
     if (range.type != axis.lineType || range.*axis.line != line || range.*axis.position > position)
         return std::nullopt;
@@ -226,33 +248,71 @@ std::optional<bool> excludeFromTable(Range& range, int row, int col) {
     return true;
 }
 
+std::optional<bool> exclude(Range& range, int row, int col) {
+    std::optional<bool> excluded = excludeFromLine(range, rowsAxis, row, col);
+    if (!excluded)
+        excluded = excludeFromLine(range, colsAxis, col, row);
+    return excluded ? excluded : excludeFromTable(range, row, col);
+}
+
+/// The line of a run in which a cell lies.
+LineRun lineOf(LineRun const& run, int row, int col) {
+    const int line = run.range.type == RangeType::Column ? col : row;
+    return run.count > 1 && run.holdsLine(line) ? run.part(line, line) : run;
+}
+
 } // namespace
 
 bool Selection::removeCellFromSelection(int row, int col) {
-    editRanges();
-    const auto takeOut = [&]() -> bool {
-        for (auto range = selection.begin(); range != selection.end(); ++range) {
-            if (range->type == RangeType::Cell && range->row == row && range->col == col) {
-                if (range->hasMainCell)
-                    return false;
-                selection.erase(range);
-                return true;
-            }
-            std::optional<bool> excluded = excludeFromLine(*range, rowsAxis, row, col);
-            if (!excluded)
-                excluded = excludeFromLine(*range, colsAxis, col, row);
-            if (!excluded)
-                excluded = excludeFromTable(*range, row, col);
-            if (excluded)
-                return *excluded;
-        }
-        return false;
+    // Of several ranges that hold the cell the first one of the list loses it.
+    const auto rank = [&](int startRow, int startCol) {
+        return order == RangeSet::Order::ByRow ? std::pair(startRow, startCol) : std::pair(startCol, startRow);
     };
-    const bool removed = takeOut();
+    LineRun const* holder = nullptr;
+    std::pair<int, int> holderRank;
+    for (LineRun const& run : selection.lines()) {
+        Range range = lineOf(run, row, col).range;
+        const auto rangeRank = rank(range.row, range.col);
+        if ((holder == nullptr || rangeRank < holderRank) && exclude(range, row, col)) {
+            holder = &run;
+            holderRank = rangeRank;
+        }
+    }
+    const bool isCell = selection.cells().contains(row, col);
+    const bool cellFirst =
+        holder == nullptr || rank(row, col) < holderRank ||
+        (rank(row, col) == holderRank && (holder->range.type != RangeType::Table || holder->behindCell));
+    bool removed = false;
+    if (isCell && cellFirst) {
+        removed = selection.mainCell() != std::pair(row, col);
+        if (removed)
+            selection.setCells(selection.cells() - CellRegion({row, col, row, col}));
+    } else if (holder != nullptr) {
+        removed = excludeFromRun(std::size_t(holder - selection.lines().data()), row, col);
+    }
+    if (!removed)
+        return false;
+    forgetList();
     // Steps replayed from the base of before would bring the cell back.
-    if (removed)
-        shiftRecord.reset();
-    return removed;
+    shiftRecord.reset();
+    return true;
+}
+
+bool Selection::excludeFromRun(std::size_t index, int row, int col) {
+    std::vector<LineRun>& lines = selection.editLines();
+    const LineRun run = lines[index];
+    LineRun single = lineOf(run, row, col);
+    if (!exclude(single.range, row, col).value_or(false))
+        return false;
+    std::vector<LineRun> parts;
+    if (run.firstLine() < single.firstLine())
+        parts.push_back(run.part(run.firstLine(), single.firstLine() - 1));
+    parts.push_back(single);
+    if (single.lastLine() < run.lastLine())
+        parts.push_back(run.part(single.lastLine() + 1, run.lastLine()));
+    const auto at = lines.erase(lines.begin() + std::ptrdiff_t(index));
+    lines.insert(at, parts.begin(), parts.end());
+    return true;
 }
 
 // Moving.
@@ -260,13 +320,10 @@ bool Selection::removeCellFromSelection(int row, int col) {
 SelectionChange Selection::moveSelectionRelative(int rows, int cols, GridSize view) {
     const int rowShift = withinLines(rows, main.row, view.rows);
     const int colShift = withinLines(cols, main.col, view.cols);
-    const auto move = [&](Range& range) {
-        range.row += rowShift;
-        range.col += colShift;
-    };
-    for (Range& range : editRanges())
-        move(range);
-    move(main);
+    forgetList();
+    selection = selection.moved(rowShift, colShift);
+    main.row += rowShift;
+    main.col += colShift;
     // Steps replayed from the base of before would jump back to it.
     shiftRecord.reset();
     SelectionChange change;
@@ -276,21 +333,19 @@ SelectionChange Selection::moveSelectionRelative(int rows, int cols, GridSize vi
     return change;
 }
 
-SelectionChange Selection::moveAlong(Axis axis, RangeVector ranges, int lines) {
-    int Range::*const line = rangeAxis(axis).line;
+SelectionChange Selection::moveAlong(RangeSet const& ranges, int rows, int cols) {
     Range movedMain = main;
-    movedMain.*line += lines;
-    for (Range& range : ranges)
-        range.*line += lines;
-    return setSelection(movedMain, std::move(ranges));
+    movedMain.row += rows;
+    movedMain.col += cols;
+    return setSelection(movedMain, ranges.moved(rows, cols));
 }
 
-SelectionChange Selection::moveSelectionVertically(RangeVector const& ranges, int rows) {
-    return moveAlong(Axis::Rows, ranges, rows);
+SelectionChange Selection::moveSelectionVertically(RangeSet const& ranges, int rows) {
+    return moveAlong(ranges, rows, 0);
 }
 
-SelectionChange Selection::moveSelectionHorizontally(RangeVector const& ranges, int cols) {
-    return moveAlong(Axis::Columns, ranges, cols);
+SelectionChange Selection::moveSelectionHorizontally(RangeSet const& ranges, int cols) {
+    return moveAlong(ranges, 0, cols);
 }
 
 // Growing.
@@ -304,10 +359,13 @@ std::optional<SelectionChange> Selection::shiftAlong(Axis axis, Direction direct
     return replayAlong(axis, shiftRecord.baseSelection(), shiftRecord.steps(), bounds);
 }
 
-SelectionChange Selection::replayAlong(Axis axis, RangeVector const& base, std::vector<SelectionType> const& steps,
+SelectionChange Selection::replayAlong(Axis axis, RangeSet const& base, std::vector<SelectionType> const& steps,
                                        ShiftBounds const& bounds) {
-    // A sanitized base counts its main cell from the start of the range, which the setting does not.
-    return setSelection(SelectionShift::replay(withAbsoluteMainCell(base), steps, axis, bounds), false);
+    RangeSet grown = SelectionShift::replay(base, steps, axis, bounds);
+    if (!grown.mainCell())
+        return setSelection(Range(0, 0, RangeIndexType::Model), std::move(grown));
+    const auto [row, col] = *grown.mainCell();
+    return replaceBy(std::move(grown), Range(row, col, RangeIndexType::Model));
 }
 
 std::optional<SelectionChange> Selection::selectUpOrDown(Direction direction, bool toBlockEdge, bool onlyTakeBack,
@@ -320,12 +378,12 @@ std::optional<SelectionChange> Selection::selectLeftOrRight(Direction direction,
     return shiftAlong(Axis::Columns, direction, toBlockEdge, onlyTakeBack, changed, cols);
 }
 
-SelectionChange Selection::selectUpOrDown(RangeVector const& base, std::vector<SelectionType> const& steps,
+SelectionChange Selection::selectUpOrDown(RangeSet const& base, std::vector<SelectionType> const& steps,
                                           ShiftBounds const& rows) {
     return replayAlong(Axis::Rows, base, steps, rows);
 }
 
-SelectionChange Selection::selectLeftOrRight(RangeVector const& base, std::vector<SelectionType> const& steps,
+SelectionChange Selection::selectLeftOrRight(RangeSet const& base, std::vector<SelectionType> const& steps,
                                              ShiftBounds const& cols) {
     return replayAlong(Axis::Columns, base, steps, cols);
 }
@@ -333,9 +391,11 @@ SelectionChange Selection::selectLeftOrRight(RangeVector const& base, std::vecto
 // Inverting.
 
 SelectionChange Selection::invertAlong(Axis axis, GridSize data, int headerLines) {
-    RangeVector left = invertRanges(selection, axis, data, headerLines);
-    if (!left.empty())
-        return setSelection(std::move(left), true);
+    RangeSet left = invertRanges(selection, axis, data, headerLines);
+    if (left.mainCell()) {
+        const auto [row, col] = *left.mainCell();
+        return setSelection(Range(row, col, RangeIndexType::Model), std::move(left));
+    }
     Range firstCell(0, 0, RangeIndexType::Model);
     return setSelection(firstCell);
 }

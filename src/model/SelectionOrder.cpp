@@ -26,7 +26,7 @@ void addSorted(CellPatch& patch, TableData const& data, std::vector<std::pair<in
 
 } // namespace
 
-CellPatch sortedCells(TableModel const& model, RangeVector const& ranges, Axis axis, SortType type) {
+CellPatch sortedCells(TableModel const& model, RangeSet const& ranges, Axis axis, SortType type) {
     TableData const& data = model.getTableData();
     SelectedCellWalk walk(ranges, {model.rowCountModel(), model.columnCountModel()});
     std::map<int, std::vector<std::pair<int, int>>> lines; // by the number of each line

@@ -1,27 +1,70 @@
 #include "model/SelectionRules.h"
 
 #include "model/RangeAxis.h"
-#include "model/RangeOrder.h"
 
 #include <algorithm>
 #include <climits>
-#include <cstddef>
+#include <map>
 #include <stdexcept>
+#include <tuple>
 #include <utility>
 
 namespace {
 
-using Cells = std::vector<std::pair<int, int>>;
-
-void mergeNeighbouringEquals(RangeVector& ranges) {
-    auto kept = ranges.begin();
-    for (auto next = kept + 1; next != ranges.end(); ++next) {
-        if (*next == *kept)
-            kept->hasMainCell = kept->hasMainCell || next->hasMainCell;
-        else if (++kept != next)
-            *kept = std::move(*next);
+/// Lines that are taken already, of one type and from one position on.
+class TakenSpans {
+public:
+    /// The parts of a run that were not there yet, which are there from now on.
+    std::vector<LineRun> add(LineRun const& run) {
+        std::vector<LineRun> parts;
+        int next = run.firstLine();
+        int const last = run.lastLine();
+        auto span = spans.upper_bound(next);
+        if (span != spans.begin() && std::prev(span)->second >= next)
+            next = std::prev(span)->second + 1;
+        for (; next <= last; ++span) {
+            int const free = span == spans.end() ? last : std::min(last, span->first - 1);
+            if (next <= free)
+                parts.push_back(run.part(next, free));
+            if (span == spans.end())
+                break;
+            next = std::max(next, span->second + 1);
+        }
+        for (LineRun const& part : parts)
+            spans[part.firstLine()] = part.lastLine();
+        return parts;
     }
-    ranges.erase(kept + 1, ranges.end());
+
+private:
+    std::map<int, int> spans; ///< first and last line
+};
+
+/// Of ranges with the same type and start the first stays.
+void dropRepeatedLines(RangeSet& ranges) {
+    if (ranges.lines().size() < 2)
+        return;
+    std::map<std::pair<RangeType, int>, TakenSpans> taken;
+    std::vector<LineRun> kept;
+    for (LineRun const& run : ranges.lines()) {
+        std::vector<LineRun> parts = taken[{run.range.type, run.position()}].add(run);
+        std::move(parts.begin(), parts.end(), std::back_inserter(kept));
+    }
+    ranges.editLines() = std::move(kept);
+}
+
+/// The table that starts the list, null if another range does.
+LineRun* frontTable(RangeSet& ranges) {
+    auto const start = [](LineRun const& run) { return std::pair(run.range.row, run.range.col); };
+    if (ranges.lines().empty())
+        return nullptr;
+    auto const first = std::min_element(ranges.lines().begin(), ranges.lines().end(),
+                                        [&](LineRun const& a, LineRun const& b) { return start(a) < start(b); });
+    bool const behindCell =
+        !ranges.cells().isEmpty() &&
+        (ranges.cells().first() < start(*first) || (ranges.cells().first() == start(*first) && first->behindCell));
+    if (first->range.type != RangeType::Table || behindCell)
+        return nullptr;
+    return &ranges.editLines()[std::size_t(first - ranges.lines().begin())];
 }
 
 bool contains(std::vector<int> const& list, int number) {
@@ -30,8 +73,8 @@ bool contains(std::vector<int> const& list, int number) {
 
 /// Whether the table leaves out any cell of `range`.
 bool leavesOut(Range const& table, Range const& range) {
-    const bool oneRow = range.type == RangeType::Cell || range.type == RangeType::Row;
-    const bool oneCol = range.type == RangeType::Cell || range.type == RangeType::Column;
+    const bool oneRow = range.type == RangeType::Row;
+    const bool oneCol = range.type == RangeType::Column;
     const auto inRows = [&](int row) { return row >= range.row && (!oneRow || row == range.row); };
     const auto inCols = [&](int col) { return col >= range.col && (!oneCol || col == range.col); };
     const auto inRange = [&](auto const& cell) { return inRows(cell.first) && inCols(cell.second); };
@@ -41,7 +84,7 @@ bool leavesOut(Range const& table, Range const& range) {
 }
 
 void tidyExcludedCells(Range& table) {
-    Cells& cells = table.excludedCells;
+    auto& cells = table.excludedCells;
     std::sort(cells.begin(), cells.end());
     cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
     std::erase_if(cells, [&](auto const& cell) {
@@ -51,88 +94,84 @@ void tidyExcludedCells(Range& table) {
 }
 
 /// What lies in a table that starts the list adds nothing to it; a cell once taken out of the table returns to it.
-void absorbIntoTable(RangeVector& ranges) {
-    Range& table = ranges.front();
-    if (table.type != RangeType::Table)
+void absorbIntoTable(RangeSet& ranges) {
+    LineRun* const run = frontTable(ranges);
+    if (!run)
         return;
+    Range& table = run->range;
     tidyExcludedCells(table);
-    const Cells excluded = std::exchange(table.excludedCells, {});
-    std::vector<bool> putBack(excluded.size(), false);
-    const auto isAbsorbedCell = [&](Range const& range) {
-        if (range.type != RangeType::Cell)
-            return false;
-        const auto cell = std::pair(range.row, range.col);
-        const auto found = std::lower_bound(excluded.begin(), excluded.end(), cell);
-        if (found != excluded.end() && *found == cell) {
-            putBack[std::size_t(found - excluded.begin())] = true;
-            return true;
-        }
-        return table.containsRange(range) && !leavesOut(table, range);
-    };
-    ranges.erase(std::remove_if(ranges.begin() + 1, ranges.end(), isAbsorbedCell), ranges.end());
-    for (std::size_t i = 0; i < excluded.size(); ++i) {
-        if (!putBack[i])
-            table.excludedCells.push_back(excluded[i]);
-    }
-
-    const auto isAbsorbedLine = [&](Range const& range) {
-        return range.type != RangeType::Cell && table.containsRange(range) && !leavesOut(table, range);
-    };
-    ranges.erase(std::remove_if(ranges.begin() + 1, ranges.end(), isAbsorbedLine), ranges.end());
-}
-
-/// Drops the cells that follow a whole line in that line. The list is in order along it, so they all lie behind the
-/// line's start. The line's exclusions are not consulted: a cell once taken out of a line cannot be put back by adding
-/// it.
-void dropCellsBehindLines(RangeVector& ranges, RangeAxis const& axis) {
-    int line = INT_MIN;
-    bool lineSelected = false;
-    std::erase_if(ranges, [&](Range const& range) {
-        if (range.*axis.line != line) {
-            line = range.*axis.line;
-            lineSelected = false;
-        }
-        lineSelected = lineSelected || range.type == axis.lineType;
-        return lineSelected && range.type == RangeType::Cell;
+    std::vector<CellRect> left;
+    for (int const row : table.excludedRows)
+        left.push_back({row, table.col, row, table.colEnd});
+    for (int const col : table.excludedCols)
+        left.push_back({table.row, col, table.rowEnd, col});
+    CellRegion const taken = CellRegion({table.row, table.col, table.rowEnd, table.colEnd}) - CellRegion::ofRects(left);
+    std::vector<std::pair<int, int>> returned;
+    std::erase_if(table.excludedCells, [&](auto const& cell) {
+        bool const returns = ranges.cells().contains(cell.first, cell.second);
+        if (returns)
+            returned.push_back(cell);
+        return returns;
     });
+    ranges.setCells(ranges.cells() - (taken | CellRegion::ofCells(std::move(returned))));
+
+    Range const absorber = table;
+    std::vector<LineRun> kept;
+    for (LineRun const& other : ranges.lines()) {
+        // Of a run only the line on the table's own first row or column can lie in it.
+        int const line = other.range.type == RangeType::Column ? absorber.col : absorber.row;
+        bool const isTable = &other == run;
+        bool const absorbed = !isTable && other.holdsLine(line) && absorber.containsRange(other.at(line)) &&
+                              !leavesOut(absorber, other.at(line));
+        bool const tableInside = !isTable && other.range.type == RangeType::Table &&
+                                 absorber.containsRange(other.range) && !leavesOut(absorber, other.range);
+        if (tableInside)
+            continue;
+        if (!absorbed) {
+            kept.push_back(other);
+            continue;
+        }
+        if (other.firstLine() < line)
+            kept.push_back(other.part(other.firstLine(), line - 1));
+        if (line < other.lastLine())
+            kept.push_back(other.part(line + 1, other.lastLine()));
+    }
+    ranges.editLines() = std::move(kept);
 }
 
-void flagMainCell(RangeVector& ranges, Range const& mainCell) {
-    bool held = false;
-    for (Range& range : ranges) {
-        range.hasMainCell = range.containsRange(mainCell);
-        if (!range.hasMainCell)
+/// Drops the cells behind the start of a whole line in that line. The line's exclusions are not consulted: a cell once
+/// taken out of a line cannot be put back by adding it.
+void dropCellsBehindLines(RangeSet& ranges) {
+    std::vector<CellRect> behind;
+    for (LineRun const& run : ranges.lines()) {
+        if (run.position() == INT_MAX)
             continue;
-        held = true;
-        if (range.type == RangeType::Row) {
-            range.mainIndex = mainCell.col - range.col;
-        } else if (range.type == RangeType::Column) {
-            range.mainIndex = mainCell.row - range.row;
-        } else if (range.type == RangeType::Table) {
-            range.mainRow = mainCell.row - range.row;
-            range.mainCol = mainCell.col - range.col;
-        }
+        if (run.range.type == RangeType::Row)
+            behind.push_back({run.firstLine(), run.position() + 1, run.lastLine(), INT_MAX});
+        else if (run.range.type == RangeType::Column)
+            behind.push_back({run.position() + 1, run.firstLine(), INT_MAX, run.lastLine()});
     }
-    if (!held)
-        ranges.push_back(mainCell);
+    if (!behind.empty())
+        ranges.setCells(ranges.cells() - CellRegion::ofRects(behind));
 }
 
 } // namespace
 
-void sanitizeRanges(RangeVector& ranges, Range& mainCell) {
+bool sanitizeRanges(RangeSet& ranges, Range& mainCell) {
     if (mainCell.row == -1 || mainCell.col == -1)
         throw std::runtime_error("Main cell not a single cell.");
     mainCell.hasMainCell = true;
     mainCell.type = RangeType::Cell;
-    if (ranges.empty()) {
-        ranges.push_back(mainCell);
-        return;
+    CellRegion const main({mainCell.row, mainCell.col, mainCell.row, mainCell.col});
+    if (ranges.isEmpty()) {
+        ranges.setCells(main);
+        return false;
     }
-    sortByRowThenColumn(ranges);
-    mergeNeighbouringEquals(ranges);
+    dropRepeatedLines(ranges);
     absorbIntoTable(ranges);
-    dropCellsBehindLines(ranges, rowsAxis);
-    sortByColumn(ranges);
-    dropCellsBehindLines(ranges, colsAxis);
-    flagMainCell(ranges, mainCell);
+    dropCellsBehindLines(ranges);
+    if (ranges.contains(mainCell))
+        return false;
+    ranges.addCells(main);
+    return true;
 }

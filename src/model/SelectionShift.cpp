@@ -3,6 +3,8 @@
 #include "model/RangeAxis.h"
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -30,17 +32,16 @@ bool isAlong(Direction direction, Axis axis) {
     return (direction == Direction::Up || direction == Direction::Down) == (axis == Axis::Rows);
 }
 
-/// The line that the steps lead to from a range.
-int lineAfter(Range const& range, std::vector<SelectionType> const& steps, Axis axis, ShiftBounds const& bounds) {
+/// The line that the steps lead to from a line, seen at one position in it.
+int lineAfter(int line, int position, std::vector<SelectionType> const& steps, Axis axis, ShiftBounds const& bounds) {
     RangeAxis const& names = rangeAxis(axis);
     const int last = std::max(bounds.lineCount - 1, 0);
-    int line = range.*names.line;
     for (SelectionType step : steps) {
         const Direction direction = directionOf(step);
         if (!isAlong(direction, axis))
             continue;
         if (isBlockStep(step)) {
-            const Range from = names.cell(std::clamp(line, 0, last), range.*names.position);
+            const Range from = names.cell(std::clamp(line, 0, last), position);
             line = bounds.nextBlock(from, direction).*names.line;
         } else {
             line += direction == Direction::Down || direction == Direction::Right ? 1 : -1;
@@ -49,15 +50,22 @@ int lineAfter(Range const& range, std::vector<SelectionType> const& steps, Axis 
     return std::clamp(line, 0, last);
 }
 
+/// The lines that a run of lines grows to.
+std::pair<int, int> grownLines(int first, int last, int position, std::vector<SelectionType> const& steps, Axis axis,
+                               ShiftBounds const& bounds) {
+    return {std::min(first, lineAfter(first, position, steps, axis, bounds)),
+            std::max(last, lineAfter(last, position, steps, axis, bounds))};
+}
+
 } // namespace
 
 void SelectionShift::reset() {
-    base = RangeVector();
+    base = RangeSet();
     lastShiftDirection = SelectionType::BlockUp;
     shiftSteps.clear();
 }
 
-bool SelectionShift::addStep(RangeVector const& selection, Direction direction, bool toBlockEdge, bool onlyTakeBack,
+bool SelectionShift::addStep(RangeSet const& selection, Direction direction, bool toBlockEdge, bool onlyTakeBack,
                              bool* tookBack) {
     const SelectionType singleStep = stepTowards(direction, false);
     if (lastShiftDirection != singleStep && lastShiftDirection != opposite(singleStep)) {
@@ -79,22 +87,46 @@ bool SelectionShift::addStep(RangeVector const& selection, Direction direction, 
     return true;
 }
 
-RangeVector SelectionShift::replay(RangeVector const& ranges, std::vector<SelectionType> const& steps, Axis axis,
-                                   ShiftBounds const& bounds) {
-    RangeAxis const& names = rangeAxis(axis);
-    RangeVector grown;
-    grown.tableRows = ranges.tableRows;
-    grown.tableCols = ranges.tableCols;
-    for (Range const& range : ranges) {
-        const int start = range.*names.line;
-        const int end = lineAfter(range, steps, axis, bounds);
-        // The range itself comes first: the first flagged one decides the main cell.
+RangeSet SelectionShift::replay(RangeSet const& ranges, std::vector<SelectionType> const& steps, Axis axis,
+                                ShiftBounds const& bounds) {
+    const bool rows = axis == Axis::Rows;
+    const bool jumps = std::any_of(steps.begin(), steps.end(), isBlockStep);
+    std::vector<CellRect> grown;
+    for (CellRect const& rect : ranges.cells().rects()) {
+        const auto grow = [&](int first, int last, int position, int lastPosition) {
+            std::tie(first, last) = grownLines(first, last, position, steps, axis, bounds);
+            grown.push_back(rows ? CellRect{first, position, last, lastPosition}
+                                 : CellRect{position, first, lastPosition, last});
+        };
+        const auto [first, last] = rows ? std::pair(rect.top, rect.bottom) : std::pair(rect.left, rect.right);
+        const auto [from, to] = rows ? std::pair(rect.left, rect.right) : std::pair(rect.top, rect.bottom);
+        // Only a jump goes by what the cells at one position hold.
+        if (!jumps)
+            grow(first, last, from, to);
+        for (int position = from; jumps && position <= to; ++position)
+            grow(first, last, position, position);
+    }
+    RangeSet result(CellRegion::ofRects(grown));
+    for (LineRun const& run : ranges.lines()) {
+        if (run.range.type == rangeAxis(axis).lineType) {
+            const auto [first, last] = grownLines(run.firstLine(), run.lastLine(), run.position(), steps, axis, bounds);
+            for (int line = first; line <= last; ++line)
+                result.addLines(run.part(line, line));
+            continue;
+        }
+        // A range across the lines starts on every line between.
+        Range const& range = run.range;
+        const int start = range.*rangeAxis(axis).line;
+        const int end = lineAfter(start, range.*rangeAxis(axis).position, steps, axis, bounds);
         for (int line = start;; line += end < start ? -1 : 1) {
-            grown.push_back(range);
-            grown.back().*names.line = line;
+            LineRun copy = run;
+            copy.range.*rangeAxis(axis).line = line;
+            result.addLines(copy);
             if (line == end)
                 break;
         }
     }
-    return grown;
+    if (ranges.mainCell())
+        result.setMainCell(ranges.mainCell()->first, ranges.mainCell()->second);
+    return result;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
-#include "core/RangeVector.h"
+#include "model/RangeSet.h"
 
 #include <functional>
 #include <vector>
@@ -37,20 +37,20 @@ public:
     /// Notes a step in `direction`, starting from `selection` when the last step lay on the other axis. A step against
     /// the last one takes that back and sets `tookBack` (which may be null). Returns false, with nothing noted, when
     /// `onlyTakeBack` is set, the direction is Up or Left, and there is no step to take back.
-    bool addStep(RangeVector const& selection, Direction direction, bool toBlockEdge, bool onlyTakeBack,
-                 bool* tookBack);
+    bool addStep(RangeSet const& selection, Direction direction, bool toBlockEdge, bool onlyTakeBack, bool* tookBack);
 
-    RangeVector const& baseSelection() const { return base; }
+    RangeSet const& baseSelection() const { return base; }
     std::vector<SelectionType> const& steps() const { return shiftSteps; }
     SelectionType lastDirection() const { return lastShiftDirection; }
 
-    /// `ranges` grown by `steps`: each becomes one copy for every row (Axis::Rows: steps up and down) or column from
-    /// where it stands to where the steps lead, itself first. The main cell's offsets are copied as they are.
-    static RangeVector replay(RangeVector const& ranges, std::vector<SelectionType> const& steps, Axis axis,
-                              ShiftBounds const& bounds);
+    /// `ranges` grown by `steps`: each range is there for every row (Axis::Rows: steps up and down) or column from
+    /// where it stands to where the steps lead. A rectangle is one piece, for steps lead lines that follow one another
+    /// to lines in the same order. The main cell stays.
+    static RangeSet replay(RangeSet const& ranges, std::vector<SelectionType> const& steps, Axis axis,
+                           ShiftBounds const& bounds);
 
 private:
-    RangeVector base;
+    RangeSet base;
     SelectionType lastShiftDirection = SelectionType::BlockUp;
     std::vector<SelectionType> shiftSteps;
 };

@@ -2,57 +2,58 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstddef>
 #include <cstdlib>
 
 namespace {
 
-qint64 numCellsInView(Range const& range, GridSize view) {
+int bounded(qint64 count) {
+    return int(std::clamp<qint64>(count, 0, INT_MAX));
+}
+
+qint64 numCellsInView(LineRun const& run, GridSize view) {
+    Range const& range = run.range;
     switch (range.type) {
-    case RangeType::Cell: return 1;
-    case RangeType::Row: return view.cols - range.col;
-    case RangeType::Column: return view.rows - range.row;
+    case RangeType::Row: return qint64(view.cols - range.col) * run.count;
+    case RangeType::Column: return qint64(view.rows - range.row) * run.count;
     case RangeType::Table: return qint64(view.rows - range.row) * (view.cols - range.col);
+    case RangeType::Cell:
     case RangeType::None: break;
     }
     return 0;
 }
 
-/// Sets height and width if the cells, in order of row and then column, fill a rectangle.
-void measureRectangle(RangeVector const& cells, RangeSize& size) {
-    if (cells.empty())
-        return;
-    Range const& corner = cells.front();
-    const auto endOfFirstRow =
-        std::find_if(cells.begin(), cells.end(), [&](Range const& cell) { return cell.row != corner.row; });
-    const std::size_t width = std::size_t(endOfFirstRow - cells.begin());
-    if (cells.size() % width != 0)
-        return;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        if (cells[i].row != corner.row + int(i / width) || cells[i].col != corner.col + int(i % width))
-            return;
-    }
-    size.height = int(cells.size() / width);
-    size.width = int(width);
+/// The cells that follow the start of a table in the list.
+qint64 numCellsBehind(CellRegion const& cells, LineRun const& table) {
+    int const col = table.range.col + (table.behindCell ? 1 : 0);
+    CellRegion const ahead = CellRegion({INT_MIN, INT_MIN, table.range.row - 1, INT_MAX}) |
+                             CellRegion({table.range.row, INT_MIN, table.range.row, col - 1});
+    return (cells - ahead).count();
 }
 
 } // namespace
 
-RangeSize selectionSize(RangeVector const& ranges, GridSize view) {
+RangeSize selectionSize(RangeSet const& ranges, GridSize view) {
     RangeSize size;
-    bool onlyCells = true;
-    for (Range const& range : ranges) {
-        onlyCells = onlyCells && range.type == RangeType::Cell;
-        switch (range.type) {
-        case RangeType::Cell: ++size.cells; break;
-        case RangeType::Row: ++size.rows; break;
-        case RangeType::Column: ++size.cols; break;
-        case RangeType::Table: size.cells = int(std::clamp<qint64>(numCellsInView(range, view), 0, INT_MAX)); break;
-        case RangeType::None: break;
-        }
+    qint64 rows = 0;
+    qint64 cols = 0;
+    LineRun const* lastTable = nullptr;
+    auto const start = [](LineRun const& run) { return std::pair(run.range.row, run.range.col); };
+    for (LineRun const& run : ranges.lines()) {
+        rows += run.range.type == RangeType::Row ? run.count : 0;
+        cols += run.range.type == RangeType::Column ? run.count : 0;
+        if (run.range.type == RangeType::Table && (!lastTable || start(run) >= start(*lastTable)))
+            lastTable = &run;
     }
-    if (onlyCells)
-        measureRectangle(ranges, size);
+    size.rows = bounded(rows);
+    size.cols = bounded(cols);
+    size.cells =
+        bounded(lastTable ? bounded(numCellsInView(*lastTable, view)) + numCellsBehind(ranges.cells(), *lastTable)
+                          : ranges.cells().count());
+    if (ranges.lines().empty() && ranges.cells().isRect()) {
+        CellRect const rect = ranges.cells().bounds();
+        size.height = rect.bottom - rect.top + 1;
+        size.width = rect.right - rect.left + 1;
+    }
     return size;
 }
 
@@ -63,9 +64,9 @@ RangeSize rectangleSize(Range const& corner, Range const& opposite) {
     return size;
 }
 
-qint64 numCellsInView(RangeVector const& ranges, GridSize view) {
-    qint64 cells = 0;
-    for (Range const& range : ranges)
-        cells += numCellsInView(range, view);
+qint64 numCellsInView(RangeSet const& ranges, GridSize view) {
+    qint64 cells = ranges.cells().count();
+    for (LineRun const& run : ranges.lines())
+        cells += numCellsInView(run, view);
     return cells;
 }

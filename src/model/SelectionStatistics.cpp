@@ -31,7 +31,7 @@ QString SelectionStatistics::text(double sum, qint64 count) {
 void SelectionStatistics::start(TableModel const* newModel) {
     stop();
     model = newModel;
-    walk.emplace(model->getSelection(), GridSize{model->rowCountModel(), model->columnCountModel()});
+    walk.emplace(model->getSelectedSet(), GridSize{model->rowCountModel(), model->columnCountModel()});
     codec = CellCodec(model->getEncoding());
     totalSum = 0;
     totalCount = 0;

@@ -76,6 +76,8 @@ QVariant TableModel::data(QModelIndex const& index, int role) const {
 }
 
 QVariant TableModel::cellValue(QModelIndex const& index) const {
+    if (provisional && provisional->covers(index.row(), index.column()))
+        return provisional->text;
     if (highlightPreview && !highlighted.isEmpty()) {
         Range const* const range = highlighted.startingAt(index.row(), index.column(), spaces());
         if (range && range->value.isValid())

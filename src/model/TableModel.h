@@ -10,6 +10,7 @@
 #include "model/HeaderRowSearch.h"
 #include "model/HighlightedCells.h"
 #include "model/IndexSpaces.h"
+#include "model/ProvisionalText.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
 #include "storage/TableData.h"
@@ -172,6 +173,7 @@ public:
     Range getUserRange(Range const& range) const { return spaces().userRange(range); }
     RangeVector getRawRange(RangeVector const& ranges) const { return spaces().rawRange(ranges); }
     RangeVector getModelRange(RangeVector const& ranges) const { return spaces().modelRange(ranges); }
+    RangeSet getModelRange(RangeSet const& ranges) const;
     RangeVector getUserRange(RangeVector const& ranges) const { return spaces().userRange(ranges); }
     Range convertRangeIndex(Range const& range, RangeIndexType target) const;
     RangeVector convertRangeIndex(RangeVector const& ranges, RangeIndexType target) const;
@@ -229,16 +231,21 @@ public:
 
     // Selection. See Selection for the rules; ranges of any index space are taken and become Model ranges.
 
+    /// Has the cells of an edit show its text, or with nothing shows what they hold again. The data stay, and views
+    /// are not told: an open editor would take the change for one of its own cell.
+    void setProvisionalText(std::optional<ProvisionalText> text);
+    RangeSet const& getSelectedSet() const { return selection.set(); }
+    /// The list form. For a large selection it is large, and made when it is asked for.
     RangeVector const& getSelection() const { return selection.ranges(); }
     Range const& getMainCell() const { return selection.mainCell(); }
     void setSelection(Range range);
-    void setSelection(Range const& mainRange, RangeVector const& ranges);
+    void setSelection(Range const& mainRange, RangeSet const& ranges);
     void setSelection(RangeVector const& ranges, bool resetShift);
     void setMainCell(Range const& range);
     /// Empties the selection; a valid `range` becomes the main cell.
     void clearSelection(Range const& range = Range(RangeType::None));
     bool addCellToSelection(Range const& range);
-    bool addCellsToSelection(RangeVector const& ranges);
+    bool addCellsToSelection(RangeSet const& ranges);
     bool removeCellFromSelection(int row, int col);
     void sanitizeSelection() { selection.sanitizeSelection(); }
     bool cellInSelection(Range const& range) const { return selection.cellInSelection(range); }
@@ -254,12 +261,12 @@ public:
     /// False if the second corner is there already.
     bool setPendingSelectionCorner(Range const& corner, bool isFirst);
     void moveSelectionRelative(int rows, int cols);
-    void moveSelectionVertically(RangeVector const& ranges, int rows);
-    void moveSelectionHorizontally(RangeVector const& ranges, int cols);
+    void moveSelectionVertically(RangeSet const& ranges, int rows);
+    void moveSelectionHorizontally(RangeSet const& ranges, int cols);
     bool selectUpOrDown(Direction direction, bool toBlockEdge, bool onlyTakeBack, bool* changed);
     bool selectLeftOrRight(Direction direction, bool toBlockEdge, bool onlyTakeBack, bool* changed);
-    void selectUpOrDown(RangeVector const& base, std::vector<SelectionType> const& steps);
-    void selectLeftOrRight(RangeVector const& base, std::vector<SelectionType> const& steps);
+    void selectUpOrDown(RangeSet const& base, std::vector<SelectionType> const& steps);
+    void selectLeftOrRight(RangeSet const& base, std::vector<SelectionType> const& steps);
     /// "Sum: %1      Mean: %2" of the numbers among the selected cells, with "-" if there are none.
     QString getSelectionSumMeanStr() const;
     /// Announces those numbers; read-only tables have none.
@@ -450,7 +457,7 @@ public:
     /// Fits all rows (columns).
     void enforceAutoFitAll(Axis axis) { emit enforceAutoFitAllSignal(axis); }
     /// Fits the rows and columns that the ranges touch.
-    void enforceAutoFitOnModel(RangeVector const& ranges);
+    void enforceAutoFitOnModel(RangeSet const& ranges);
     void scrollToMainCell(bool ifNeeded, bool minimal) { emit scrollToMainCellSignal(ifNeeded, minimal); }
     void scrollToRow(int row, bool ifNeeded, bool minimal) { emit scrollToRowSignal(row, ifNeeded, minimal); }
     void scrollToCol(int col, bool ifNeeded, bool minimal) { emit scrollToColSignal(col, ifNeeded, minimal); }
@@ -547,6 +554,7 @@ private:
     void noteFileDialect(QString const& path, QString const& fileDelimiter);
     int& numHeaderCols() { return colorOptions.headerCols; }
     void orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, RangeIndexType type) const;
+    void orderedSet(Axis axis, Indexes& out, RangeSet const& ranges, RangeIndexType type) const;
     void announce(SelectionChange const& change);
     ShiftBounds shiftBounds(Axis axis) const;
 
@@ -554,6 +562,7 @@ private:
     QWaitCondition progressCondition;
     TableData tableData;
     Selection selection;
+    std::optional<ProvisionalText> provisional;
     HighlightedCells highlighted;
     bool highlightPreview = false;
 

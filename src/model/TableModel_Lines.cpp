@@ -191,11 +191,11 @@ void TableModel::setViewCount(Axis axis, int count) {
 }
 
 void TableModel::enforceTableSize() {
-    bool const anySelected = !selection.ranges().empty();
+    bool const anySelected = !selection.set().isEmpty();
     auto const lastSelected = [&](int last) { return anySelected ? std::optional(last) : std::nullopt; };
-    RangeVector& ranges = selection.editRanges();
-    int const rows = shape(Axis::Rows).viewCount(lastSelected(findBottomOccupiedRow(ranges, true)));
-    int const cols = shape(Axis::Columns).viewCount(lastSelected(findRightmostOccupiedCol(ranges, true)));
+    selection.sortByColumns();
+    int const rows = shape(Axis::Rows).viewCount(lastSelected(selection.set().lastStart(Axis::Rows)));
+    int const cols = shape(Axis::Columns).viewCount(lastSelected(selection.set().lastStart(Axis::Columns)));
     if (rows == viewRowCount && cols == viewColCount)
         return;
     emit layoutAboutToBeChanged();

@@ -41,19 +41,22 @@ void TableModel::orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, 
     RangeVector::getOrderedSet(out, spaces().convertList(axis, lines, type, source));
 }
 
+void TableModel::orderedSet(Axis axis, Indexes& out, RangeSet const& ranges, RangeIndexType type) const {
+    Indexes lines = ranges.touchedLines(axis, axis == Axis::Rows ? rowCountModel() : columnCountModel());
+    RangeVector::getOrderedSet(out, spaces().convertList(axis, std::move(lines), type, RangeIndexType::Model));
+}
+
 void TableModel::getOrderedSetOfSelectedRows(Indexes& out, RangeIndexType type, bool) const {
-    getOrderedSetOfRows(out, selection.ranges(), type);
+    orderedSet(Axis::Rows, out, selection.set(), type);
 }
 
 void TableModel::getOrderedSetOfSelectedCols(Indexes& out, RangeIndexType type, bool withPending) const {
-    RangeVector ranges = selection.ranges();
+    RangeSet ranges = selection.set();
     Range const& start = selection.pendingCornerStart();
     Range const& end = selection.pendingCornerEnd();
-    if (withPending && start.col != -1 && end.col != -1) {
-        for (int col = std::min(start.col, end.col); col <= std::max(start.col, end.col); ++col)
-            ranges.emplace_back(col, RangeType::Column, RangeIndexType::Model);
-    }
-    getOrderedSetOfCols(out, ranges, type);
+    if (withPending && start.col != -1 && end.col != -1)
+        ranges.add(RangeSet::ofLines(Axis::Columns, std::min(start.col, end.col), std::max(start.col, end.col)));
+    orderedSet(Axis::Columns, out, ranges, type);
 }
 
 void TableModel::getCellArrayByRows(std::vector<RangeVector>& out, RangeVector const& ranges, bool fillValue,
@@ -136,23 +139,21 @@ int TableModel::findRightmostOccupiedCol(RangeVector& ranges, bool ignoreWhole) 
 }
 
 int TableModel::findTopOccupiedRow() const {
-    RangeVector ranges = selection.ranges();
-    return findTopOccupiedRow(ranges);
+    return selection.set().firstStart(Axis::Rows);
 }
 
 int TableModel::findBottomOccupiedRow(bool ignoreWhole) const {
-    RangeVector ranges = selection.ranges();
-    return findBottomOccupiedRow(ranges, ignoreWhole);
+    bool const reachesEnd = !ignoreWhole && selection.set().hasAcross(Axis::Rows);
+    return reachesEnd ? rowCountModel() - 1 : selection.set().lastStart(Axis::Rows);
 }
 
 int TableModel::findLeftmostOccupiedCol() const {
-    RangeVector ranges = selection.ranges();
-    return findLeftmostOccupiedCol(ranges);
+    return selection.set().firstStart(Axis::Columns);
 }
 
 int TableModel::findRightmostOccupiedCol(bool ignoreWhole) const {
-    RangeVector ranges = selection.ranges();
-    return findRightmostOccupiedCol(ranges, ignoreWhole);
+    bool const reachesEnd = !ignoreWhole && selection.set().hasAcross(Axis::Columns);
+    return reachesEnd ? columnCountModel() - 1 : selection.set().lastStart(Axis::Columns);
 }
 
 void TableModel::populateModel(Range& range, bool useOldValues, Range const& skipCell, bool emitChanges) {
@@ -181,11 +182,15 @@ void TableModel::enforceAutoFit(Indexes const& rows, Indexes const& cols) {
     emit enforceAutoFitColWidthsSignal(cols);
 }
 
-void TableModel::enforceAutoFitOnModel(RangeVector const& ranges) {
-    RangeVector const modelRanges = getModelRange(ranges);
+RangeSet TableModel::getModelRange(RangeSet const& ranges) const {
+    return ranges.getIndexType() == RangeIndexType::Model ? ranges : RangeSet(getModelRange(ranges.ranges()));
+}
+
+void TableModel::enforceAutoFitOnModel(RangeSet const& ranges) {
     Indexes rows;
     Indexes cols;
-    getOrderedSetOfRows(rows, modelRanges, RangeIndexType::Model);
-    getOrderedSetOfCols(cols, modelRanges, RangeIndexType::Model);
+    RangeSet const modelRanges = getModelRange(ranges);
+    orderedSet(Axis::Rows, rows, modelRanges, RangeIndexType::Model);
+    orderedSet(Axis::Columns, cols, modelRanges, RangeIndexType::Model);
     enforceAutoFit(rows, cols);
 }

@@ -32,7 +32,7 @@ void TableModel::setSelection(Range range) {
     announce(selection.setSelection(range));
 }
 
-void TableModel::setSelection(Range const& mainRange, RangeVector const& ranges) {
+void TableModel::setSelection(Range const& mainRange, RangeSet const& ranges) {
     announce(selection.setSelection(getModelRange(mainRange), getModelRange(ranges)));
 }
 
@@ -53,7 +53,7 @@ bool TableModel::addCellToSelection(Range const& range) {
     return true;
 }
 
-bool TableModel::addCellsToSelection(RangeVector const& ranges) {
+bool TableModel::addCellsToSelection(RangeSet const& ranges) {
     announce(selection.addCellsToSelection(getModelRange(ranges)));
     return true;
 }
@@ -74,6 +74,10 @@ QModelIndexList TableModel::getSelectionIndexes() const {
     return indexes;
 }
 
+void TableModel::setProvisionalText(std::optional<ProvisionalText> text) {
+    provisional = std::move(text);
+}
+
 bool TableModel::setPendingSelectionCorner(Range const& corner, bool isFirst) {
     std::optional<RangeSize> const size = selection.setPendingSelectionCorner(corner, isFirst, gridSize());
     if (!size)
@@ -88,11 +92,11 @@ void TableModel::moveSelectionRelative(int rows, int cols) {
     announce(selection.moveSelectionRelative(rows, cols, gridSize()));
 }
 
-void TableModel::moveSelectionVertically(RangeVector const& ranges, int rows) {
+void TableModel::moveSelectionVertically(RangeSet const& ranges, int rows) {
     announce(selection.moveSelectionVertically(getModelRange(ranges), rows));
 }
 
-void TableModel::moveSelectionHorizontally(RangeVector const& ranges, int cols) {
+void TableModel::moveSelectionHorizontally(RangeSet const& ranges, int cols) {
     announce(selection.moveSelectionHorizontally(getModelRange(ranges), cols));
 }
 
@@ -121,11 +125,11 @@ bool TableModel::selectLeftOrRight(Direction direction, bool toBlockEdge, bool o
     return change.has_value();
 }
 
-void TableModel::selectUpOrDown(RangeVector const& base, std::vector<SelectionType> const& steps) {
+void TableModel::selectUpOrDown(RangeSet const& base, std::vector<SelectionType> const& steps) {
     announce(selection.selectUpOrDown(base, steps, shiftBounds(Axis::Rows)));
 }
 
-void TableModel::selectLeftOrRight(RangeVector const& base, std::vector<SelectionType> const& steps) {
+void TableModel::selectLeftOrRight(RangeSet const& base, std::vector<SelectionType> const& steps) {
     announce(selection.selectLeftOrRight(base, steps, shiftBounds(Axis::Columns)));
 }
 

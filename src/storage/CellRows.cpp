@@ -66,6 +66,11 @@ void CellRows::removeCells(std::size_t row, std::size_t at, std::size_t count) {
         splice(row, at, count, {});
 }
 
+void CellRows::setBlankRow(std::size_t row, std::size_t cells) {
+    release(rows[row]);
+    rows[row].cells = static_cast<std::uint32_t>(cells);
+}
+
 void CellRows::copyRow(std::size_t from, std::size_t to) {
     if (from == to)
         return;

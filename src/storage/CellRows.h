@@ -44,6 +44,8 @@ public:
     void insertCells(std::size_t row, std::size_t at, std::size_t count);
     /// Removes cells; both indexes are limited to the stored ones.
     void removeCells(std::size_t row, std::size_t at, std::size_t count);
+    /// Makes a stored row one of so many empty cells, which take no memory.
+    void setBlankRow(std::size_t row, std::size_t cells);
     /// Copies the content of one stored row over another.
     void copyRow(std::size_t from, std::size_t to);
     /// Orders the rows so that row i is what was row order[i]; needs a permutation. Moves no bytes.
@@ -67,7 +69,7 @@ public:
 private:
     friend class TakenRows;
     struct Row {
-        char* data = nullptr; ///< first byte in a block, or the edited row; null for a row without cells
+        char* data = nullptr; ///< first byte in a block, or the edited row; null for a row of empty cells
         std::uint32_t firstEnd = 0;
         std::uint32_t cells = 0;
 
@@ -93,6 +95,8 @@ private:
 inline std::string_view CellRows::Row::cell(std::size_t col) const {
     if (isEdited())
         return editedRow()->cell(col);
+    if (!data)
+        return {};
     CellBlock const* const block = CellBlock::of(data);
     std::uint64_t const from = col ? block->ends.get(firstEnd + col - 1) + block->gap : 0;
     return {data + from, static_cast<std::size_t>(block->ends.get(firstEnd + col) - from)};

@@ -9,8 +9,12 @@
 #include <memory>
 #include <span>
 
+class CellPatch;
+class CellRegion;
 class LineWriter;
+class ReplacedCells;
 class ScannerFile;
+struct CellRect;
 struct LineDialect;
 struct ScannerDialect;
 struct ScannerJob;
@@ -67,6 +71,16 @@ public:
     void putBackRows(TakenRows& taken, TakenRows::Blocks const& blocks);
     void putBackCols(TakenCols& taken, TakenCols::Blocks const& blocks);
 
+    // Many cells at once. Each row is rebuilt once, whatever the number of its cells. With content the table grows.
+
+    /// Writes the cells of a patch, which holds what they had before afterwards. With `transposed` the rows of the
+    /// patch are columns here.
+    void exchange(CellPatch& patch, bool transposed);
+    /// Writes one value to all cells of a region and adds what they had before to `old`, which has to be empty.
+    void fill(CellRegion const& cells, std::string_view bytes, ReplacedCells& old);
+    /// Takes a fill back, which must be the last change of these cells. Leaves `old` empty.
+    void putBack(ReplacedCells& old);
+
     bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) override;
     bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
                  Mask const& colMask) override;
@@ -102,6 +116,15 @@ private:
     int cellsInRow(int row) const;
     void growStoredRows(int count);
     void storeCell(int row, int col, std::string_view bytes);
+    void storeRow(int row, std::span<std::string_view const> cells);
+    /// What a fill knows of the row that it is at; kept from row to row for its memory.
+    struct RowScratch {
+        std::vector<std::string_view> before;
+        std::vector<std::string_view> after;
+        std::vector<int> changed;
+    };
+    void fillRow(int row, std::span<CellRect const> runs, std::string_view bytes, ReplacedCells& old,
+                 RowScratch& scratch);
     bool storeCols(int firstCol, std::span<Cells const* const> cols);
 
     LineDialect narrowDialect() const;

@@ -21,7 +21,9 @@
 #include <vector>
 
 class CellPatch;
+class CellRegion;
 class EditableDataContainer;
+class ReplacedCells;
 class TakenLines;
 
 /// Sits between the item model and the one data container of a table. It replaces the container on every load, with
@@ -208,6 +210,13 @@ public:
     CellCodec const& getCodec() const { return codec; }
     /// Writes the cells of an editable table, which grows to hold those with content, and takes over what they had.
     void exchange(CellPatch& patch);
+    /// Writes one text to all cells of a region, which is Model, and notes what they held in `old`, which has to be
+    /// empty. With content the table grows; the size is signalled at most once.
+    void fill(CellRegion const& cells, QString const& text, ReplacedCells& old);
+    /// Whether that would change anything.
+    bool wouldFillChange(CellRegion const& cells, QString const& text) const;
+    /// Takes the last fill back. The table keeps its size.
+    void putBack(ReplacedCells& old);
     bool isCellPopulated(int modelRow, int modelCol) const;
     /// The goal of a jump over a block of cells from the range's cell, as ctrl and an arrow key make it: a copy of the
     /// range with another row or column. Walks the model's cells for a Model range, raw cells otherwise. The answer
@@ -305,6 +314,7 @@ private:
     Indexes skipMask(Axis axis, bool skipConcealed) const;
     bool growToHold(int row, int col, bool filled);
     void growToHold(CellPatch const& patch);
+    CellRegion storedCells(CellRegion const& model) const;
     QString textAt(int row, int col) const;
     void convertTable(CellCodec const& from);
     void rebuildWordDelimiterLookup();

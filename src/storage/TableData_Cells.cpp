@@ -1,6 +1,8 @@
+#include "core/CellRegion.h"
 #include "storage/BlockJump.h"
 #include "storage/CellPatch.h"
 #include "storage/EditableDataContainer.h"
+#include "storage/ReplacedCells.h"
 #include "storage/TableData.h"
 
 #include <algorithm>
@@ -72,21 +74,80 @@ void TableData::exchange(CellPatch& patch) {
     if (!editableContainer || refusesChanges())
         return;
     growToHold(patch);
-    CellPatch before;
-    before.reserve(patch.size(), patch.byteCount());
-    AbstractDataContainer::Bytes written;
-    for (std::size_t i = 0; i < patch.size(); ++i) {
-        std::string_view const bytes = patch.newBytes(i);
-        int const row = transposed ? patch.col(i) : patch.row(i);
-        int const col = transposed ? patch.row(i) : patch.col(i);
-        std::string_view const present = editableContainer->cellView(row, col);
-        before.add(patch.row(i), patch.col(i), present);
-        if (present == bytes)
-            continue;
-        written.assign(bytes.begin(), bytes.end());
-        editableContainer->setValue(row, col, written);
+    editableContainer->exchange(patch, transposed);
+}
+
+namespace {
+
+/// The raw lines that run from one shown line to another, without those that are concealed between them.
+std::vector<std::pair<int, int>> shownRuns(ConcealedList const& concealed, int first, int last) {
+    std::vector<std::pair<int, int>> runs;
+    int next = concealed.toRaw(first);
+    int const end = concealed.toRaw(last);
+    auto const& hidden = concealed.indexes();
+    for (auto at = std::lower_bound(hidden.begin(), hidden.end(), next); at != hidden.end() && *at < end; ++at) {
+        if (next < *at)
+            runs.emplace_back(next, *at - 1);
+        next = *at + 1;
     }
-    patch = std::move(before);
+    runs.emplace_back(next, end);
+    return runs;
+}
+
+} // namespace
+
+/// The cells of a Model region as the container counts them.
+CellRegion TableData::storedCells(CellRegion const& model) const {
+    ConcealedList const& rows = along(Axis::Rows).concealed;
+    ConcealedList const& cols = along(Axis::Columns).concealed;
+    if (!transposed && rows.size() == 0 && cols.size() == 0)
+        return model;
+    std::vector<CellRect> stored;
+    for (CellRect rect : model.rects()) {
+        if (transposed)
+            rect = {rect.left, rect.top, rect.right, rect.bottom};
+        auto const colRuns = shownRuns(cols, rect.left, rect.right);
+        for (auto const& [top, bottom] : shownRuns(rows, rect.top, rect.bottom)) {
+            for (auto const& [left, right] : colRuns)
+                stored.push_back({top, left, bottom, right});
+        }
+    }
+    return CellRegion::ofRects(stored);
+}
+
+void TableData::fill(CellRegion const& cells, QString const& text, ReplacedCells& old) {
+    if (!editableContainer || refusesChanges())
+        return;
+    CellRegion const stored = storedCells(cells);
+    auto const bytes = codec.encode(text);
+    CellRect const bounds = stored.bounds();
+    growToHold(bounds.bottom, bounds.right, !bytes.empty());
+    editableContainer->fill(stored, {bytes.data(), bytes.size()}, old);
+}
+
+bool TableData::wouldFillChange(CellRegion const& cells, QString const& text) const {
+    if (!editableContainer)
+        return false;
+    auto const bytes = codec.encode(text);
+    std::string_view const wanted(bytes.data(), bytes.size());
+    for (CellRect const& rect : storedCells(cells).rects()) {
+        // Cells outside of the data are empty.
+        bool const outside = rect.bottom >= along(Axis::Rows).count || rect.right >= along(Axis::Columns).count;
+        if (outside && !wanted.empty())
+            return true;
+        for (int row = rect.top; row <= std::min(rect.bottom, along(Axis::Rows).count - 1); ++row) {
+            for (int col = rect.left; col <= std::min(rect.right, along(Axis::Columns).count - 1); ++col) {
+                if (editableContainer->cellView(row, col) != wanted)
+                    return true;
+            }
+        }
+    }
+    return false;
+}
+
+void TableData::putBack(ReplacedCells& old) {
+    if (editableContainer && !refusesChanges())
+        editableContainer->putBack(old);
 }
 
 /// At once, for each growth is signalled.

@@ -1,11 +1,11 @@
 #include "storage/TakenRows.h"
 
 #include <algorithm>
+#include <utility>
 
 void TakenRows::take(CellRows& from, Blocks const& blocks) {
     release();
-    home = &from;
-    from.taken.push_back(this);
+    comeFrom(from);
     int const stored = static_cast<int>(from.rows.size());
     auto const at = [&](int row) { return from.rows.begin() + std::min(row, stored); };
     auto kept = blocks.empty() ? from.rows.end() : at(blocks.front().first);
@@ -46,11 +46,35 @@ void TakenRows::putBack(CellRows& to, Blocks const& blocks) {
     leaveHome();
 }
 
+void TakenRows::takeOut(CellRows& from, std::size_t row) {
+    if (!home)
+        comeFrom(from);
+    rows.push_back(std::exchange(from.rows[row], CellRows::Row()));
+}
+
+void TakenRows::putInPlace(CellRows& to, Blocks const& places) {
+    auto returning = rows.begin();
+    for (auto const& [first, last] : places) {
+        for (int row = first; row <= last && returning != rows.end(); ++row) {
+            CellRows::Row& place = to.rows[static_cast<std::size_t>(row)];
+            to.release(place);
+            place = *returning++;
+        }
+    }
+    rows.clear();
+    leaveHome();
+}
+
 void TakenRows::release() {
     for (CellRows::Row& row : rows)
         home->release(row);
     rows.clear();
     leaveHome();
+}
+
+void TakenRows::comeFrom(CellRows& from) {
+    home = &from;
+    from.taken.push_back(this);
 }
 
 void TakenRows::leaveHome() {

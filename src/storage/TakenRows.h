@@ -22,9 +22,16 @@ public:
     /// Makes room at the blocks and puts the taken rows there, or empty rows where none were taken.
     void putBack(CellRows& to, Blocks const& blocks);
 
+    // Single rows, which leave a row without cells in their place, in ascending order.
+
+    void takeOut(CellRows& from, std::size_t row);
+    /// Puts the rows back to where they were, in place of what stands there now.
+    void putInPlace(CellRows& to, Blocks const& places);
+
 private:
     friend class CellRows;
     void release();
+    void comeFrom(CellRows& from);
     void leaveHome();
 
     CellRows* home = nullptr;

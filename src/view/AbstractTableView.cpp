@@ -259,27 +259,18 @@ void AbstractTableView::mouseReleaseEvent(QMouseEvent*) {
 void AbstractTableView::finishDrag() {
     if (table == nullptr)
         return;
-    RangeVector const cells = pendingCells();
-    if (ctrlSelecting)
-        table->addCellsToSelection(cells);
-    else if (!cells.empty())
-        table->setSelection(cells, true);
+    Range const& start = table->getPendingCornerStart();
+    if (isSet(start)) {
+        Range const& end = isSet(table->getPendingCornerEnd()) ? table->getPendingCornerEnd() : start;
+        RangeSet const cells = SelectionMoves::rectangle(start, end);
+        if (ctrlSelecting)
+            table->addCellsToSelection(cells);
+        else
+            table->setSelection(Range(start.row, start.col, RangeIndexType::Model), cells);
+    }
     table->setPendingCorners(Range(RangeType::None), Range(RangeType::None));
     ctrlSelecting = false;
     refreshView();
-}
-
-/// The cells of the rectangle that the drag has drawn, with the cell of the press flagged in a new selection.
-RangeVector AbstractTableView::pendingCells() const {
-    Range const& start = table->getPendingCornerStart();
-    if (!isSet(start))
-        return {};
-    Range const& end = isSet(table->getPendingCornerEnd()) ? table->getPendingCornerEnd() : start;
-    RangeVector cells = SelectionMoves::rectangle(start, end);
-    auto const first = std::find(cells.begin(), cells.end(), start);
-    if (first != cells.end())
-        first->hasMainCell = !ctrlSelecting;
-    return cells;
 }
 
 void AbstractTableView::endCutOffDrag() {
@@ -329,12 +320,6 @@ void AbstractTableView::closeEditorPublic(QWidget* editor) {
 /// Where an edit goes on is not for Qt to say.
 void AbstractTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint) {
     QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
-}
-
-void AbstractTableView::dataChanged(QModelIndex const& topLeft, QModelIndex const& bottomRight,
-                                    QList<int> const& roles) {
-    if (!holdChanges)
-        QTableView::dataChanged(topLeft, bottomRight, roles);
 }
 
 bool AbstractTableView::isReadOnlyTable() const {

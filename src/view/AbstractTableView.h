@@ -106,8 +106,6 @@ public:
     void placeEditor() { updateEditorGeometries(); }
     /// Closes the editor if it is one of this view's.
     void closeEditorPublic(QWidget* editor);
-    /// While on, changes of cells are not shown one by one; the caller shows the view anew.
-    void setHoldChanges(bool on) { holdChanges = on; }
 
 public slots:
     /// To the next row, in the column where nextColumnWithColumnReset was first called.
@@ -143,7 +141,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
-    void dataChanged(QModelIndex const& topLeft, QModelIndex const& bottomRight, QList<int> const& roles) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
     bool hasContext(Context flag) const;
@@ -171,7 +168,6 @@ private:
     void beginSelection(Range const& cell, bool add);
     void extendSelectionTo(Range const& cell);
     void finishDrag();
-    RangeVector pendingCells() const;
     void onCustomContextMenu(QPoint const& point);
     void forwardToEditor(QInputMethodEvent* event);
     void composeInCells(QInputMethodEvent* event);
@@ -190,7 +186,6 @@ private:
     std::unique_ptr<QMouseEvent> pressEventCopy; ///< the press of the running drag
     bool ctrlSelecting = false;                  ///< the running drag adds to the selection
     bool acceptNextOtherFocus = false;
-    bool holdChanges = false;
     std::vector<int> rowLineHighlightIndexes;
     std::vector<int> colLineHighlightIndexes;
     RangeVector cellBorderRanges;

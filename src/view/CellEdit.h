@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/RangeVector.h"
+#include "core/CellRegion.h"
+#include "model/RangeSet.h"
 
 #include <QString>
 
@@ -9,20 +10,20 @@
 class QUndoCommand;
 class TableModel;
 
-/// An edit of the selected cells from its first character to its undo command. Every text goes into the model at once,
-/// provisionally; at the end the old texts are put back and one command is made that writes the last text. Lives as
-/// long as the edit is pending, and refers to the model.
+/// An edit of the selected cells from its first character to its undo command. While it is pending all cells show its
+/// text, but the data stay as they are; at the end one command is made that writes the last text. Lives as long as the
+/// edit is pending, and refers to the model.
 class CellEdit {
 public:
-    /// Remembers the selection and the main cell, and the texts that they hold. With `overwrite` the edit replaces the
-    /// main cell's text instead of extending it.
+    /// Remembers the selection and the main cell. With `overwrite` the edit replaces the main cell's text instead of
+    /// extending it.
     CellEdit(TableModel& model, bool overwrite);
 
     Range const& mainRange() const { return editMainRange; }
-    RangeVector const& ranges() const { return editRanges; }
+    RangeSet const& ranges() const { return editRanges; }
     bool isOverwrite() const { return overwriteEdit; }
     bool isTextChanged() const { return cellTextChanged; }
-    bool isMultiCell() const { return editRanges.size() > 1 || editRanges.front().type != RangeType::Cell; }
+    bool isMultiCell() const { return !editRanges.isSingleCell(); }
 
     /// Shows `text` in all cells of the edit; with `skipMainCell` in all others, for the main cell is under an editor.
     void setText(QString const& text, bool skipMainCell);
@@ -32,13 +33,11 @@ public:
     std::unique_ptr<QUndoCommand> finish();
 
 private:
-    bool rangeHasValueChange(Range const& range) const;
-
     TableModel& model;
-    RangeVector editRanges;
+    RangeSet editRanges; ///< with the main cell
+    CellRegion cells;    ///< as far as the grid goes
     Range editMainRange;
+    QString lastText;
     bool overwriteEdit;
     bool cellTextChanged = false;
-    int rawRows; ///< of the data before the edit
-    int rawCols;
 };

@@ -4,7 +4,6 @@
 #include "model/TableModel.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace {
@@ -14,13 +13,8 @@ Range lineRange(Axis axis, int section) {
 }
 
 /// From one line to another, both included, in either direction.
-RangeVector lineRanges(Axis axis, int from, int to) {
-    RangeVector lines;
-    lines.reserve(std::size_t(std::abs(to - from)) + 1);
-    int const step = from <= to ? 1 : -1;
-    for (int line = from; line != to + step; line += step)
-        lines.push_back(lineRange(axis, line));
-    return lines;
+RangeSet lineRanges(Axis axis, int from, int to) {
+    return RangeSet::ofLines(axis, std::min(from, to), std::max(from, to));
 }
 
 } // namespace
@@ -30,31 +24,29 @@ void HeaderGestures::press(TableModel& model, Axis axis, int section) {
     Range mainCell = rangeAxis(axis).cell(section, 0);
     mainCell.hasMainCell = true;
     model.setSelection(RangeVector{lineRange(axis, section), mainCell}, true);
-    base = model.getSelection();
+    base = model.getSelectedSet();
 }
 
 void HeaderGestures::ctrlPress(TableModel& model, Axis axis, int section) {
     if (anchor(axis) == -1)
         anchorOf(axis) = section;
     model.addCellToSelection(lineRange(axis, section));
-    base = model.getSelection();
+    base = model.getSelectedSet();
 }
 
 HeaderGestures::ShiftPress HeaderGestures::shiftPress(TableModel& model, Axis axis, int section) {
     if (section < 0)
         return ShiftPress::Nothing;
     RangeAxis const& names = rangeAxis(axis);
-    RangeVector const& selected = model.getSelection();
-    auto const hasLine = [&](auto const& wanted) {
-        return std::any_of(selected.begin(), selected.end(),
-                           [&](Range const& range) { return range.type == names.lineType && wanted(range); });
-    };
-    bool const hasOther = hasLine([&](Range const& range) { return range.*names.line != section; });
+    auto const& selected = model.getSelectedSet().lines();
+    bool const hasOther = std::any_of(selected.begin(), selected.end(), [&](LineRun const& run) {
+        return run.range.type == names.lineType && (run.count > 1 || run.firstLine() != section);
+    });
     if (!hasOther || model.cellInSelection(lineRange(axis, section)))
         return ShiftPress::DragSections;
     Range const mainCell = model.getMainCell();
     int const mainLine = mainCell.*names.line;
-    if (!hasLine([&](Range const& range) { return range.*names.line == mainLine; }))
+    if (!model.getSelectedSet().hasLine(axis, mainLine))
         return ShiftPress::Nothing;
     model.setSelection(mainCell, lineRanges(axis, mainLine, section));
     return ShiftPress::Extend;
@@ -71,7 +63,8 @@ void HeaderGestures::rightPress(TableModel& model, Axis axis, int section) {
 bool HeaderGestures::enter(TableModel& model, Axis axis, int section) {
     if (anchor(axis) == -1 || section < 0)
         return false;
-    model.setSelection(Selection::withAbsoluteMainCell(base), true);
+    auto const [row, col] = base.mainCell().value_or(std::pair(0, 0));
+    model.setSelection(Range(row, col, RangeIndexType::Model), base);
     model.addCellsToSelection(lineRanges(axis, anchor(axis), section));
     return true;
 }

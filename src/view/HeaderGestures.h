@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/Enumerations.h"
-#include "core/RangeVector.h"
 #include "core/SortData.h"
+#include "model/RangeSet.h"
 
 #include <array>
 
@@ -37,5 +37,5 @@ private:
     int& anchorOf(Axis axis) { return anchors[std::size_t(axis)]; }
 
     std::array<int, 2> anchors{-1, -1}; ///< by axis
-    RangeVector base;                   ///< what was selected at the press
+    RangeSet base;                      ///< what was selected at the press, with its main cell
 };

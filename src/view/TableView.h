@@ -441,7 +441,7 @@ private:
     void enforceEmptySizes(Axis axis);
     void enforceEmptySize(Axis axis, int line);
     bool isEmptyLine(Axis axis, int line) const;
-    void widenTo(QString const& text, RangeVector const& ranges);
+    void widenTo(QString const& text, RangeSet const& ranges);
     int typedWidth(QString const& text, bool bold);
     void widenToLabels();
     void keepEditorInSight();
@@ -500,7 +500,7 @@ private:
     void selectLine(Axis axis, int line);
     void selectWholeLines(Axis axis, int start);
     void selectToEdge(Direction direction);
-    void setMultiCellSelection(Range const& mainCell, RangeVector const& ranges);
+    void setMultiCellSelection(Range const& mainCell, RangeSet const& ranges);
     void onScrollBarValueChanged();
     void onWheelSnapTimerStopped();
 

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <numeric>
 
 namespace {
@@ -181,26 +182,23 @@ int TableView::typedWidth(QString const& text, bool bold) {
 }
 
 /// While a text is typed its columns only grow; the cells above and below are not looked at before the edit is over.
-void TableView::widenTo(QString const& text, RangeVector const& ranges) {
+void TableView::widenTo(QString const& text, RangeSet const& ranges) {
     if (!autoFitColWidth)
         return;
     std::array<int, 2> widths{-1, -1}; // plain and bold
-    auto const widen = [&](Range const& range, int col) {
-        QModelIndex const cell = tableModel()->index(std::max(range.row, 0), col);
-        int& width = widths[cell.data(Qt::FontRole).value<QFont>().bold() ? 1 : 0];
+    // Where bold cells are edited they are those at the top.
+    std::map<int, int> topRows; // by column
+    CellRegion const cells = ranges.coverage({tableModel()->rowCount(), tableModel()->columnCount()}, true);
+    for (CellRect const& rect : cells.rects()) {
+        for (int col = rect.left; col <= rect.right; ++col)
+            topRows.try_emplace(col, rect.top);
+    }
+    for (auto const& [col, row] : topRows) {
+        bool const bold = tableModel()->index(row, col).data(Qt::FontRole).value<QFont>().bold();
+        int& width = widths[bold ? 1 : 0];
         if (width < 0)
-            width = typedWidth(text, &width != widths.data());
+            width = typedWidth(text, bold);
         colSizes->widen(col, width);
-    };
-    for (Range const& range : ranges) {
-        if (range.type == RangeType::Cell || range.type == RangeType::Column) {
-            widen(range, range.col);
-            continue;
-        }
-        for (int col = std::max(range.col, 0); col < tableModel()->columnCount(); ++col) {
-            if (std::find(range.excludedCols.begin(), range.excludedCols.end(), col) == range.excludedCols.end())
-                widen(range, col);
-        }
     }
 }
 

@@ -205,19 +205,11 @@ void TableView::onCellTextEdited(QString const& text) {
     emit mainCellLengthChangedSignal(int(text.size()));
     if (!pendingEdit)
         return;
-    // Many cells are shown anew together, not one by one.
-    bool const together = pendingEdit->isMultiCell();
-    auto const hold = [&](bool on) {
-        setHoldChanges(on);
-        for (FrozenTableView* const view : frozenViews())
-            view->setHoldChanges(on);
-    };
-    hold(together);
     pendingEdit->setText(text, cellEditor != nullptr);
-    hold(false);
     widenTo(text, pendingEdit->ranges());
     keepEditorInSight();
-    if (together)
+    // The editor shows its own cell.
+    if (pendingEdit->isMultiCell() || cellEditor == nullptr)
         refreshView();
 }
 
@@ -263,7 +255,7 @@ void TableView::onCellEditingFinished() {
         return;
     // Pushing may show a message, and the edit is over by then.
     bool const changed = pendingEdit->isTextChanged();
-    RangeVector const ranges = pendingEdit->ranges();
+    RangeSet const ranges = pendingEdit->ranges();
     std::unique_ptr<QUndoCommand> command = pendingEdit->finish();
     pendingEdit.reset();
     if (command)

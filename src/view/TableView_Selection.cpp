@@ -13,7 +13,7 @@ void TableView::moveSelectionRelative(int rows, int cols) {
     if (hasContext(Context::CellEditing))
         stopEditing(true);
     TableModel* const model = tableModel();
-    bool const anySelected = !model->getSelection().empty();
+    bool const anySelected = !model->getSelectedSet().isEmpty();
     int const top = anySelected ? model->findTopOccupiedRow() : model->getMainCell().row;
     int const left = anySelected ? model->findLeftmostOccupiedCol() : model->getMainCell().col;
     if (top + rows < 0 || left + cols < 0)
@@ -76,8 +76,9 @@ void TableView::moveSelectionByBlock(Direction direction) {
     model->getNextBlockLocation(mainCell, target, direction);
     Axis const axis = SelectionMoves::axisOf(direction);
     auto const line = rangeAxis(axis).line;
-    RangeVector const moved = SelectionMoves::moved(model->getSelection(), axis, target.*line - mainCell.*line);
-    model->setSelection(Selection::withAbsoluteMainCell(moved), true);
+    Range movedMain = mainCell;
+    movedMain.*line = target.*line;
+    model->setSelection(movedMain, SelectionMoves::moved(model->getSelectedSet(), axis, target.*line - mainCell.*line));
     scrollAfterMove(axis, mainCell.*line, model->getMainCell().*line);
     refreshView();
 }
@@ -88,7 +89,7 @@ void TableView::moveSelectionToEndOfTable(Direction direction) {
     auto const line = rangeAxis(axis).line;
     Range mainCell = model->getMainCell();
     int const target = SelectionMoves::isForward(direction) ? lastDataLine(axis) : 0;
-    RangeVector const moved = SelectionMoves::moved(model->getSelection(), axis, target - mainCell.*line);
+    RangeSet const moved = SelectionMoves::moved(model->getSelectedSet(), axis, target - mainCell.*line);
     mainCell.*line = target;
     model->setSelection(mainCell, moved);
     refreshView();
@@ -131,14 +132,15 @@ void TableView::addWholeTableToSelection() {
     refreshView();
 }
 
-void TableView::setMultiCellSelection(Range const& mainCell, RangeVector const& ranges) {
+void TableView::setMultiCellSelection(Range const& mainCell, RangeSet const& ranges) {
     tableModel()->setSelection(mainCell, ranges);
     refreshView();
 }
 
 void TableView::selectWholeLines(Axis axis, int start) {
     TableModel const* const model = tableModel();
-    setMultiCellSelection(Range(model->getMainCell()), SelectionMoves::wholeLines(model->getSelection(), axis, start));
+    setMultiCellSelection(Range(model->getMainCell()),
+                          SelectionMoves::wholeLines(model->getSelectedSet(), axis, start));
     emit addContextSignal(Context::MultiCellSelection);
 }
 
@@ -147,7 +149,7 @@ void TableView::selectToEdge(Direction direction) {
     SelectionMoves::TableExtent const extent{model->rowCountModel(), model->columnCountModel(), numHeaderRows,
                                              numHeaderCols};
     setMultiCellSelection(Range(model->getMainCell()),
-                          SelectionMoves::toEdge(model->getSelection(), direction, extent));
+                          SelectionMoves::toEdge(model->getSelectedSet(), direction, extent));
 }
 
 void TableView::selectFromMainCellTo(int row, int col) {
@@ -162,6 +164,6 @@ void TableView::selectFromMainCellTo(int row, int col) {
 
 Range TableView::findFarthestSelectedCellInDirection(Direction direction) const {
     TableModel const* const model = tableModel();
-    int const line = SelectionMoves::farthestSelectedLine(model->getSelection(), model->getMainCell(), direction);
+    int const line = SelectionMoves::farthestSelectedLine(model->getSelectedSet(), model->getMainCell(), direction);
     return lineCell(SelectionMoves::axisOf(direction), line);
 }

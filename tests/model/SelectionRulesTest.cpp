@@ -1,5 +1,4 @@
-#include "model/SelectionRules.h"
-
+#include "model/Selection.h"
 #include "tests/model/SelectionText.h"
 
 #include <random>
@@ -8,6 +7,14 @@
 namespace {
 
 constexpr GridSize grid{6, 6};
+
+/// What a selection makes of a list with that main cell.
+void sanitizeList(RangeVector& ranges, Range& mainCell) {
+    Selection selection;
+    selection.setSelection(mainCell, ranges);
+    ranges = selection.ranges();
+    mainCell = selection.mainCell();
+}
 
 struct RuleCase {
     char const* what;
@@ -28,7 +35,7 @@ TEST(SelectionRules, BringAListInForm) {
     for (RuleCase const& c : cases) {
         RangeVector ranges = rangesFrom(c.ranges);
         Range mainCell = c.mainCell;
-        sanitizeRanges(ranges, mainCell);
+        sanitizeList(ranges, mainCell);
         EXPECT_EQ(textOf(ranges), c.sanitized) << c.what;
         EXPECT_TRUE(mainCell.hasMainCell) << c.what;
     }
@@ -39,7 +46,7 @@ TEST(SelectionRules, ATableThatStartsTheListAbsorbsWhatItHolds) {
     ranges[0].excludedCells = {{5, 5}, {2, 2}, {0, 0}, {4, 3}, {0, 4}};
     ranges[0].excludedRows = {4};
     Range mainCell = modelCell(1, 1);
-    sanitizeRanges(ranges, mainCell);
+    sanitizeList(ranges, mainCell);
     // The pairs outside or excluded anyway are gone, the cell (2, 2) is back, and the row with a hole filled stays.
     EXPECT_EQ(textOf(ranges), "C5,0 T0,1* K1,0* R0,2 R2,2 K4,0");
     const std::vector<std::pair<int, int>> left{{0, 4}, {5, 5}};
@@ -51,7 +58,7 @@ TEST(SelectionRules, ACellTakenOutOfARowCannotBePutBack) {
         RangeVector ranges = rangesFrom(text);
         ranges[0].excludedCols = ranges[0].excludedRows = {3};
         Range mainCell = modelCell(2, 2);
-        sanitizeRanges(ranges, mainCell);
+        sanitizeList(ranges, mainCell);
         EXPECT_EQ(ranges.size(), 1u) << text;
         EXPECT_FALSE(rangeCoversCell(ranges[0], ranges[0].row + 3, ranges[0].col + 3)) << text;
     }
@@ -60,7 +67,7 @@ TEST(SelectionRules, ACellTakenOutOfARowCannotBePutBack) {
 TEST(SelectionRules, TellWhereInARangeTheMainCellLies) {
     RangeVector ranges = rangesFrom("T1,1 R4,2 K5,3");
     Range mainCell = modelCell(4, 5);
-    sanitizeRanges(ranges, mainCell);
+    sanitizeList(ranges, mainCell);
     for (Range const& range : ranges) {
         EXPECT_TRUE(range.hasMainCell);
         if (range.type == RangeType::Table)
@@ -74,7 +81,7 @@ TEST(SelectionRules, RefuseAMainCellThatIsNone) {
     RangeVector ranges = rangesFrom("C0,0");
     Range mainCell = modelCell(3, -1);
     try {
-        sanitizeRanges(ranges, mainCell);
+        sanitizeList(ranges, mainCell);
         FAIL() << "no main cell, no exception";
     } catch (std::runtime_error const& error) {
         EXPECT_STREQ(error.what(), "Main cell not a single cell.");
@@ -107,7 +114,7 @@ TEST(SelectionRules, LoseOnlyExcludedCellsAndGainOnlyTheMainCell) {
         const RangeVector before = randomRanges(random);
         Range mainCell = modelCell(int(random() % 6), int(random() % 6));
         RangeVector after = before;
-        sanitizeRanges(after, mainCell);
+        sanitizeList(after, mainCell);
         SCOPED_TRACE(textOf(before) + " -> " + textOf(after));
         EXPECT_TRUE(after.containsRange(mainCell));
         EXPECT_TRUE(std::any_of(after.begin(), after.end(), [](Range const& range) { return range.hasMainCell; }));
@@ -126,7 +133,7 @@ TEST(SelectionRules, LoseOnlyExcludedCellsAndGainOnlyTheMainCell) {
         }
 
         RangeVector again = after;
-        sanitizeRanges(again, mainCell);
+        sanitizeList(again, mainCell);
         EXPECT_EQ(cellsOf(again, grid), has);
         EXPECT_LE(again.size(), after.size());
     }

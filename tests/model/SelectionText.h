@@ -1,8 +1,9 @@
 #pragma once
 
 #include "core/RangeVector.h"
+#include "model/GridSize.h"
+#include "model/RangeSet.h"
 #include "model/SelectionMembership.h"
-#include "model/SelectionSize.h"
 
 #include <set>
 #include <sstream>
@@ -37,6 +38,10 @@ inline std::string textOf(RangeVector const& ranges) {
                 std::to_string(column ? range.row : range.col) + (range.hasMainCell ? "*" : "");
     }
     return text;
+}
+
+inline std::string textOf(RangeSet const& ranges) {
+    return textOf(ranges.ranges());
 }
 
 /// The cells that the ranges hold in a grid of that size.

@@ -25,11 +25,12 @@ protected:
                       ParsingStandard::Rfc4180);
     }
 
-    QString texts() const {
+    QString texts() const { return texts(model.rowCountModel(), model.columnCountModel()); }
+    QString texts(int rowCount, int colCount) const {
         QStringList rows;
-        for (int row = 0; row < model.rowCountModel(); ++row) {
+        for (int row = 0; row < rowCount; ++row) {
             QStringList cells;
-            for (int col = 0; col < model.columnCountModel(); ++col)
+            for (int col = 0; col < colCount; ++col)
                 cells << text(row, col);
             rows << cells.join(',');
         }
@@ -79,12 +80,17 @@ TEST_F(CellEditTest, WritesEveryShapeOfSelectionWithOneCommandThatUndoTakesBackW
         CellEdit edit(model, true);
         edit.setText(QStringLiteral("w"), false);
         edit.setText(QStringLiteral("x"), false);
-        EXPECT_EQ(texts().toStdString(), each.after);
+        // All cells show the text, and the data are as before.
+        auto const [rows, cols] = std::pair(model.rowCount(), model.columnCount());
+        QString const pending = texts(rows, cols);
+        EXPECT_EQ(std::pair(model.rowCountRaw(), model.columnCountRaw()), std::pair(3, 3));
+        EXPECT_EQ(model.getTableData().getValueModel(0, 0).toString(), "a");
         auto command = edit.finish();
         ASSERT_NE(command, nullptr);
         EXPECT_EQ(texts().toStdString(), before.toStdString());
         stack.push(command.release());
         EXPECT_EQ(texts().toStdString(), each.after);
+        EXPECT_EQ(texts(rows, cols).toStdString(), pending.toStdString());
         stack.undo();
         EXPECT_EQ(texts().toStdString(), before.toStdString());
     }

@@ -115,7 +115,7 @@ void carryTo(TableView& table, CellTarget const& target) {
     Way const way(table, target);
     if (way.rows != 0 || way.cols != 0) {
         TableModel* const model = table.tableModel();
-        table.pushUndoCommand(new Command(model, model->getSelection(), way.rows, way.cols, true));
+        table.pushUndoCommand(new Command(model, model->getSelectedSet(), way.rows, way.cols, true));
         table.scrollToMainCell(true, false);
     }
 }
@@ -157,6 +157,6 @@ PromptStep Prompts::moveLinesBefore(Axis axis, TableView* table) {
         TableModel* const model = on.tableModel();
         int const to =
             rows ? std::min(target.row, model->rowCountModel()) : std::min(target.col, model->columnCountModel());
-        on.pushUndoCommand(new MoveLinesAbsoluteCommand(axis, model, model->getSelection(), to, true));
+        on.pushUndoCommand(new MoveLinesAbsoluteCommand(axis, model, model->getSelectedSet(), to, true));
     });
 }

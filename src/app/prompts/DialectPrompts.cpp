@@ -117,7 +117,7 @@ template <class Command, class Value>
 void pushChange(TableView& table, Value const& present, Value const& wanted) {
     TableModel* const model = table.tableModel();
     if (present != wanted)
-        table.pushUndoCommand(new Command(model, model->getSelection(), wanted, true));
+        table.pushUndoCommand(new Command(model, model->getSelectedSet(), wanted, true));
 }
 
 void setForSave(TableView& table, Dialect const& wanted) {

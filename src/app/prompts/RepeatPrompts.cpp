@@ -19,7 +19,7 @@ QString tr(char const* text) {
 
 /// How often at most, so that no more lines come of it than the program takes for a count.
 int mostTimes(Axis axis, TableModel& model) {
-    auto const lines = ModelAxis(model, axis).touchedLines(model.getSelection()).size();
+    auto const lines = ModelAxis(model, axis).touchedLines(model.getSelectedSet()).size();
     return std::max(NumberAnswer::largest / std::max(static_cast<int>(lines), 1), 1);
 }
 
@@ -45,7 +45,7 @@ PromptStep Prompts::insertLinesBefore(Axis axis, TableView* table) {
         axis == Axis::Rows ? tr("Number of Times to Insert Row(s):") : tr("Number of Times to Insert Column(s):");
     return askHowOften(axis, table, title, [axis](TableView& on, int times) {
         TableModel* const model = on.tableModel();
-        on.pushUndoCommand(new InsertLinesCommand(axis, model, model->getSelection(), times, true, true));
+        on.pushUndoCommand(new InsertLinesCommand(axis, model, model->getSelectedSet(), times, true, true));
     });
 }
 
@@ -54,6 +54,6 @@ PromptStep Prompts::duplicateLines(Axis axis, TableView* table) {
         axis == Axis::Rows ? tr("Number of Times to Duplicate Row(s):") : tr("Number of Times to Duplicate Column(s):");
     return askHowOften(axis, table, title, [axis](TableView& on, int times) {
         TableModel* const model = on.tableModel();
-        on.pushUndoCommand(new DuplicateLinesCommand(axis, model, model->getSelection(), times, true));
+        on.pushUndoCommand(new DuplicateLinesCommand(axis, model, model->getSelectedSet(), times, true));
     });
 }

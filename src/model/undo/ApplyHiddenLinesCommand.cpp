@@ -15,17 +15,19 @@ bool crosses(Range const& range, Axis axis) {
 
 } // namespace
 
-ApplyHiddenLinesCommand::ApplyHiddenLinesCommand(Axis axis, TableModel* model, RangeVector const& cells,
+ApplyHiddenLinesCommand::ApplyHiddenLinesCommand(Axis axis, TableModel* model, RangeSet const& cells,
                                                  std::vector<int> hidden, bool changeSelection, QUndoCommand* parent)
     : TableUndoCommand(model, cells, changeSelection, parent), axis(axis), hidden(std::move(hidden)),
-      rawSelection(model->getRawRange(this->cells)), rawMainCell(model->getRawRange(model->getMainCell())) {
+      rawMainCell(model->getRawRange(model->getMainCell())) {
     setText(axis == Axis::Rows ? QStringLiteral("ApplyHiddenRowsCommand") : QStringLiteral("ApplyHiddenColsCommand"));
     if (changeSelection)
         setSelectionCells(cells, cells);
-    for (Range& range : rawSelection) {
+    RangeVector raw = model->getRawRange(this->cells.ranges());
+    for (Range& range : raw) {
         range.excludedRows = model->getRawFromModelRows(range.excludedRows);
         range.excludedCols = model->getRawFromModelCols(range.excludedCols);
     }
+    rawSelection = raw;
 }
 
 void ApplyHiddenLinesCommand::redo() {
@@ -58,7 +60,7 @@ void ApplyHiddenLinesCommand::exchange() {
 // Lines of the selection that have vanished are dropped. If nothing is left, the cell next to the main cell is taken.
 void ApplyHiddenLinesCommand::selectWhatIsLeft() {
     RangeVector left;
-    for (Range const& raw : rawSelection) {
+    for (Range const& raw : rawSelection.ranges()) {
         Range range = model->getModelFromRawRange(raw, crosses(raw, axis));
         range.excludedRows = model->getModelFromRawRows(raw.excludedRows);
         range.excludedCols = model->getModelFromRawCols(raw.excludedCols);
@@ -74,7 +76,7 @@ void ApplyHiddenLinesCommand::selectWhatIsLeft() {
     if (!left.containsRange(mainCell))
         mainCell = Range(std::max(left.front().row, 0), std::max(left.front().col, 0), RangeIndexType::Model);
     model->setSelection(mainCell, left);
-    setSelectionCells(model->getSelection());
+    setSelectionCells(model->getSelectedSet());
 }
 
 void ApplyHiddenLinesCommand::finish() {
@@ -82,8 +84,8 @@ void ApplyHiddenLinesCommand::finish() {
     model->scrollToMainCell(true, false);
     std::vector<int> rows;
     std::vector<int> cols;
-    model->getOrderedSetOfRows(rows, model->getSelection(), RangeIndexType::Model);
-    model->getOrderedSetOfCols(cols, model->getSelection(), RangeIndexType::Model);
+    model->getOrderedSetOfSelectedRows(rows, RangeIndexType::Model, false);
+    model->getOrderedSetOfSelectedCols(cols, RangeIndexType::Model, false);
     model->enforceAutoFit(rows, cols);
     emit model->updateFindReplaceMatchesSignal();
 }

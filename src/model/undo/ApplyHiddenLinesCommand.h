@@ -10,7 +10,7 @@
 class ApplyHiddenLinesCommand : public TableUndoCommand {
 public:
     /// `hidden` holds raw lines in ascending order.
-    ApplyHiddenLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, std::vector<int> hidden,
+    ApplyHiddenLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, std::vector<int> hidden,
                             bool changeSelection, QUndoCommand* parent = nullptr);
 
     void undo() override;
@@ -23,7 +23,7 @@ private:
 
     Axis axis;
     std::vector<int> hidden; ///< what the next exchange hides
-    RangeVector rawSelection;
+    RangeSet rawSelection;
     Range rawMainCell;
 };
 

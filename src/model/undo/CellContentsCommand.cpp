@@ -1,74 +1,84 @@
 #include "model/undo/CellContentsCommand.h"
 
+#include "model/NewContents.h"
+#include "model/TableModel.h"
 #include "model/undo/ModelAxis.h"
 
 #include <algorithm>
 #include <utility>
 
-void CellContentsCommand::flagFirstIfNone(RangeVector& ranges) {
-    auto const holdsMainCell = [](Range const& range) { return range.hasMainCell; };
-    if (ranges.empty() || std::any_of(ranges.begin(), ranges.end(), holdsMainCell))
-        return;
-    Range& first = ranges.front();
-    first.hasMainCell = true;
-    first.mainIndex = first.mainRow = first.mainCol = 0;
+void CellContentsCommand::writeContents(RangeVector const& ranges) {
+    patch = newContents(*model, ranges);
 }
 
-void CellContentsCommand::retainContents() {
-    model->populateCellDataValues(cells, false, true);
+void CellContentsCommand::writeEverywhere(RangeSet const& ranges, QString const& text) {
+    fill = Fill{ranges.coverage({model->rowCount(), model->columnCount()}, false), text};
 }
 
-void CellContentsCommand::carry(RangeVector const& sources, int rows, int cols, bool vacate) {
-    std::vector<RangeVector> lines;
-    model->getCellArrayByRows(lines, sources, false, false);
-    RangeVector carried;
-    model->convertCellArrayToCells(lines, carried);
-    cells.clear();
-    if (vacate) {
-        cells = carried;
-        for (Range& cell : cells)
-            cell.value = QString();
-    }
-    // The cells of the array would hold texts as they are displayed, and a long text is cut there.
-    model->populateCellDataValues(carried, true, false);
-    carried.moveRelative(rows, cols, true);
-    cells.insert(cells.end(), carried.begin(), carried.end());
-    retainContents();
+void CellContentsCommand::carry(RangeSet const& sources, int rows, int cols, bool vacate) {
+    CellRegion const from = sources.coverage({model->rowCountModel(), model->columnCountModel()}, false);
+    CellRegion const inside({0, 0, INT_MAX, INT_MAX});
+    CellRegion const to = from.moved(rows, cols) & inside;
+    TableData const& data = model->getTableData();
+    auto const put = [&](int row, int col, std::string_view bytes) {
+        int const rawRow = data.getRawFromModelRow(row);
+        int const rawCol = data.getRawFromModelCol(col);
+        if (data.cellBytesRaw(rawRow, rawCol) != bytes)
+            patch.add(rawRow, rawCol, bytes);
+    };
+    auto const forEachCell = [](CellRegion const& region, auto visit) {
+        for (CellRect const& rect : region.rects()) {
+            for (int row = rect.top; row <= rect.bottom; ++row) {
+                for (int col = rect.left; col <= rect.right; ++col)
+                    visit(row, col);
+            }
+        }
+    };
+    forEachCell(to, [&](int row, int col) {
+        put(row, col, data.cellBytesRaw(data.getRawFromModelRow(row - rows), data.getRawFromModelCol(col - cols)));
+    });
+    if (vacate)
+        forEachCell(from - to, [&](int row, int col) { put(row, col, {}); });
 
+    cells = RangeSet(vacate ? from | to : to);
     if (!changeSelection)
         return;
-    RangeVector moved = sources;
+    RangeVector moved = sources.ranges();
     moved.moveRelative(rows, cols, true);
-    flagFirstIfNone(moved);
-    setSelectionCells(moved, sources);
+    RangeSet newCells(moved);
+    if (!newCells.mainCell() && !moved.empty())
+        newCells.setMainCell(moved.front().row, moved.front().col);
+    setSelectionCells(newCells, sources);
+}
+
+/// Cells and lines that are written behind the grid make it grow, also by empty texts.
+void CellContentsCommand::growGrid() {
+    for (Axis const axis : {Axis::Rows, Axis::Columns}) {
+        ModelAxis lines(*model, axis);
+        if (int const missing = cells.lastStart(axis) + 1 - lines.gridCount(); missing > 0)
+            lines.insert(lines.gridCount(), missing);
+    }
 }
 
 void CellContentsCommand::apply() {
-    // A whole row, column or table is filled as far as the grid goes, which follows the selection and the settings. A
-    // later redo has to fill the same cells.
-    ModelAxis rows(*model, Axis::Rows);
-    ModelAxis cols(*model, Axis::Columns);
-    if (firstRedo) {
-        gridRows = rows.gridCount();
-        gridCols = cols.gridCount();
-    } else {
-        rows.setGridCount(gridRows);
-        cols.setGridCount(gridCols);
-    }
-    model->populateModel(cells, false, Range(RangeType::None), false);
+    growGrid();
+    TableData& data = model->getTableData();
+    if (fill)
+        data.fill(fill->cells, fill->text, replaced);
+    else
+        data.exchange(patch);
+    // The grid takes its size before cells are selected, which can lie where it has just grown.
+    model->enforceTableSize();
     model->enforceAutoFitOnModel(cells);
     selectNewCells();
 }
 
 void CellContentsCommand::revert() {
-    for (Range& range : cells) {
-        // A whole row or column with one new text goes into excluded cells as well, so they get theirs back too.
-        auto excludedRows = std::exchange(range.excludedRows, {});
-        auto excludedCols = std::exchange(range.excludedCols, {});
-        model->populateModel(range, true, Range(RangeType::None), false);
-        range.excludedRows = std::move(excludedRows);
-        range.excludedCols = std::move(excludedCols);
-    }
+    TableData& data = model->getTableData();
+    if (fill)
+        data.putBack(replaced);
+    else
+        data.exchange(patch);
     model->enforceAutoFitOnModel(cells);
     selectOldCells();
 }

@@ -1,26 +1,40 @@
 #pragma once
 
 #include "model/undo/ContentCommand.h"
+#include "storage/CellPatch.h"
+#include "storage/ReplacedCells.h"
 
-/// A command that writes texts into cells, wherever the texts come from. Its `cells` hold the new texts, and the old
-/// ones as they were when the command was made.
+#include <QString>
+
+#include <optional>
+
+/// A command that writes texts into cells, wherever the texts come from. It keeps bytes: of cells with texts of their
+/// own the patch, which redo and undo exchange; of cells with one text for all their region, the text once, and while
+/// it stands there what it replaced.
 class CellContentsCommand : public ContentCommand {
 protected:
     using ContentCommand::ContentCommand;
 
-    /// Reads the texts that the cells have now, to be written back by undo.
-    void retainContents();
-    /// Makes `cells` write the texts of `sources` `rows` further down and `cols` further right; with `vacate` the
-    /// places where they came from are emptied first. What would leave the table is dropped. The selection goes along.
-    void carry(RangeVector const& sources, int rows, int cols, bool vacate);
-
-    /// Makes the first range hold the main cell if none does; without one a selection would jump to the table's start.
-    static void flagFirstIfNone(RangeVector& ranges);
+    /// Writes what the ranges hold, one after the other; they are Model.
+    void writeContents(RangeVector const& ranges);
+    /// Writes one text to all cells of the ranges as far as the grid goes. Exclusions do not count.
+    void writeEverywhere(RangeSet const& ranges, QString const& text);
+    /// Writes the texts of `sources` `rows` further down and `cols` further right; with `vacate` the places where they
+    /// came from are emptied first. What would leave the table is dropped. The selection goes along.
+    void carry(RangeSet const& sources, int rows, int cols, bool vacate);
 
     void apply() override;
     void revert() override;
 
 private:
-    int gridRows = 0; ///< when the contents were written first
-    int gridCols = 0;
+    void growGrid();
+
+    struct Fill {
+        CellRegion cells; ///< Model
+        QString text;
+    };
+
+    CellPatch patch;
+    std::optional<Fill> fill;
+    ReplacedCells replaced; ///< by the fill, while it stands
 };

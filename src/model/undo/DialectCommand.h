@@ -55,7 +55,7 @@ class DialectCommand : public TableUndoCommand {
 public:
     using Value = decltype(Dialect::get(std::declval<TableModel const&>()));
 
-    DialectCommand(TableModel* model, RangeVector const& cells, Value value, bool changeSelection,
+    DialectCommand(TableModel* model, RangeSet const& cells, Value value, bool changeSelection,
                    QUndoCommand* parent = nullptr)
         : TableUndoCommand(model, cells, changeSelection, parent), value(std::move(value)) {
         setText(QLatin1String(Dialect::name));

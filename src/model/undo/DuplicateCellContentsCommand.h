@@ -6,15 +6,15 @@
 /// Copies the text of each cell into its neighbour, or into another cell at the same distance from each.
 class DuplicateCellContentsCommand : public CellContentsCommand {
 public:
-    DuplicateCellContentsCommand(TableModel* model, RangeVector const& cells, Direction direction, bool changeSelection,
+    DuplicateCellContentsCommand(TableModel* model, RangeSet const& cells, Direction direction, bool changeSelection,
                                  QUndoCommand* parent = nullptr)
         : DuplicateCellContentsCommand(
               model, cells, int(direction == Direction::Down) - int(direction == Direction::Up),
               int(direction == Direction::Right) - int(direction == Direction::Left), changeSelection, parent) {}
-    DuplicateCellContentsCommand(TableModel* model, RangeVector const& cells, int rows, int cols, bool changeSelection,
+    DuplicateCellContentsCommand(TableModel* model, RangeSet const& cells, int rows, int cols, bool changeSelection,
                                  QUndoCommand* parent = nullptr)
         : CellContentsCommand(model, cells, changeSelection, parent) {
         setText(QStringLiteral("DuplicateCellContentsCommand"));
-        carry(RangeVector(this->cells), rows, cols, false);
+        carry(RangeSet(this->cells), rows, cols, false);
     }
 };

@@ -10,7 +10,7 @@ namespace {
 using Runs = std::vector<std::pair<int, int>>;
 
 /// The runs of lines in the data; the grid goes on behind it.
-Runs runsOf(ModelAxis const& lines, RangeVector const& cells) {
+Runs runsOf(ModelAxis const& lines, RangeSet const& cells) {
     auto touched = lines.touchedLines(cells);
     std::erase_if(touched, [&](int line) { return line >= lines.modelCount(); });
     return Utilities::getBlockPairs(touched);
@@ -29,7 +29,7 @@ std::vector<LineInsertion::Place> placesBehind(Runs const& runs, int count) {
 
 } // namespace
 
-DuplicateLinesCommand::DuplicateLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, int count,
+DuplicateLinesCommand::DuplicateLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, int count,
                                              bool changeSelection, QUndoCommand* parent)
     : ContentCommand(model, cells, changeSelection, parent), axis(axis), count(count),
       runs(runsOf(ModelAxis(*model, axis), this->cells)), insertion(*model, axis, placesBehind(runs, count)) {
@@ -39,7 +39,7 @@ DuplicateLinesCommand::DuplicateLinesCommand(Axis axis, TableModel* model, Range
 
 void DuplicateLinesCommand::selectCopies() {
     ModelAxis const names(*model, axis);
-    RangeVector moved = cells;
+    RangeVector moved = cells.ranges();
     for (Range& range : moved) {
         int& line = range.*names.names().line;
         auto const run = std::lower_bound(runs.begin(), runs.end(), line,

@@ -12,7 +12,7 @@
 class DuplicateLinesCommand : public ContentCommand {
 public:
     /// Makes `count` copies of the lines that the cells touch.
-    DuplicateLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, int count, bool changeSelection,
+    DuplicateLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, int count, bool changeSelection,
                           QUndoCommand* parent = nullptr);
 
 protected:

@@ -15,14 +15,14 @@ std::vector<LineInsertion::Place> placesAt(std::vector<int> const& lines, int co
 
 } // namespace
 
-InsertLinesCommand::InsertLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, int count, bool before,
+InsertLinesCommand::InsertLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, int count, bool before,
                                        bool changeSelection, QUndoCommand* parent)
     : ContentCommand(model, cells, changeSelection, parent), axis(axis),
       lines(ModelAxis(*model, axis).touchedLines(this->cells)),
       insertion(*model, axis, placesAt(lines, count, before)) {
     setText(axis == Axis::Rows ? QStringLiteral("InsertRowsCommand") : QStringLiteral("InsertColsCommand"));
     ModelAxis const names(*model, axis);
-    RangeVector moved = this->cells;
+    RangeVector moved = this->cells.ranges();
     for (Range& range : moved) {
         if (!names.isLineOrCell(range))
             continue;

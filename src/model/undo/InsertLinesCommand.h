@@ -10,7 +10,7 @@
 class InsertLinesCommand : public ContentCommand {
 public:
     /// Inserts `count` lines before or after each line.
-    InsertLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, int count, bool before,
+    InsertLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, int count, bool before,
                        bool changeSelection, QUndoCommand* parent = nullptr);
 
 protected:

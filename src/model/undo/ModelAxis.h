@@ -3,6 +3,7 @@
 #include "model/RangeAxis.h"
 #include "model/TableModel.h"
 
+#include <algorithm>
 #include <numeric>
 
 /// The row side or the column side of a table model, so that commands on rows and on columns are written once. "Line"
@@ -25,17 +26,14 @@ public:
     int modelCount() const { return rows ? model.rowCountModel() : model.columnCountModel(); }
 
     /// The lines that ranges touch, ascending.
-    Indexes touchedLines(RangeVector const& ranges) const {
-        Indexes lines;
-        rows ? model.getOrderedSetOfRows(lines, ranges, RangeIndexType::Model)
-             : model.getOrderedSetOfCols(lines, ranges, RangeIndexType::Model);
-        return lines;
-    }
+    Indexes touchedLines(RangeSet const& ranges) const { return ranges.touchedLines(axis, modelCount()); }
     /// The start lines of ranges, ascending. Ranges that cross all lines have none.
-    Indexes startLines(RangeVector const& ranges) const {
+    Indexes startLines(RangeSet const& ranges) const {
         Indexes lines;
-        rows ? ranges.getOrderedSetOfRowsRaw(lines) : ranges.getOrderedSetOfColsRaw(lines);
-        std::erase_if(lines, [](int line) { return line < 0; });
+        for (auto const& [first, last] : ranges.startLines(axis)) {
+            for (int line = std::max(first, 0); line <= last; ++line)
+                lines.push_back(line);
+        }
         return lines;
     }
     Indexes rawFromModel(Indexes const& lines) const {

@@ -5,10 +5,10 @@
 /// Moves the texts of cells by a number of rows and columns and leaves empty cells behind.
 class MoveCellContentsCommand : public CellContentsCommand {
 public:
-    MoveCellContentsCommand(TableModel* model, RangeVector const& cells, int rows, int cols, bool changeSelection,
+    MoveCellContentsCommand(TableModel* model, RangeSet const& cells, int rows, int cols, bool changeSelection,
                             QUndoCommand* parent = nullptr)
         : CellContentsCommand(model, cells, changeSelection, parent) {
         setText(QStringLiteral("MoveCellContentsCommand"));
-        carry(RangeVector(this->cells), rows, cols, true);
+        carry(RangeSet(this->cells), rows, cols, true);
     }
 };

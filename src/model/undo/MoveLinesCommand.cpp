@@ -22,7 +22,7 @@ RangeVector MoveLinesCommand::movedCells() const {
     std::vector<Step> sorted = steps;
     std::sort(sorted.begin(), sorted.end(), [](Step const& a, Step const& b) { return a.line < b.line; });
     ModelAxis const names(*model, axis);
-    RangeVector moved = cells;
+    RangeVector moved = cells.ranges();
     for (Range& range : moved) {
         int& line = range.*names.names().line;
         auto const step =
@@ -50,14 +50,14 @@ void MoveLinesCommand::revert() {
 }
 
 /// Shows the line that leads the move.
-void MoveLinesCommand::scrollAlong(bool towardsStart, RangeVector const& ranges) {
+void MoveLinesCommand::scrollAlong(bool towardsStart, RangeSet const& ranges) {
     ModelAxis lines(*model, axis);
     auto const starts = lines.startLines(ranges);
     if (!starts.empty())
         lines.scrollTo(towardsStart ? starts.front() : starts.back());
 }
 
-MoveLinesRelativeCommand::MoveLinesRelativeCommand(Axis axis, TableModel* model, RangeVector const& cells, int delta,
+MoveLinesRelativeCommand::MoveLinesRelativeCommand(Axis axis, TableModel* model, RangeSet const& cells, int delta,
                                                    bool changeSelection, QUndoCommand* parent)
     : MoveLinesCommand(axis, model, cells, changeSelection, parent) {
     setText(axis == Axis::Rows ? QStringLiteral("MoveRowsRelativeCommand") : QStringLiteral("MoveColsRelativeCommand"));
@@ -73,7 +73,7 @@ MoveLinesRelativeCommand::MoveLinesRelativeCommand(Axis axis, TableModel* model,
     setSteps(std::move(moves));
 }
 
-MoveLinesAbsoluteCommand::MoveLinesAbsoluteCommand(Axis axis, TableModel* model, RangeVector const& cells, int to,
+MoveLinesAbsoluteCommand::MoveLinesAbsoluteCommand(Axis axis, TableModel* model, RangeSet const& cells, int to,
                                                    bool changeSelection, QUndoCommand* parent)
     : MoveLinesCommand(axis, model, cells, changeSelection, parent) {
     setText(axis == Axis::Rows ? QStringLiteral("MoveRowsAbsoluteCommand") : QStringLiteral("MoveColsAbsoluteCommand"));

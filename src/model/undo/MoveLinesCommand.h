@@ -14,7 +14,7 @@ protected:
         int offset;
     };
 
-    MoveLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, bool changeSelection, QUndoCommand* parent)
+    MoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, bool changeSelection, QUndoCommand* parent)
         : ContentCommand(model, cells, changeSelection, parent), axis(axis) {}
 
     /// Sets the moves, to be made in this order, and with them the selection. No step may disturb the place of a line
@@ -29,7 +29,7 @@ protected:
 
 private:
     RangeVector movedCells() const;
-    void scrollAlong(bool towardsStart, RangeVector const& ranges);
+    void scrollAlong(bool towardsStart, RangeSet const& ranges);
 
     std::vector<Step> steps;
 };
@@ -37,7 +37,7 @@ private:
 /// Moves the rows or columns on which cells start by `delta`, no further than to the start of the table.
 class MoveLinesRelativeCommand : public MoveLinesCommand {
 public:
-    MoveLinesRelativeCommand(Axis axis, TableModel* model, RangeVector const& cells, int delta, bool changeSelection,
+    MoveLinesRelativeCommand(Axis axis, TableModel* model, RangeSet const& cells, int delta, bool changeSelection,
                              QUndoCommand* parent = nullptr);
 };
 
@@ -45,7 +45,7 @@ public:
 class MoveLinesAbsoluteCommand : public MoveLinesCommand {
 public:
     /// `to` is the (Model) line that stands behind them afterwards.
-    MoveLinesAbsoluteCommand(Axis axis, TableModel* model, RangeVector const& cells, int to, bool changeSelection,
+    MoveLinesAbsoluteCommand(Axis axis, TableModel* model, RangeSet const& cells, int to, bool changeSelection,
                              QUndoCommand* parent = nullptr);
 };
 

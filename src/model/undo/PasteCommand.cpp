@@ -7,12 +7,16 @@ PasteCommand::PasteCommand(TableModel* model, RangeVector const& cells, RangeVec
     : CellContentsCommand(model, cells, oldCells, changeSelection, parent) {
     setText(QStringLiteral("PasteCommand"));
     Range const& anchor = model->getMainCell();
-    this->cells = model->getRelativeRangeVector(this->cells);
-    this->cells.moveRelative(anchor.row, anchor.col, false);
-    for (Range& range : this->cells)
-        range.hasMainCell = range == anchor;
+    RangeVector pasted = model->getRelativeRangeVector(model->getModelRange(cells));
+    pasted.moveRelative(anchor.row, anchor.col, false);
+    for (Range& range : pasted)
+        range.hasMainCell = false;
+    writeContents(pasted);
+    this->cells = pasted;
     // A block with a hole at its corner has no cell there.
-    flagFirstIfNone(this->cells);
-    retainContents();
+    bool const holdsAnchor = this->cells.contains(anchor);
+    if (!pasted.empty())
+        this->cells.setMainCell(holdsAnchor ? anchor.row : pasted.front().row,
+                                holdsAnchor ? anchor.col : pasted.front().col);
     setSelectionCells(this->cells, oldCells);
 }

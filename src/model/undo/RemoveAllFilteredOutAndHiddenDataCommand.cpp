@@ -4,7 +4,7 @@
 #include "model/TableModel.h"
 
 RemoveAllFilteredOutAndHiddenDataCommand::RemoveAllFilteredOutAndHiddenDataCommand(TableModel* model,
-                                                                                   RangeVector const& cells,
+                                                                                   RangeSet const& cells,
                                                                                    bool changeSelection,
                                                                                    QUndoCommand* parent)
     : ContentCommand(model, cells, changeSelection, parent),

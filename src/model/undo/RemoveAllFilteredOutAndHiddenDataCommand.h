@@ -6,7 +6,7 @@
 /// Removes all rows and columns that are concealed. Undo brings them back concealed.
 class RemoveAllFilteredOutAndHiddenDataCommand : public ContentCommand {
 public:
-    RemoveAllFilteredOutAndHiddenDataCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
+    RemoveAllFilteredOutAndHiddenDataCommand(TableModel* model, RangeSet const& cells, bool changeSelection,
                                              QUndoCommand* parent = nullptr);
 
 protected:

@@ -14,7 +14,7 @@ TakenLines::Blocks emptyLinesAtEnd(TableModel& model, Axis axis) {
 
 } // namespace
 
-RemoveEmptyRowsColsAtEndCommand::RemoveEmptyRowsColsAtEndCommand(TableModel* model, RangeVector const& cells,
+RemoveEmptyRowsColsAtEndCommand::RemoveEmptyRowsColsAtEndCommand(TableModel* model, RangeSet const& cells,
                                                                  bool changeSelection, QUndoCommand* parent)
     : ContentCommand(model, cells, changeSelection, parent), rows(Axis::Rows, emptyLinesAtEnd(*model, Axis::Rows)),
       cols(Axis::Columns, emptyLinesAtEnd(*model, Axis::Columns)) {

@@ -6,7 +6,7 @@
 /// Removes the empty rows and columns at the end of a table.
 class RemoveEmptyRowsColsAtEndCommand : public ContentCommand {
 public:
-    RemoveEmptyRowsColsAtEndCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
+    RemoveEmptyRowsColsAtEndCommand(TableModel* model, RangeSet const& cells, bool changeSelection,
                                     QUndoCommand* parent = nullptr);
 
 protected:

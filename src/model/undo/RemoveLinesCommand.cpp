@@ -7,7 +7,7 @@
 
 namespace {
 
-std::vector<int> rawLinesFrom(TableModel& model, Axis axis, RangeVector const& cells, int count) {
+std::vector<int> rawLinesFrom(TableModel& model, Axis axis, RangeSet const& cells, int count) {
     ModelAxis const lines(model, axis);
     std::vector<int> removed;
     for (int const start : lines.touchedLines(model.getModelRange(cells))) {
@@ -27,11 +27,11 @@ TakenLines::Blocks blocksOf(TableModel& model, Axis axis, std::vector<int> rawLi
 
 } // namespace
 
-RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, int count,
+RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, int count,
                                        bool changeSelection, QUndoCommand* parent)
     : RemoveLinesCommand(axis, model, cells, rawLinesFrom(*model, axis, cells, count), changeSelection, parent) {}
 
-RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeVector const& cells,
+RemoveLinesCommand::RemoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells,
                                        std::vector<int> const& rawLines, bool changeSelection, QUndoCommand* parent)
     : ContentCommand(model, cells, changeSelection, parent), lines(axis, blocksOf(*model, axis, rawLines)) {
     setText(axis == Axis::Rows ? QStringLiteral("RemoveRowsCommand") : QStringLiteral("RemoveColsCommand"));

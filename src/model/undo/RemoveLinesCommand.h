@@ -10,10 +10,10 @@
 class RemoveLinesCommand : public ContentCommand {
 public:
     /// Removes `count` lines from each line on that the cells touch.
-    RemoveLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, int count, bool changeSelection,
+    RemoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, int count, bool changeSelection,
                        QUndoCommand* parent = nullptr);
     /// Removes the given (Raw) lines.
-    RemoveLinesCommand(Axis axis, TableModel* model, RangeVector const& cells, std::vector<int> const& rawLines,
+    RemoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, std::vector<int> const& rawLines,
                        bool changeSelection, QUndoCommand* parent = nullptr);
 
 protected:

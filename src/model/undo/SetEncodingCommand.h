@@ -9,7 +9,7 @@
 /// undo brings back every character.
 class SetEncodingCommand : public DialectCommand<EncodingDialect> {
 public:
-    SetEncodingCommand(TableModel* model, RangeVector const& cells, EncodingType encoding, bool changeSelection,
+    SetEncodingCommand(TableModel* model, RangeSet const& cells, EncodingType encoding, bool changeSelection,
                        QUndoCommand* parent = nullptr)
         : DialectCommand(model, cells, encoding, changeSelection, parent) {}
 

@@ -6,13 +6,22 @@ SetModelDataCommand::SetModelDataCommand(TableModel* model, RangeVector const& c
                                          bool useExtraCells, bool changeSelection, QUndoCommand* parent)
     : CellContentsCommand(model, cells, changeSelection, parent) {
     setText(QStringLiteral("SetModelDataCommand"));
-    if (useExtraCells) {
-        RangeVector const extra = model->getModelRange(extraCells);
-        this->cells.insert(this->cells.begin(), extra.begin(), extra.end());
-    }
-    retainContents();
+    RangeVector written;
+    if (useExtraCells)
+        written = model->getModelRange(extraCells);
+    RangeVector const modelCells = model->getModelRange(cells);
+    written.insert(written.end(), modelCells.begin(), modelCells.end());
+    this->cells = written;
+    writeContents(written);
 }
 
 SetModelDataCommand::SetModelDataCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
                                          QUndoCommand* parent)
     : SetModelDataCommand(model, cells, {}, false, changeSelection, parent) {}
+
+SetModelDataCommand::SetModelDataCommand(TableModel* model, RangeSet const& cells, QString const& text,
+                                         bool changeSelection, QUndoCommand* parent)
+    : CellContentsCommand(model, cells, changeSelection, parent) {
+    setText(QStringLiteral("SetModelDataCommand"));
+    writeEverywhere(this->cells, text);
+}

@@ -11,4 +11,7 @@ public:
                         bool changeSelection, QUndoCommand* parent = nullptr);
     SetModelDataCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
                         QUndoCommand* parent = nullptr);
+    /// Writes one text to all cells, which is kept once.
+    SetModelDataCommand(TableModel* model, RangeSet const& cells, QString const& text, bool changeSelection,
+                        QUndoCommand* parent = nullptr);
 };

@@ -2,34 +2,18 @@
 
 #include "model/TableModel.h"
 
-namespace {
-
-/// A selection needs no contents, which can be large.
-RangeVector withoutValues(RangeVector const& ranges) {
-    RangeVector bare;
-    bare.tableRows = ranges.tableRows;
-    bare.tableCols = ranges.tableCols;
-    bare.resize(ranges.size());
-    for (std::size_t i = 0; i < ranges.size(); ++i)
-        copyWithoutValues(bare[i], ranges[i]);
-    return bare;
-}
-
-} // namespace
-
 TableUndoCommand::TableUndoCommand(QUndoCommand* parent) : QUndoCommand(parent) {}
 
 TableUndoCommand::TableUndoCommand(TableModel* model, QUndoCommand* parent)
-    : TableUndoCommand(model, RangeVector(), true, parent) {}
+    : TableUndoCommand(model, RangeSet(), true, parent) {}
 
 TableUndoCommand::TableUndoCommand(TableModel* model, bool changeSelection, QUndoCommand* parent)
-    : TableUndoCommand(model, RangeVector(), changeSelection, parent) {}
+    : TableUndoCommand(model, RangeSet(), changeSelection, parent) {}
 
-TableUndoCommand::TableUndoCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
-                                   QUndoCommand* parent)
-    : TableUndoCommand(model, cells, RangeVector(), changeSelection, parent) {}
+TableUndoCommand::TableUndoCommand(TableModel* model, RangeSet const& cells, bool changeSelection, QUndoCommand* parent)
+    : TableUndoCommand(model, cells, RangeSet(), changeSelection, parent) {}
 
-TableUndoCommand::TableUndoCommand(TableModel* model, RangeVector const& cells, RangeVector const& oldCells,
+TableUndoCommand::TableUndoCommand(TableModel* model, RangeSet const& cells, RangeSet const& oldCells,
                                    bool changeSelection, QUndoCommand* parent)
     : QUndoCommand(parent), model(model), cells(model->getModelRange(cells)), changeSelection(changeSelection) {
     retainModelRowSortData();
@@ -38,13 +22,13 @@ TableUndoCommand::TableUndoCommand(TableModel* model, RangeVector const& cells, 
         setSelectionCells(cells, oldCells);
 }
 
-void TableUndoCommand::setSelectionCells(RangeVector const& cells) {
-    newSelection = model->getModelRange(withoutValues(cells));
+void TableUndoCommand::setSelectionCells(RangeSet const& cells) {
+    newSelection = model->getModelRange(cells);
 }
 
-void TableUndoCommand::setSelectionCells(RangeVector const& cells, RangeVector const& oldCells) {
+void TableUndoCommand::setSelectionCells(RangeSet const& cells, RangeSet const& oldCells) {
     setSelectionCells(cells);
-    oldSelection = model->getModelRange(withoutValues(oldCells));
+    oldSelection = model->getModelRange(oldCells);
 }
 
 void TableUndoCommand::retainModelRowSortData() {
@@ -76,12 +60,14 @@ void TableUndoCommand::selectNewCells() {
 }
 
 void TableUndoCommand::selectOldCells() {
-    select(oldSelection.empty() ? newSelection : oldSelection);
+    select(oldSelection.isEmpty() ? newSelection : oldSelection);
 }
 
-void TableUndoCommand::select(RangeVector const& ranges) {
-    if (changeSelection && !ranges.empty())
-        model->setSelection(Selection::withAbsoluteMainCell(ranges), true);
+void TableUndoCommand::select(RangeSet const& ranges) {
+    if (!changeSelection || ranges.isEmpty())
+        return;
+    auto const [row, col] = ranges.mainCell().value_or(std::pair(0, 0));
+    model->setSelection(Range(row, col, RangeIndexType::Model), ranges);
 }
 
 void TableUndoCommand::refreshView() {

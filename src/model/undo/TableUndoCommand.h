@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/RangeVector.h"
 #include "core/SortData.h"
+#include "model/RangeSet.h"
 
 #include <QUndoCommand>
 
@@ -16,9 +16,9 @@ public:
     TableUndoCommand(TableModel* model, QUndoCommand* parent);
     TableUndoCommand(TableModel* model, bool changeSelection, QUndoCommand* parent);
     /// With `changeSelection` the cells are also what is selected after redo and undo.
-    TableUndoCommand(TableModel* model, RangeVector const& cells, bool changeSelection, QUndoCommand* parent);
+    TableUndoCommand(TableModel* model, RangeSet const& cells, bool changeSelection, QUndoCommand* parent);
     /// With `changeSelection` redo selects `cells` and undo `oldCells`.
-    TableUndoCommand(TableModel* model, RangeVector const& cells, RangeVector const& oldCells, bool changeSelection,
+    TableUndoCommand(TableModel* model, RangeSet const& cells, RangeSet const& oldCells, bool changeSelection,
                      QUndoCommand* parent);
 
     /// Whether it writes cells or inserts, removes or moves lines, which a read-only table refuses.
@@ -26,9 +26,9 @@ public:
 
     /// What redo selects, in any index space and as a model keeps its selection: offsets of the main cell count from
     /// the start of its range.
-    void setSelectionCells(RangeVector const& cells);
+    void setSelectionCells(RangeSet const& cells);
     /// The same, and what undo selects. An empty `oldCells` makes undo select `cells` too.
-    void setSelectionCells(RangeVector const& cells, RangeVector const& oldCells);
+    void setSelectionCells(RangeSet const& cells, RangeSet const& oldCells);
 
 protected:
     void clearModelRowSortData();
@@ -42,18 +42,18 @@ protected:
     void refreshView();
 
     TableModel* model = nullptr;
-    RangeVector cells; ///< Model
+    RangeSet cells; ///< Model
     bool changeSelection = true;
     bool firstRedo = true; ///< until the change has been made once
     SortData rowSortData;  ///< of the model when the command was made
     SortData colSortData;
     int rowsAdded = 0; ///< Raw, by the last redo; negative for rows that it took away
     int colsAdded = 0;
-    RangeVector newSelection; ///< Model
-    RangeVector oldSelection; ///< Model
+    RangeSet newSelection; ///< Model
+    RangeSet oldSelection; ///< Model
 
 private:
     void retainModelRowSortData();
     void retainModelColSortData();
-    void select(RangeVector const& ranges);
+    void select(RangeSet const& ranges);
 };

@@ -2,12 +2,12 @@
 
 #include "model/undo/ModelAxis.h"
 
-TransposeTableCommand::TransposeTableCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
+TransposeTableCommand::TransposeTableCommand(TableModel* model, RangeSet const& cells, bool changeSelection,
                                              QUndoCommand* parent)
     : ContentCommand(model, cells, changeSelection, parent) {
     setText(QStringLiteral("TransposeTableCommand"));
     RangeVector transposed;
-    for (Range const& range : this->cells)
+    for (Range const& range : this->cells.ranges())
         transposed.push_back(RangeVector::transposeRange(range));
     setSelectionCells(transposed, this->cells);
 }

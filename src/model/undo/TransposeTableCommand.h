@@ -6,7 +6,7 @@
 class TransposeTableCommand : public ContentCommand {
 public:
     /// `cells` is the selection, which is transposed with the table.
-    TransposeTableCommand(TableModel* model, RangeVector const& cells, bool changeSelection,
+    TransposeTableCommand(TableModel* model, RangeSet const& cells, bool changeSelection,
                           QUndoCommand* parent = nullptr);
 
     bool changesCells() const override { return false; }

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-WriteCellsCommand::WriteCellsCommand(TableModel* model, RangeVector const& cells, CellPatch patch, bool changeSelection,
+WriteCellsCommand::WriteCellsCommand(TableModel* model, RangeSet const& cells, CellPatch patch, bool changeSelection,
                                      QUndoCommand* parent)
     : ContentCommand(model, cells, changeSelection, parent), patch(std::move(patch)) {
     setText(QStringLiteral("WriteCellsCommand"));

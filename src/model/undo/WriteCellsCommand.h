@@ -8,7 +8,7 @@
 class WriteCellsCommand : public ContentCommand {
 public:
     /// `cells` is what the operation was asked for, and stays selected.
-    WriteCellsCommand(TableModel* model, RangeVector const& cells, CellPatch patch, bool changeSelection,
+    WriteCellsCommand(TableModel* model, RangeSet const& cells, CellPatch patch, bool changeSelection,
                       QUndoCommand* parent = nullptr);
 
 protected:

@@ -1,0 +1,59 @@
+#include "core/CellRegion.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <random>
+#include <set>
+
+namespace {
+
+CellRegion randomRegion(std::mt19937& random) {
+    std::vector<CellRect> rects;
+    for (int i = int(random() % 4); i > 0; --i) {
+        int const top = int(random() % 9);
+        int const left = int(random() % 9);
+        rects.push_back({top, left, top + int(random() % 4), left + int(random() % 4)});
+    }
+    return CellRegion::ofRects(rects);
+}
+
+TEST(CellRegion, IsASetOfCells) {
+    std::mt19937 random(5);
+    using Cells = std::set<std::pair<int, int>>;
+    auto const cellsOf = [](CellRegion const& region) {
+        Cells cells;
+        for (CellRect const& rect : region.rects()) {
+            for (int row = rect.top; row <= rect.bottom; ++row) {
+                for (int col = rect.left; col <= rect.right; ++col)
+                    EXPECT_TRUE(cells.emplace(row, col).second);
+            }
+        }
+        return cells;
+    };
+    for (int round = 0; round < 500; ++round) {
+        CellRegion const a = randomRegion(random);
+        CellRegion const b = randomRegion(random);
+        Cells both;
+        Cells common;
+        Cells rest;
+        for (auto const& cell : cellsOf(a)) {
+            both.insert(cell);
+            (b.contains(cell.first, cell.second) ? common : rest).insert(cell);
+        }
+        both.merge(cellsOf(b));
+        EXPECT_EQ(cellsOf(a | b), both);
+        EXPECT_EQ(cellsOf(a & b), common);
+        EXPECT_EQ(cellsOf(a - b), rest);
+        EXPECT_EQ((a | b).count(), std::int64_t(both.size()));
+        EXPECT_EQ(CellRegion::ofCells({both.rbegin(), both.rend()}), a | b);
+        EXPECT_EQ(((a - b) | (a & b)), a);
+        Cells clamped;
+        for (auto const& [row, col] : cellsOf(a))
+            clamped.emplace(std::min(row, 4), std::max(col, 3));
+        EXPECT_EQ(cellsOf(a.clampedTo({INT_MIN, 3, 4, INT_MAX})), clamped);
+    }
+}
+
+} // namespace
