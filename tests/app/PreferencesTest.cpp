@@ -234,6 +234,7 @@ TEST_F(PreferenceWindowTest, AnEditableTableBecomesReadOnlyAndBackAndUnsavedChan
 
 TEST_F(PreferencesTest, NoNumberInTheSettingsFileKeepsAWindowFromOpening) {
     write(directory.filePath("a.csv"), "a,b\n1,2\n3,4\n");
+    MsgBoxAnswers box;
     Settings const settings;
     for (Setting const& setting : settings.sorted()) {
         bool const number = setting.dataType == SettingDataType::Integer ||
@@ -245,6 +246,8 @@ TEST_F(PreferencesTest, NoNumberInTheSettingsFileKeepsAWindowFromOpening) {
             SCOPED_TRACE(setting.name.toStdString() + ' ' + text.toStdString());
             QByteArray const file = "Setting,User Value\n" + setting.name.toUtf8() + ',' + text + '\n';
             write(settingsPath, file);
+            if (setting.type == SettingType::MinimumFileSizeForReadOnlyModeQueryMB && text == "0")
+                box.next("Open in Edit Mode");
             MainWindow window;
             window.show();
             window.openFile(directory.filePath("a.csv"));
@@ -268,6 +271,7 @@ TEST_F(PreferenceWindowTest, AThemeThatIsUnknownIsToldOnceInTheStatusBarAndItsNa
     EXPECT_EQ(bar.currentMessage(), "");
     EXPECT_EQ(read(settingsPath), file);
     MainWindow started;
+    started.resize(3000, 500); // room for all labels
     started.show();
     StatusBar const& newBar = *started.getStatusBar();
     EXPECT_TRUE(QTest::qWaitFor([&] { return newBar.currentMessage().contains("\"Pink\""); }, patience));

@@ -2,9 +2,11 @@
 
 #include "storage/ScannerFile.h"
 
+#include <QCoreApplication>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QSemaphore>
+#include <QThread>
 #include <QWaitCondition>
 
 #include <cerrno>
@@ -18,7 +20,7 @@ public:
     }
     ~HeldReads() { ScannerFile::setReader({}); }
 
-    /// From now on loads wait before they read.
+    /// From now on loads in the background wait before they read.
     void hold() {
         QMutexLocker const lock(&mutex);
         holding = true;
@@ -39,9 +41,11 @@ public:
 private:
     ssize_t read(int file, void* to, std::size_t bytes) {
         QMutexLocker const lock(&mutex);
-        if (holding)
+        // The settings file may be read meanwhile, on the thread that is to release the loads.
+        bool const inBackground = QThread::currentThread() != QCoreApplication::instance()->thread();
+        if (holding && inBackground)
             held.release();
-        while (holding)
+        while (holding && inBackground)
             released.wait(&mutex);
         if (readsBeforeFailure == 0) {
             errno = EIO;
