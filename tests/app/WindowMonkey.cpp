@@ -319,7 +319,7 @@ QWidget* WindowMonkey::focus() const {
 }
 
 QString WindowMonkey::word() {
-    static std::array const words{"1",     "3",   "12,2", "0",  "-1",      "250",  "b2",    "a:c", "x",         "",
+    static std::array const words{"1",     "3",   "12,2", "0",  "-1",      "20",   "b2",    "a:c", "x",         "",
                                   "\"q\"", "a,b", "=1+1", "äö", "2020-01", "utf",  "(tab)", ";",   "on",        "row 2",
                                   "  s ",  "007", "1e5",  "c",  "rfc",     "hide", "sort",  "2 2", "2147483647"};
     return QString::fromUtf8(words[std::size_t(number(int(words.size())))]);
