@@ -26,6 +26,7 @@
 namespace {
 
 constexpr int trailLength = 40;
+constexpr int mostCells = 200000; ///< copies of copies grow without end; larger tables are given up
 
 /// Commands that reach out of the window.
 bool leavesTheWindow(QString const& name) {
@@ -99,7 +100,9 @@ void WindowMonkey::act() {
                                                                     {4, &WindowMonkey::save},
                                                                     {3, &WindowMonkey::wait},
                                                                     {7, &WindowMonkey::answerPrompt}}};
-    if (!window->isVisible()) {
+    TableData const& data = window->getActiveTable()->tableModel()->getTableData();
+    bool const large = qint64(data.numRawRows()) * data.numRawCols() > mostCells;
+    if (large || !window->isVisible()) {
         note(QStringLiteral("new window"));
         openWindow();
     }
