@@ -433,7 +433,7 @@ private:
     bool takeSizes();
     void showSizes();
     int shownRowHeight() const;
-    void updateShownRowHeight();
+    void updateShownSize(Axis axis);
     void updateLoadLimits();
     void setDefaultSize(Axis axis, int size);
     void resizeLines(Axis axis, std::vector<int> const& lines, std::vector<int> const& sizes);
