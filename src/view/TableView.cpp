@@ -220,6 +220,11 @@ void TableView::setReadOnly(bool on) {
     tableModel()->setReadOnly(on);
 }
 
+void TableView::makeEditable() {
+    if (tableModel()->getTableData().makeEditable())
+        setReadOnly(false);
+}
+
 void TableView::setExtensionData(ExtensionData const& data) {
     TableModel* const model = tableModel();
     model->setExtension(data.extension);

@@ -68,6 +68,8 @@ public:
     void takeFocus();
     bool hasFocusInside() const;
     void setReadOnly(bool on);
+    /// Has a read-only table whose cells are in memory take changes from now on.
+    void makeEditable();
     bool isReadOnly() const { return readOnly; }
     /// The options by which the table is loaded and saved; the delimiters must be settled.
     void setExtensionData(ExtensionData const& data);

@@ -8,6 +8,7 @@
 #include "tests/support/Notices.h"
 #include "tests/support/PromptAnswers.h"
 #include "view/EditorPane.h"
+#include "view/FileDialog.h"
 
 #include <QDir>
 #include <QFile>
@@ -139,6 +140,25 @@ TEST_F(SaveFlowTest, ATableWhoseFileWentComesBackWithItsEditsAndItsHistory) {
     change("a change by an edit");
     EXPECT_EQ(read("a.csv"), "a change by an edit\n");
     toggle("Save After Each Edit");
+}
+
+TEST_F(SaveFlowTest, AReadOnlyTableThatComesBackCanBeSaved) {
+    set("Read-Only", "true");
+    QString const path = write("a.csv", "1\n");
+    window.openFile(path);
+    set("Read-Only", "false");
+    ASSERT_TRUE(table()->isReadOnly());
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
+    Notices::press(window, "Open Last Contents");
+    EXPECT_FALSE(table()->isReadOnly());
+    change("edited");
+    FileDialog::setAnswer([&](QString const&) { return QStringList(path); });
+    window.runCommand("Save File");
+    FileDialog::setAnswer({});
+    EXPECT_EQ(read("a.csv"), "edited\n");
+    table()->tableModel()->insertRows(0, 1);
+    EXPECT_EQ(cell(1, 0), "edited");
 }
 
 TEST_F(SaveFlowTest, TheNextFileThatGoesEndsTheOfferOfATableWithoutEdits) {
