@@ -89,6 +89,8 @@ public:
     /// Carries the command out and keeps it for undo. Takes ownership. A table that is being loaded takes none, and a
     /// read-only one none that would change its cells, in undo and redo too.
     void pushUndoCommand(QUndoCommand* command);
+    /// The same with several commands, which undo takes back together under the name `text`.
+    void pushUndoCommands(QString const& text, std::vector<QUndoCommand*> const& commands);
     void undo();
     void redo();
     /// Whether the file lacks something that a save would put into it. A read-only table of a file is never saved.
