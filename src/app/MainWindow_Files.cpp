@@ -78,6 +78,9 @@ bool MainWindow::openFiles(QStringList const& paths) {
     if (!first) {
         return shown;
     }
+    if (before != first) {
+        closeLauncher(); // what it asks is about the table that was active
+    }
     setActiveTable(first);
     dropUntouched(before);
     return true;

@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "commands/Menus.h"
+#include "view/ContextMenuEntries.h"
 
 #include <QMenuBar>
 
@@ -16,6 +17,7 @@ void MainWindow::setupMenus() {
         auto* const menu = menuBar()->addMenu(item.title);
         menu->setFont(menuFont);
         addToMenu(*menu, item.items);
+        holdWhileShown(*menu);
     }
     for (QString const& name : Menus::commandsWithoutMenu()) {
         addAction(actions.value(name));

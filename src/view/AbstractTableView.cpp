@@ -353,6 +353,7 @@ void AbstractTableView::onCustomContextMenu(QPoint const& point) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     appendToMenu(*menu, cellMenuEntries(hasContext(Context::MultiCellSelection)), commands);
     appendToMenu(*menu, commonCellMenuEntries(), commands);
+    holdWhileShown(*menu);
     menu->popup(viewport()->mapToGlobal(point));
 }
 

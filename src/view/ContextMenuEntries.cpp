@@ -1,7 +1,12 @@
 #include "view/ContextMenuEntries.h"
 
+#include "core/ModalHold.h"
+
 #include <QAction>
 #include <QMenu>
+
+#include <memory>
+#include <optional>
 
 namespace {
 
@@ -138,4 +143,11 @@ void appendToMenu(QMenu& menu, ContextMenuEntries entries, CommandActions const&
             menu.addAction(action);
         }
     }
+}
+
+// The hold goes with the menu if that is deleted while it is open.
+void holdWhileShown(QMenu& menu) {
+    auto const hold = std::make_shared<std::optional<ModalHold>>();
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [hold] { hold->emplace(); });
+    QObject::connect(&menu, &QMenu::aboutToHide, &menu, [hold] { hold->reset(); });
 }

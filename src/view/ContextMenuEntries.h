@@ -23,3 +23,7 @@ ContextMenuEntries headerMenuEntries(Qt::Orientation orientation);
 /// Appends the actions of the entries, which carry their shortcuts and their enabled state. Names without an action are
 /// left out, and a separator that would separate nothing is too.
 void appendToMenu(QMenu& menu, ContextMenuEntries entries, CommandActions const& actions);
+
+/// From now on, while the menu is open, nothing from outside turns to another table: its entries act on the one that
+/// they were opened on. See ModalHold.
+void holdWhileShown(QMenu& menu);

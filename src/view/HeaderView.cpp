@@ -168,5 +168,6 @@ void HeaderView::onCustomContextMenu(QPoint const& point) {
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     appendToMenu(*menu, headerMenuEntries(orientation()), commands);
+    holdWhileShown(*menu);
     menu->popup(viewport()->mapToGlobal(point));
 }

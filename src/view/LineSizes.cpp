@@ -2,6 +2,7 @@
 
 #include "model/TableModel.h"
 #include "view/GridLimits.h"
+#include "view/PausedUpdates.h"
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -22,19 +23,11 @@ int sectionsOf(QHeaderView const& header) {
 /// While it lives a header is not laid out and painted anew for each of its sections, and tells nobody of them.
 class QuietHeader {
 public:
-    explicit QuietHeader(QHeaderView& header) : header(header), blocker(&header), wereOn(header.updatesEnabled()) {
-        header.setUpdatesEnabled(false);
-    }
-    ~QuietHeader() {
-        if (wereOn)
-            header.setUpdatesEnabled(true);
-    }
-    Q_DISABLE_COPY_MOVE(QuietHeader)
+    explicit QuietHeader(QHeaderView& header) : blocker(&header), updates(header) {}
 
 private:
-    QHeaderView& header;
     QSignalBlocker blocker;
-    bool wereOn;
+    PausedUpdates updates; // ends before the header may speak again
 };
 
 } // namespace

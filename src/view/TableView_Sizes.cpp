@@ -3,7 +3,7 @@
 #include "model/TableModel.h"
 #include "view/FrozenTableView.h"
 #include "view/GridLimits.h"
-#include "view/TableResizing.h"
+#include "view/PausedUpdates.h"
 #include "view/TableView.h"
 
 #include <QHeaderView>
@@ -84,7 +84,7 @@ void TableView::connectSizesAlong(Axis axis) {
 /// Each line that changes its size would otherwise have the table laid out and painted anew.
 void TableView::resizeTogether(std::function<void()> const& resize) {
     {
-        TableResizing const resizing(*this);
+        PausedUpdates const paused(*this);
         resize();
     }
     updateGeometries();

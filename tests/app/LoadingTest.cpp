@@ -424,6 +424,14 @@ TEST_F(LoadingAndWatching, OnlyTheUserMovesTheFocus) {
     EXPECT_TRUE(table()->isEditing());
 }
 
+TEST_F(Loading, AfterALoadEveryPartOfTheTableIsPaintedAgain) {
+    window.openFile(write("a.csv", "a\n"));
+    reloadAndHold();
+    endLoad();
+    for (QWidget const* const part : table()->findChildren<QWidget*>())
+        EXPECT_TRUE(part->updatesEnabled()) << part->metaObject()->className();
+}
+
 TEST_F(Loading, EachLoadBeginsItsProgressAtZero) {
     window.openFile(write("a.csv", "a\n"));
     auto* const overlay = window.getPaneView()->findChild<LoadProgressOverlay*>();

@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
 #include "app/TabBar.h"
+#include "app/launcher/PromptChain.h"
 #include "core/PathUtilities.h"
 #include "model/undo/SetModelDataCommand.h"
 #include "tests/support/MsgBoxAnswers.h"
@@ -13,6 +14,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QFileOpenEvent>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
 #include <QTemporaryDir>
@@ -118,6 +120,30 @@ TEST_F(SecondStartTest, WhoseWindowClosesMeanwhileGetsAnotherOneAndTheProgramGoe
     QApplication::exec(); // ends with the second window
     EXPECT_EQ(seen, "d.csv");
     EXPECT_TRUE(app.getMainWindows().empty());
+}
+
+TEST_F(SecondStartTest, WaitsForAnOpenMenuAndEndsAPromptAboutAnotherTable) {
+    for (char const* const name : {"a.csv", "b.csv", "c.csv"})
+        write(name);
+    window->openFile(directory.filePath("a.csv"));
+    window->show();
+    emit window->getActiveTable()->customContextMenuRequested(QPoint(1, 1));
+    auto const menus = window->getActiveTable()->findChildren<QMenu*>();
+    ASSERT_EQ(menus.size(), 1);
+    for (QMenu* const menu : {menus.first(), window->menuBar()->actions().first()->menu()}) {
+        menu->popup({});
+        secondStart("b.csv");
+        QCoreApplication::processEvents();
+        EXPECT_EQ(open(), "a.csv");
+        menu->close();
+        EXPECT_TRUE(comesTo("a.csv b.csv"));
+        window->commandCloseFile();
+    }
+    window->runCommand("Go to Cell");
+    ASSERT_NE(window->getPrompts()->currentTitle(), "");
+    secondStart("c.csv");
+    EXPECT_TRUE(comesTo("a.csv c.csv"));
+    EXPECT_EQ(window->getPrompts()->currentTitle(), "");
 }
 
 TEST_F(SecondStartTest, BehindAnOpenFileDialogOpensAfterItAndOnce) {
