@@ -3,6 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/HandOverMessage.h"
 #include "app/MainWindow.h"
+#include "app/PaneView.h"
 #include "app/PreferenceStartup.h"
 #include "app/WindowGeometry.h"
 #include "core/ModalHold.h"
@@ -82,8 +83,8 @@ void Application::handleCommandLineArguments(QStringList const& arguments) {
     }
     applyRequestedGeometry(window, line);
     window.tellMissing(line.missing);
+    window.activateWindow(); // first: a file that is open elsewhere brings its own window to the front
     window.openFiles(line.files);
-    window.activateWindow();
 }
 
 void Application::onMessageReceived(quint32, QByteArray const& message) {
@@ -107,6 +108,7 @@ MainWindow* Application::addMainWindow(bool centred) {
     activeMainWindow = window;
     mainWindows.push_back(window);
     setServing(true);
+    window->setFileHolder([this, window](QString const& path) { return otherWindowWith(path, window); });
     if (centred) {
         applyDefaultGeometry(*window);
         window->show();
@@ -115,6 +117,14 @@ MainWindow* Application::addMainWindow(bool centred) {
     connect(window, &MainWindow::mainWindowClosedSignal, this, &Application::onMainWindowClosed);
     connect(window, &MainWindow::mainWindowFocusChangedSignal, this, &Application::onMainWindowFocusChanged);
     return window;
+}
+
+MainWindow* Application::otherWindowWith(QString const& path, MainWindow const* asking) const {
+    auto const holds = [&](MainWindow const* each) {
+        return each != asking && each->getPaneView()->getTableView(path) != nullptr;
+    };
+    auto const holder = std::find_if(mainWindows.begin(), mainWindows.end(), holds);
+    return holder == mainWindows.end() ? nullptr : *holder;
 }
 
 void Application::createNewInstance(bool centred, QStringList const& files) {
@@ -127,9 +137,9 @@ void Application::createNewInstance(bool centred, QStringList const& files) {
         window->show();
         window->propagateSettings();
     }
+    window->activateWindow();
     window->openFiles(files);
     makeMainWindowConnections(window);
-    window->activateWindow();
 }
 
 void Application::makeMainWindowConnections(MainWindow* window) {

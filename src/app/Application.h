@@ -43,6 +43,7 @@ private:
     /// Writes the sample table of a first run. True if it was not there.
     bool makeTutorialFile() const;
     MainWindow* addMainWindow(bool centred);
+    MainWindow* otherWindowWith(QString const& path, MainWindow const* asking) const;
     void makeMainWindowConnections(MainWindow* window);
     void removeMainWindow(QObject* window);
 

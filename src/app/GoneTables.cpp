@@ -3,6 +3,8 @@
 #include "app/NoticeLine.h"
 #include "view/TableView.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QFileInfo>
 
 #include <utility>
@@ -18,7 +20,10 @@ GoneTables::~GoneTables() {
 
 void GoneTables::keep(std::unique_ptr<TableView> table, bool edited) {
     table->hide();
-    std::erase_if(kept, [](Kept const& each) { return !each.edited; });
+    if (userActed)
+        std::erase_if(kept, [](Kept const& each) { return !each.edited; });
+    userActed = false;
+    qApp->installEventFilter(this); // again: it counts once
     kept.push_back({std::move(table), edited});
     QStringList paths;
     for (Kept const& each : kept)
@@ -29,12 +34,26 @@ void GoneTables::keep(std::unique_ptr<TableView> table, bool edited) {
                paths);
 }
 
+bool GoneTables::eventFilter(QObject* watched, QEvent* event) {
+    QEvent::Type const type = event->type();
+    bool const byUser = type == QEvent::KeyPress || type == QEvent::ShortcutOverride ||
+                        type == QEvent::MouseButtonPress || type == QEvent::Wheel;
+    auto const* const widget = byUser ? qobject_cast<QWidget const*>(watched) : nullptr;
+    if (widget != nullptr && widget->window() == line->window()) {
+        userActed = true;
+        qApp->removeEventFilter(this);
+    }
+    return false;
+}
+
 void GoneTables::clear() {
     kept.clear();
+    qApp->removeEventFilter(this);
 }
 
 void GoneTables::giveBack() {
     std::vector<Kept> wanted = std::exchange(kept, {});
+    clear();
     line->dismiss();
     for (Kept& each : wanted)
         emit takenBackSignal(each.table.release());

@@ -10,8 +10,8 @@ class NoticeLine;
 class TableView;
 
 /// Keeps the tables whose files other programs took away, whole and with their undo history, and offers in a line of
-/// the window to open them again. The offer ends when the user dismisses the line. The next file that goes also ends
-/// it, but for tables with edits: those are nowhere else.
+/// the window to open them again. The offer ends when the user dismisses the line. A file that goes after the user has
+/// done something else in the window also ends it, but for tables with edits: those are nowhere else.
 class GoneTables : public QObject {
     Q_OBJECT
 
@@ -30,6 +30,10 @@ signals:
     /// The user wants this table back; it has no parent, and the window owns it from now on.
     void takenBackSignal(TableView* table);
 
+protected:
+    /// Looks out for what the user does.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     struct Kept {
         std::unique_ptr<TableView> table;
@@ -40,4 +44,5 @@ private:
 
     NoticeLine* line;
     std::vector<Kept> kept;
+    bool userActed = false; ///< since the last file went
 };

@@ -22,7 +22,9 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class FileMetadataWidget;
@@ -55,10 +57,15 @@ public:
 
     // Files (MainWindow_Files.cpp).
 
-    /// Opens each file in a tab, or goes to its tab if it is open already; what cannot be opened is told and skipped.
-    /// The first one becomes the active table. True if any table was taken.
+    /// Opens each file in a tab, or goes to its tab if it is open already, in any window; what cannot be opened is told
+    /// and skipped. The first one becomes the active table. True if any table was taken or shown.
     bool openFiles(QStringList const& paths);
     bool openFile(QString const& path);
+    /// Tells the window who else may have a file open: `holder` gives the other window that has it, or null. Such a
+    /// file is shown there, and not saved to from here.
+    void setFileHolder(std::function<MainWindow*(QString const& path)> holder) { fileHolder = std::move(holder); }
+    /// Comes to the front with the table of that file, if it is open here.
+    void showFile(QString const& path);
     /// Tells without a question that files which were to be opened do not exist.
     void tellMissing(QStringList const& paths);
     /// Tells that a folder is no table.
@@ -428,6 +435,8 @@ private:
     TableView* addEmptyTableEditor();
     TableView* addTableEditorFromFile(QString const& path, bool readOnly, bool isPreferenceFile);
     void addTableEditorFromView(TableView* table);
+    /// Has the other window that holds the file show it, if there is one.
+    bool showElsewhere(QString const& path);
     /// Opens one file of openFiles; null if it cannot be opened.
     TableView* takeTable(QString const& path);
     /// Asks about a file of many megabytes whether it is to be opened read-only; false if not at all.
@@ -554,6 +563,7 @@ private:
     QHash<TableView const*, Retained> reloads;    ///< of tables that are being read again
     QSet<TableView const*> onlySortedSinceReload; ///< tables that differ from their files by the sort they took over
     std::vector<ExtensionData> extensions;
+    std::function<MainWindow*(QString const& path)> fileHolder = [](QString const&) { return nullptr; };
     PaneView* paneView = nullptr;
     Commands commands;
     CommandActions actions;                                       ///< of the commands, by their names

@@ -64,14 +64,19 @@ ExtensionData preferenceFileOptions() {
 bool MainWindow::openFiles(QStringList const& paths) {
     QPointer<TableView> const before = activeTable;
     QPointer<TableView> first;
+    bool shown = false;
     for (QString const& path : paths) {
+        if (showElsewhere(path)) {
+            shown = true;
+            continue;
+        }
         TableView* const table = takeTable(path);
         if (!first) {
             first = table;
         }
     }
     if (!first) {
-        return false;
+        return shown;
     }
     if (before != first) {
         closeLauncher(); // what it asks is about the table that was active
@@ -79,6 +84,26 @@ bool MainWindow::openFiles(QStringList const& paths) {
     setActiveTable(first);
     dropUntouched(before);
     return true;
+}
+
+// Two tables on one file would undo each other's saves.
+bool MainWindow::showElsewhere(QString const& path) {
+    MainWindow* const other = fileHolder(path);
+    if (other != nullptr) {
+        other->showFile(path);
+    }
+    return other != nullptr;
+}
+
+void MainWindow::showFile(QString const& path) {
+    TableView* const table = paneView->getTableView(path);
+    if (table == nullptr) {
+        return;
+    }
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+    setActiveTable(table);
 }
 
 void MainWindow::dropUntouched(TableView* table) {

@@ -185,6 +185,13 @@ bool MainWindow::saveFileUnder(TableView* table, QString const& path, bool visib
 // Two tables on one file would undo each other's saves, and their edits would be lost. Only the copy of what is visible
 // may go to the file of a table without edits of its own, which is then read again.
 bool MainWindow::refusesOpenFile(TableView const* table, QString const& path, bool visibleOnly) {
+    if (fileHolder(path) != nullptr) {
+        MsgBox::inform(
+            this, theme,
+            tr("This file is open in another window:\n%1\n\nClose its tab there first, or save under another name.")
+                .arg(path));
+        return true;
+    }
     TableView* const open = paneView->getTableView(path);
     if (open == nullptr || open == table || (visibleOnly && !open->isLoading() && !hasUnsavedEdits(open))) {
         return false;

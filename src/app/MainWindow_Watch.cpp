@@ -77,6 +77,7 @@ void MainWindow::onWatchedFileGone(QString const& path) {
 void MainWindow::takeBack(TableView* table) {
     QPointer<TableView> const before = activeTable;
     table->tableModel()->getTableData().getDataContainer()->setFilepath(QString());
+    table->makeEditable(); // it is in no file, and is to be saved to one
     table->propagateSettings(settings);
     addTableEditorFromView(table);
     table->undoStack()->resetClean();

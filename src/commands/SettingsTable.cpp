@@ -6,7 +6,7 @@ using enum SettingDataType;
 using ScopeType::Global;
 using ScopeType::Table;
 
-/// Sizes that are still fine for all rows and columns of a large table together: a grid has less than 2^31 pixels.
+/// Sizes that a single row, column or text still makes sense with. How many lines of them a grid can show is up to it.
 constexpr NumberRange rowHeights{1, 2000};
 constexpr NumberRange columnWidths{1, 20000};
 constexpr NumberRange textSizes{1, 500};

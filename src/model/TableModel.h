@@ -315,7 +315,8 @@ public:
     QString getFilepath() const { return tableData.getFilepath(); }
     QString getLastSaveError() const { return tableData.getLastSaveError(); }
     LoadResult const& getLoadResult() const { return tableData.getLoadResult(); }
-    void setLoadLimits(LoadLimits limits) { tableData.setLoadLimits(limits); }
+    /// How many lines a load takes. The grid offers no empty lines beyond them either.
+    void setLoadLimits(LoadLimits limits);
     /// The name of the file, "untitled" without one.
     QString getTableName() const;
     /// Lets a scanner that waits at a progress report go on.
@@ -574,6 +575,7 @@ private:
     int minNumTableCols = 0;
     int numBufferRows = 0;
     int numBufferCols = 0;
+    LoadLimits gridLimits;
     bool dataAlreadyChanged = false;
     bool skipLayoutSignals = false;
 

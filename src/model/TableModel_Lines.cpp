@@ -176,8 +176,23 @@ void TableModel::setSizeOption(int& option, int value) {
 TableShape TableModel::shape(Axis axis) {
     DataAxis const data(tableData, axis);
     bool const isRows = axis == Axis::Rows;
-    return {data.modelCount(), data.concealedCount(), isRows ? numBufferRows : numBufferCols,
-            isRows ? minNumTableRows : minNumTableCols, readOnly};
+    return {data.modelCount(),
+            data.concealedCount(),
+            isRows ? numBufferRows : numBufferCols,
+            isRows ? minNumTableRows : minNumTableCols,
+            readOnly,
+            isRows ? gridLimits.rows : gridLimits.columns};
+}
+
+void TableModel::setLoadLimits(LoadLimits limits) {
+    tableData.setLoadLimits(limits);
+    gridLimits = limits;
+    enforceTableSize();
+    for (Axis const axis : {Axis::Rows, Axis::Columns}) {
+        bool mainCellChanged = false;
+        if (!selection.set().isEmpty() && selection.set().lastStart(axis) >= viewCount(axis))
+            removeExtraneousLines(axis, mainCellChanged);
+    }
 }
 
 /// Grows or shrinks the grid at its end. To be called with dataAlreadyChanged set.

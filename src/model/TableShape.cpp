@@ -5,8 +5,10 @@
 int TableShape::viewCount(std::optional<int> lastSelected) const {
     if (readOnly)
         return modelCount;
-    int const count = std::max(modelCount + buffer, minimum);
-    return lastSelected ? std::max(count, buffer + *lastSelected + 1 - concealedCount) : count;
+    int count = std::max(modelCount + buffer, minimum);
+    if (lastSelected)
+        count = std::max(count, buffer + *lastSelected + 1 - concealedCount);
+    return std::max(std::min(count, most), modelCount);
 }
 
 int TableShape::lastSelectable() const {

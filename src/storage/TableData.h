@@ -58,6 +58,8 @@ public:
     /// Reloads the same file into a container of another type; unsaved edits are not carried over.
     void setDataContainerType(DataContainerType type);
     DataContainerType getDataContainerType() const { return dataContainerType; }
+    /// Has a read-only table take changes from now on, with what it holds. False if its cells are not in memory.
+    bool makeEditable();
     /// The pair that paces the scanners' progress to the GUI. Not owned.
     void setProgressUpdateMutex(QMutex* mutex, QWaitCondition* condition);
     bool isLoading() const { return coming != nullptr; }

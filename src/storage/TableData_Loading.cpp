@@ -164,6 +164,14 @@ void TableData::setDataContainerType(DataContainerType type) {
             dataContainer->getEncoding(), dataContainer->getParsingStandard());
 }
 
+bool TableData::makeEditable() {
+    if (editableContainer == nullptr || isLocked())
+        return false;
+    dataContainerType = DataContainerType::Editable;
+    readOnly = false;
+    return true;
+}
+
 bool TableData::refusesSave(QString const& path) {
     saveRefusal.clear();
     if (isLocked())

@@ -13,6 +13,11 @@ constexpr int linesOf(int defaultSize) {
     return INT_MAX / 2 / std::max(defaultSize, 1);
 }
 
+/// The size of the lines of a grid whose data have `dataLines`: as wanted, or as much as lets all of them be shown.
+constexpr int sizeOf(int wantedSize, int dataLines) {
+    return std::min(wantedSize, std::max(linesOf(dataLines), 1));
+}
+
 constexpr LoadLimits of(int defaultRowHeight, int defaultColumnWidth) {
     return {linesOf(defaultRowHeight), linesOf(defaultColumnWidth)};
 }

@@ -1,6 +1,7 @@
 #include "view/LineSizes.h"
 
 #include "model/TableModel.h"
+#include "view/GridLimits.h"
 #include "view/PausedUpdates.h"
 
 #include <QHeaderView>
@@ -89,12 +90,27 @@ int LineSizes::end() const {
 
 // Defaults.
 
-void LineSizes::setDefault(int size) {
+void LineSizes::forgetAll() {
     store().clear();
-    changeDefault(size);
+    outdate();
 }
 
 void LineSizes::changeDefault(int size) {
+    if (size == wantedDefault)
+        return;
+    wantedDefault = size;
+    giveDefault();
+}
+
+int LineSizes::boundDefault() const {
+    if (table == nullptr)
+        return wantedDefault;
+    return GridLimits::sizeOf(wantedDefault, axis == Axis::Rows ? table->rowCountModel() : table->columnCountModel());
+}
+
+void LineSizes::giveDefault() {
+    givenDefault = boundDefault();
+    int const size = givenDefault;
     for (Shown& each : shown) {
         // A table of a million rows would send as many signals.
         QuietHeader const quiet(*each.header);
@@ -202,7 +218,9 @@ bool LineSizes::show() {
         shownRevision = revision;
         outdate();
     }
-    bool changed = false;
+    bool changed = !layoutChanging && wantedDefault > 0 && givenDefault != boundDefault();
+    if (changed)
+        giveDefault();
     for (Shown& each : shown)
         changed = showPending(each) || changed;
     return changed;

@@ -36,9 +36,10 @@ public:
     /// From this line on all have the default size.
     int end() const;
 
-    /// Gives all lines that size, also those that are inserted later.
-    void setDefault(int size);
-    /// Gives that size to lines without one of their own.
+    /// Gives all lines the default size.
+    void forgetAll();
+    /// Gives that size to lines without one of their own, also to those that are inserted later. Where the data have
+    /// more lines of it than a grid has pixels for, they get less while that is so.
     void changeDefault(int size);
     void setByHand(int line, int size);
     bool isByHand(int line) const;
@@ -78,6 +79,8 @@ private:
 
     LineSizeStore& store() const;
     int rawLine(int line) const;
+    int boundDefault() const;
+    void giveDefault();
     void add(QHeaderView& header);
     void showAt(int line, int size);
     bool showPending(Shown& each);
@@ -90,5 +93,7 @@ private:
     std::vector<Shown> shown; ///< the view's own first
     bool showing = false;     ///< a header is being told a size
     bool layoutChanging = false;
+    int wantedDefault = 0; ///< none yet
+    int givenDefault = 0;  ///< what the headers were last told; they have bounds of their own
     quint64 shownRevision = 0;
 };

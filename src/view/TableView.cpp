@@ -140,6 +140,27 @@ void TableView::pushUndoCommand(QUndoCommand* command) {
         changeStack([this, command] { stack.push(command); });
 }
 
+void TableView::pushUndoCommands(QString const& text, std::vector<QUndoCommand*> const& commands) {
+    std::vector<QUndoCommand*> taken;
+    for (QUndoCommand* const command : commands) {
+        if (refuses(command))
+            delete command;
+        else
+            taken.push_back(command);
+    }
+    if (taken.empty())
+        return;
+    changeStack([&] {
+        bool const several = taken.size() > 1;
+        if (several)
+            stack.beginMacro(text);
+        for (QUndoCommand* const command : taken)
+            stack.push(command);
+        if (several)
+            stack.endMacro();
+    });
+}
+
 void TableView::undo() {
     if (!refuses(stack.command(stack.index() - 1)))
         changeStack([this] { stack.undo(); });
@@ -218,6 +239,11 @@ void TableView::setReadOnly(bool on) {
     readOnly = on;
     settings.setValue(SettingType::ReadOnly, on);
     tableModel()->setReadOnly(on);
+}
+
+void TableView::makeEditable() {
+    if (tableModel()->getTableData().makeEditable())
+        setReadOnly(false);
 }
 
 void TableView::setExtensionData(ExtensionData const& data) {

@@ -68,6 +68,8 @@ public:
     void takeFocus();
     bool hasFocusInside() const;
     void setReadOnly(bool on);
+    /// Has a read-only table whose cells are in memory take changes from now on.
+    void makeEditable();
     bool isReadOnly() const { return readOnly; }
     /// The options by which the table is loaded and saved; the delimiters must be settled.
     void setExtensionData(ExtensionData const& data);
@@ -87,6 +89,8 @@ public:
     /// Carries the command out and keeps it for undo. Takes ownership. A table that is being loaded takes none, and a
     /// read-only one none that would change its cells, in undo and redo too.
     void pushUndoCommand(QUndoCommand* command);
+    /// The same with several commands, which undo takes back together under the name `text`.
+    void pushUndoCommands(QString const& text, std::vector<QUndoCommand*> const& commands);
     void undo();
     void redo();
     /// Whether the file lacks something that a save would put into it. A read-only table of a file is never saved.
@@ -433,7 +437,7 @@ private:
     bool takeSizes();
     void showSizes();
     int shownRowHeight() const;
-    void updateShownRowHeight();
+    void updateShownSize(Axis axis);
     void updateLoadLimits();
     void setDefaultSize(Axis axis, int size);
     void resizeLines(Axis axis, std::vector<int> const& lines, std::vector<int> const& sizes);

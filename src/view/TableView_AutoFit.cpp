@@ -155,20 +155,26 @@ int TableView::headerRowsWidth(int col) {
 }
 
 void TableView::resizeColumnToContents(int col, int precision) {
-    bool allEmpty = false;
-    int width = defaultColumnWidth;
-    if (col < tableModel()->columnCountModel())
-        width = std::max(
-            estimateMaxWidthForColumnMainTable(col, precision, defaultColumnWidth, maximumColumnWidth, allEmpty),
-            getHorizontalHeaderView()->labelWidth(col));
-    colSizes->fit(col, std::min(std::max(width, headerRowsWidth(col)), maximumColumnWidth));
+    int width = colSizes->defaultSize();
+    if (col < tableModel()->columnCountModel()) {
+        bool allEmpty = false;
+        width = estimateMaxWidthForColumnMainTable(col, precision, width, maximumColumnWidth, allEmpty);
+        width = std::max({width, getHorizontalHeaderView()->labelWidth(col), headerRowsWidth(col)});
+    }
+    colSizes->fit(col, std::min(width, maximumColumnWidth));
 }
 
 void TableView::resizeColumnsToContents() {
     resizeTogether([this] {
         int const precision = horizontalHeader()->resizeContentsPrecision();
-        for (int col = 0; col < horizontalHeader()->count(); ++col)
+        // Columns behind the data are empty, and most often as wide as those without a width of their own.
+        bool const emptyFit = colSizes->defaultSize() <= maximumColumnWidth;
+        int const count = horizontalHeader()->count();
+        for (int col = 0; col < (emptyFit ? std::min(count, tableModel()->columnCountModel()) : count); ++col)
             resizeColumnToContents(col, precision);
+        if (emptyFit)
+            colSizes->resetBehindData();
+        showSizes();
     });
 }
 
@@ -263,7 +269,7 @@ void TableView::applyFont() {
     bold.setWeight(QFont::Bold);
     averageCharWidth = int(QFontMetrics(tableFont).averageCharWidth() * widerThanAverage);
     averageBoldCharWidth = int(QFontMetrics(bold).averageCharWidth() * widerThanAverage);
-    updateShownRowHeight();
+    updateShownSize(Axis::Rows);
     refreshView();
     enforceAutoFitRowHeight(true);
     enforceAutoFitColWidth(true);

@@ -128,8 +128,8 @@ void TableView::setDefaultColumnWidth(int width) {
 
 void TableView::setDefaultSize(Axis axis, int size) {
     (axis == Axis::Rows ? defaultRowHeight : defaultColumnWidth) = size;
-    sizesOf(axis).setDefault(axis == Axis::Rows ? shownRowHeight() : size);
-    updateLoadLimits();
+    sizesOf(axis).forgetAll();
+    updateShownSize(axis);
     updateGeometries();
     axis == Axis::Rows ? enforceAutoFitRowHeight(true) : enforceAutoFitColWidth(true);
     refreshView();
@@ -144,9 +144,13 @@ int TableView::shownRowHeight() const {
     return std::min(std::max(defaultRowHeight, lineOfText), maximumRowHeight);
 }
 
-void TableView::updateShownRowHeight() {
-    if (int const height = shownRowHeight(); height != rowSizes->defaultSize())
-        rowSizes->changeDefault(height);
+/// A grid never has the larger lines while it still has the larger number of them.
+void TableView::updateShownSize(Axis axis) {
+    LineSizes& sizes = sizesOf(axis);
+    int const size = axis == Axis::Rows ? shownRowHeight() : defaultColumnWidth;
+    if (size > sizes.defaultSize())
+        updateLoadLimits();
+    sizes.changeDefault(size);
     updateLoadLimits();
 }
 
@@ -156,7 +160,7 @@ void TableView::updateLoadLimits() {
 
 void TableView::setMaximumRowHeight(int height, bool emitChange) {
     maximumRowHeight = height;
-    updateShownRowHeight();
+    updateShownSize(Axis::Rows);
     enforceAutoFitRowHeight(true);
     if (emitChange)
         emit fileMetadataChangedSignal();

@@ -8,6 +8,7 @@
 #include "tests/support/Notices.h"
 #include "tests/support/PromptAnswers.h"
 #include "view/EditorPane.h"
+#include "view/FileDialog.h"
 
 #include <QDir>
 #include <QFile>
@@ -141,6 +142,25 @@ TEST_F(SaveFlowTest, ATableWhoseFileWentComesBackWithItsEditsAndItsHistory) {
     toggle("Save After Each Edit");
 }
 
+TEST_F(SaveFlowTest, AReadOnlyTableThatComesBackCanBeSaved) {
+    set("Read-Only", "true");
+    QString const path = write("a.csv", "1\n");
+    window.openFile(path);
+    set("Read-Only", "false");
+    ASSERT_TRUE(table()->isReadOnly());
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
+    Notices::press(window, "Open Last Contents");
+    EXPECT_FALSE(table()->isReadOnly());
+    change("edited");
+    FileDialog::setAnswer([&](QString const&) { return QStringList(path); });
+    window.runCommand("Save File");
+    FileDialog::setAnswer({});
+    EXPECT_EQ(read("a.csv"), "edited\n");
+    table()->tableModel()->insertRows(0, 1);
+    EXPECT_EQ(cell(1, 0), "edited");
+}
+
 TEST_F(SaveFlowTest, TheNextFileThatGoesEndsTheOfferOfATableWithoutEdits) {
     std::vector<QPointer<TableView>> gone;
     auto const lose = [&](QString const& name, bool edited) {
@@ -152,9 +172,12 @@ TEST_F(SaveFlowTest, TheNextFileThatGoesEndsTheOfferOfATableWithoutEdits) {
         QFile::remove(path);
         EXPECT_TRUE(QTest::qWaitFor([&] { return window.getPaneView()->getTableView(path) == nullptr; }));
     };
+    auto const userActs = [this] { QTest::keyClick(&window, Qt::Key_Shift); };
     lose("a.csv", false);
+    userActs();
     lose("b.csv", true);
     EXPECT_TRUE(gone[0].isNull());
+    userActs();
     lose("c.csv", false);
     EXPECT_FALSE(gone[1].isNull());
     EXPECT_TRUE(Notices::texts(window).value(0).endsWith(": " + directory.filePath("b.csv") + ", " +
@@ -165,6 +188,24 @@ TEST_F(SaveFlowTest, TheNextFileThatGoesEndsTheOfferOfATableWithoutEdits) {
     Notices::press(window, "Dismiss");
     EXPECT_TRUE(gone[3].isNull());
     EXPECT_EQ(Notices::texts(window), QStringList());
+}
+
+TEST_F(SaveFlowTest, FilesThatGoBeforeTheUserActsAreOfferedTogether) {
+    QStringList paths;
+    for (QString const name : {"a.csv", "b.csv", "c.csv"}) {
+        paths << write(name, name.toUtf8() + '\n');
+        window.openFile(paths.last());
+    }
+    for (QString const& path : paths) {
+        QFile::remove(path);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.getPaneView()->getTableView(path) == nullptr; }));
+    }
+    EXPECT_EQ(Notices::texts(window),
+              QStringList("These files were deleted or moved by another program, and their tabs "
+                          "were closed: " +
+                          paths.join(", ")));
+    Notices::press(window, "Open Last Contents");
+    EXPECT_EQ(window.getPaneView()->getTables().size(), 3U);
 }
 
 TEST_F(SaveFlowTest, AFileThatGoesWhileItsReloadIsAskedAboutKeepsTheEdits) {

@@ -190,6 +190,24 @@ TEST_F(TableModelTest, GridOffersBufferAndMinimum) {
     EXPECT_EQ(model.getMainCell(), Range(1, 1, Model));
 }
 
+TEST_F(TableModelTest, EmptyLinesEndWhereTheGridMustButDataStay) {
+    model.setNumBufferRows(5);
+    model.setMinNumTableCols(1000000);
+    model.setLoadLimits({3, 100});
+    load("a,b\nc,d\n");
+    EXPECT_EQ(std::pair(model.rowCount(), model.columnCount()), std::pair(3, 100));
+    model.setSelection(Range(2, 99, Model));
+    model.enforceTableSize();
+    EXPECT_EQ(std::pair(model.rowCount(), model.columnCount()), std::pair(3, 100));
+    model.setLoadLimits({1, 3});
+    EXPECT_EQ(std::pair(model.rowCount(), model.columnCount()), std::pair(2, 3));
+    EXPECT_LT(model.getMainCell().row, 2);
+    EXPECT_LT(model.getMainCell().col, 3);
+    EXPECT_EQ(text(1, 1), "d");
+    model.setLoadLimits({});
+    EXPECT_EQ(std::pair(model.rowCount(), model.columnCount()), std::pair(7, 1000000));
+}
+
 TEST_F(TableModelTest, SelectionFollowsRowsThatAreGone) {
     load("a,b\nc,d\ne,f\ng,h\n");
     model.setNumBufferRows(3);

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 
+#include <climits>
 #include <numeric>
 
 namespace {
@@ -94,6 +95,35 @@ TEST_P(LineSizesTest, BoundsHold) {
         EXPECT_EQ(header().sectionSize(3), 80);
     }
     EXPECT_EQ(header().sectionSize(1), sizeOf(1));
+}
+
+TEST_P(LineSizesTest, AGridOfLargeLinesEndsWhereItsPixelsDo) {
+    constexpr int large = 20000;
+    constexpr int many = 200000;
+    auto const setDefault = [this](int size) {
+        isRows() ? view.setDefaultRowHeight(size) : view.setDefaultColumnWidth(size);
+    };
+    auto const fits = [this] { return qint64(header().count()) * fallback() < INT_MAX && header().length() > 0; };
+    view.setMaximumRowHeight(large, false);
+    setDefault(20);
+    isRows() ? model().setMinNumTableRows(many) : model().setMinNumTableCols(many);
+    EXPECT_EQ(header().count(), many);
+    setDefault(large);
+    EXPECT_TRUE(fits()) << header().count();
+    EXPECT_EQ(fallback(), large);
+    EXPECT_GT(header().count(), 10) << "as many as there is room for";
+    setDefault(20);
+    EXPECT_EQ(header().count(), many);
+    // Data are not dropped. Their lines are smaller instead.
+    view.pushUndoCommand(new InsertLinesCommand(GetParam(), &model(), linesAt({5}), many, true, true));
+    setDefault(large);
+    EXPECT_GT(header().count(), many);
+    EXPECT_TRUE(fits()) << fallback();
+    view.undo();
+    EXPECT_TRUE(fits()) << fallback();
+    EXPECT_EQ(fallback(), large);
+    view.redo();
+    EXPECT_TRUE(fits()) << fallback();
 }
 
 TEST_P(LineSizesTest, SelectedLinesAndDefaultsAreSetByHand) {

@@ -114,26 +114,20 @@ PromptStep askForParts(std::vector<DialectPart> parts, Dialect const& dialect, Q
 }
 
 template <class Command, class Value>
-void pushChange(TableView& table, Value const& present, Value const& wanted) {
-    TableModel* const model = table.tableModel();
+void addChange(std::vector<QUndoCommand*>& changes, TableModel& model, Value const& present, Value const& wanted) {
     if (present != wanted)
-        table.pushUndoCommand(new Command(model, model->getSelectedSet(), wanted, true));
+        changes.push_back(new Command(&model, model.getSelectedSet(), wanted, true));
 }
 
 void setForSave(TableView& table, Dialect const& wanted) {
     Dialect const present = Dialect::ofSave(table);
-    QUndoStack& stack = *table.undoStack();
-    int const numChanges = int(present.delimiter != wanted.delimiter) + int(present.lineEnding != wanted.lineEnding) +
-                           int(present.encoding != wanted.encoding) +
-                           int(present.parsingStandard != wanted.parsingStandard);
-    if (numChanges > 1)
-        stack.beginMacro(QStringLiteral("Set Parameters for File Save"));
-    pushChange<SetDelimiterCommand>(table, present.delimiter, wanted.delimiter);
-    pushChange<SetLineEndingCommand>(table, present.lineEnding, wanted.lineEnding);
-    pushChange<SetEncodingCommand>(table, present.encoding, wanted.encoding);
-    pushChange<SetParsingStandardCommand>(table, present.parsingStandard, wanted.parsingStandard);
-    if (numChanges > 1)
-        stack.endMacro();
+    TableModel& model = *table.tableModel();
+    std::vector<QUndoCommand*> changes;
+    addChange<SetDelimiterCommand>(changes, model, present.delimiter, wanted.delimiter);
+    addChange<SetLineEndingCommand>(changes, model, present.lineEnding, wanted.lineEnding);
+    addChange<SetEncodingCommand>(changes, model, present.encoding, wanted.encoding);
+    addChange<SetParsingStandardCommand>(changes, model, present.parsingStandard, wanted.parsingStandard);
+    table.pushUndoCommands(QStringLiteral("Set Parameters for File Save"), changes);
 }
 
 } // namespace

@@ -225,6 +225,29 @@ TEST_F(SecondStartTest, FilesThatTheDesktopHandsOverWaitToo) {
     window->commandCloseAllFiles();
 }
 
+TEST_F(SecondStartTest, OfAFileThatAnotherWindowHasShowsItThere) {
+    openAndChange("a.csv");
+    TableView const* const edited = window->getActiveTable();
+    window->openFile(write("b.csv"));
+    app.createNewInstance(true, {});
+    MainWindow* const other = app.getActiveMainWindow();
+    ASSERT_NE(other, window);
+    write("c.csv");
+    secondStart("a.csv<c.csv");
+    EXPECT_EQ(open(), "a.csv b.csv | c.csv");
+    EXPECT_EQ(window->getActiveTable(), edited);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == window; }));
+    box.next("OK");
+    EXPECT_FALSE(other->saveFileUnder(other->getActiveTable(), directory.filePath("a.csv"), false));
+    EXPECT_TRUE(box.texts().last().startsWith("This file is open in another window:\n"));
+    EXPECT_EQ(read("a.csv"), "1,2\n");
+    EXPECT_TRUE(other->openFile(directory.filePath("b.csv")));
+    EXPECT_EQ(open(), "a.csv b.csv | c.csv");
+    EXPECT_TRUE(other->close());
+    box.next("Don't Save");
+    window->commandCloseAllFiles();
+}
+
 TEST_F(SecondStartTest, NoWindowClosesUnderTheQuestionOfAnother) {
     openAndChange("a.csv");
     app.createNewInstance(true, {});
