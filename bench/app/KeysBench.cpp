@@ -16,7 +16,7 @@
 
 #include <algorithm>
 #include <map>
-#include <memory>
+#include <string>
 #include <vector>
 
 namespace {
@@ -82,10 +82,10 @@ struct LargeWindow {
 };
 
 LargeWindow& largeWindow(int rows) {
-    static std::map<int, std::unique_ptr<LargeWindow>> windows;
-    auto& window = windows[rows];
-    if (!window)
-        window = std::make_unique<LargeWindow>(rows);
+    static std::map<int, LargeWindow*> windows; // which end with the process, for the application ends before them
+    LargeWindow*& window = windows[rows];
+    if (window == nullptr)
+        window = new LargeWindow(rows);
     window->window.activateWindow();
     window->table().setFocus();
     QApplication::processEvents();
