@@ -5,6 +5,7 @@
 #include "app/MainWindow.h"
 #include "app/PaneView.h"
 #include "app/TabBar.h"
+#include "bench/app/NumbersFile.h"
 #include "view/FrozenTableView.h"
 #include "view/MsgBox.h"
 #include "view/TableView.h"
@@ -24,18 +25,6 @@ namespace {
 QString benchFile(char const* name) {
     QByteArray const folder = qgetenv("GRIDWRIGHT_BENCH_FOLDER");
     return QString::fromUtf8(folder.isEmpty() ? "/tmp/gridwright-bench" : folder) + '/' + name;
-}
-
-QString numbersFile(QTemporaryDir const& folder, QString const& name, int rows) {
-    QFile file(folder.filePath(name));
-    file.open(QIODevice::WriteOnly);
-    for (int row = 0; row < rows; ++row) {
-        QByteArray line;
-        for (int col = 0; col < 12; ++col)
-            line += (col > 0 ? "," : "") + QByteArray::number((row * 7919LL + col * 104729LL) % 999983);
-        file.write(line + '\n');
-    }
-    return file.fileName();
 }
 
 /// In milliseconds. The work is the processor time of the thread, which a busy machine does not lengthen.

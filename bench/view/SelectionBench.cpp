@@ -67,8 +67,9 @@ struct LargeTable {
         for (int run = 0; run < 5; ++run) {
             QElapsedTimer clock;
             clock.start();
-            QProcess::execute(QStringLiteral("md5sum"),
-                              {file.fileName(), QStringLiteral("--status"), QStringLiteral("--tag")});
+            QProcess md5sum;
+            md5sum.start(QStringLiteral("md5sum"), {file.fileName()});
+            md5sum.waitForFinished(-1);
             times.push_back(clock.nsecsElapsed());
         }
         std::sort(times.begin(), times.end());
@@ -95,7 +96,7 @@ void selectDownAndGoOn(benchmark::State& state) {
     TableModel& model = *table.view.tableModel();
     for (auto _ : state) {
         table.view.moveSelectionAbsolute(0, 2);
-        table.view.selectToEdge(Direction::Down);
+        table.view.selectDownToBottomOfColumn();
         QApplication::processEvents();
         for (int key = 0; key < 4; ++key) {
             key % 2 ? model.selectLeftOrRight(Direction::Left, false, false, nullptr)
@@ -151,7 +152,7 @@ void timeActOrBack(benchmark::State& state, LargeTable& table, bool back, std::f
 void typeIntoColumn(benchmark::State& state) {
     LargeTable& table = largeTable(int(state.range(0)), columns);
     table.view.moveSelectionAbsolute(0, 2);
-    table.view.selectToEdge(Direction::Down);
+    table.view.selectDownToBottomOfColumn();
     timeActOrBack(
         state, table, state.range(1) != 0,
         [&] {

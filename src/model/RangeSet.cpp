@@ -15,16 +15,9 @@ namespace {
 /// Up to here a walk over the lines is as fast as a look-up.
 constexpr std::size_t fewLines = 16;
 
-bool isPlainLine(Range const& range) {
-    return (range.type == RangeType::Row || range.type == RangeType::Column) && range.excludedRows.empty() &&
-           range.excludedCols.empty() && range.excludedCells.empty() && range.rowEnd == INT_MAX &&
-           range.colEnd == INT_MAX;
-}
-
 /// Makes neighbours one run, upwards and downwards. Returns false if they are none.
 bool joinRuns(LineRun& run, LineRun const& next) {
-    if (run.range.type != next.range.type || run.position() != next.position() || !isPlainLine(run.range) ||
-        !isPlainLine(next.range))
+    if (run.range.type != next.range.type || run.position() != next.position() || !run.isPlain() || !next.isPlain())
         return false;
     if (next.firstLine() == run.lastLine() + 1) {
         run.count += next.count;
@@ -121,6 +114,12 @@ void joinLines(std::vector<std::pair<int, int>>& lines) {
 }
 
 } // namespace
+
+bool LineRun::isPlain() const {
+    return (range.type == RangeType::Row || range.type == RangeType::Column) && range.excludedRows.empty() &&
+           range.excludedCols.empty() && range.excludedCells.empty() && range.rowEnd == INT_MAX &&
+           range.colEnd == INT_MAX;
+}
 
 Range LineRun::at(int line) const {
     Range single = range;
@@ -306,7 +305,7 @@ CellRegion RangeSet::coverage(GridSize grid, bool withExclusions) const {
     CellRegion covered = region;
     for (LineRun const& run : runs) {
         CellRect const extent = extentOf(run, grid);
-        if (withExclusions && run.count == 1 && !isPlainLine(run.range))
+        if (withExclusions && !run.isPlain())
             covered = covered | (CellRegion(extent) - exclusionsOf(run.range));
         else
             whole.push_back(extent);

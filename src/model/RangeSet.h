@@ -21,6 +21,8 @@ struct LineRun {
     int firstLine() const { return range.type == RangeType::Column ? range.col : range.row; }
     int lastLine() const { return firstLine() + count - 1; }
     int position() const { return range.type == RangeType::Column ? range.row : range.col; }
+    /// Whether these are whole lines without exclusions or ends of their own.
+    bool isPlain() const;
     bool holdsLine(int line) const { return line >= firstLine() && line <= lastLine(); }
     /// One of the ranges, alone.
     Range at(int line) const;

@@ -1,6 +1,7 @@
 #include "model/Selection.h"
 
 #include "model/RangeAxis.h"
+#include "model/SelectionGrowth.h"
 #include "model/SelectionInversion.h"
 #include "model/SelectionMembership.h"
 #include "model/SelectionRules.h"
@@ -356,12 +357,12 @@ std::optional<SelectionChange> Selection::shiftAlong(Axis axis, Direction direct
     if (vertical != (axis == Axis::Rows) ||
         !shiftRecord.addStep(selection, direction, toBlockEdge, onlyTakeBack, changed))
         return std::nullopt;
-    return replayAlong(axis, shiftRecord.baseSelection(), shiftRecord.steps(), bounds);
+    return replayAlong(axis, shiftRecord.baseSelection(), shiftRecord.steps(), shiftRecord.remembering(bounds));
 }
 
 SelectionChange Selection::replayAlong(Axis axis, RangeSet const& base, std::vector<SelectionType> const& steps,
                                        ShiftBounds const& bounds) {
-    RangeSet grown = SelectionShift::replay(base, steps, axis, bounds);
+    RangeSet grown = SelectionGrowth(base, steps, axis, bounds).result();
     if (!grown.mainCell())
         return setSelection(Range(0, 0, RangeIndexType::Model), std::move(grown));
     const auto [row, col] = *grown.mainCell();

@@ -4,6 +4,8 @@
 #include "model/RangeSet.h"
 
 #include <functional>
+#include <map>
+#include <tuple>
 #include <vector>
 
 /// One step of growing the selection with the Shift key.
@@ -18,8 +20,13 @@ enum class SelectionType {
     BlockRight = 7,
 };
 
-/// Where a jump by a block of filled cells leads from a Model cell, as a Model cell.
-using BlockJump = std::function<Range(Range const& from, Direction direction)>;
+Direction directionOf(SelectionType step);
+bool isBlockStep(SelectionType step);
+/// Whether a direction leads from one line of the axis to another.
+bool isAlong(Direction direction, Axis axis);
+
+/// The line, which is a column for Left and Right, that a jump by a block of filled cells leads to from a Model cell.
+using BlockJump = std::function<int(int row, int col, Direction direction)>;
 
 /// How far a replay may go: the number of rows or columns the view shows, and the jump for block steps.
 struct ShiftBounds {
@@ -43,14 +50,13 @@ public:
     std::vector<SelectionType> const& steps() const { return shiftSteps; }
     SelectionType lastDirection() const { return lastShiftDirection; }
 
-    /// `ranges` grown by `steps`: each range is there for every row (Axis::Rows: steps up and down) or column from
-    /// where it stands to where the steps lead. A rectangle is one piece, for steps lead lines that follow one another
-    /// to lines in the same order. The main cell stays.
-    static RangeSet replay(RangeSet const& ranges, std::vector<SelectionType> const& steps, Axis axis,
-                           ShiftBounds const& bounds);
+    /// `bounds` with the last long jumps of this growth known, for each step is made anew from the base and a jump can
+    /// have to look at a million cells. Needs both.
+    ShiftBounds remembering(ShiftBounds const& bounds);
 
 private:
     RangeSet base;
     SelectionType lastShiftDirection = SelectionType::BlockUp;
     std::vector<SelectionType> shiftSteps;
+    std::map<std::tuple<int, int, Direction>, int> jumps; ///< lines by row, column and direction
 };

@@ -6,6 +6,16 @@
 
 #include <algorithm>
 
+namespace {
+
+/// A jump goes by what is in sight. It ends in the data, but from cells behind the data it never leads back into it
+/// against its direction.
+int inSight(int line, int from, int dataLines) {
+    return std::clamp(line, 0, std::max({dataLines - 1, from, 0}));
+}
+
+} // namespace
+
 void TableModel::announce(SelectionChange const& change) {
     if (change.multiCell) {
         if (*change.multiCell)
@@ -101,10 +111,10 @@ void TableModel::moveSelectionHorizontally(RangeSet const& ranges, int cols) {
 }
 
 ShiftBounds TableModel::shiftBounds(Axis axis) const {
-    auto const jump = [this](Range const& from, Direction direction) {
-        Range to;
-        getNextBlockLocation(from, to, direction);
-        return to;
+    auto const jump = [this](int row, int col, Direction direction) {
+        bool const vertical = direction == Direction::Up || direction == Direction::Down;
+        return inSight(tableData.nextBlockLine(row, col, direction), vertical ? row : col,
+                       vertical ? rowCountModel() : columnCountModel());
     };
     return {axis == Axis::Rows ? viewRowCount : viewColCount, jump};
 }
@@ -143,13 +153,11 @@ void TableModel::invertSelectionByColumnsHeaderExcluded() {
         selection.invertSelectionByColumnsHeaderExcluded({rowCountModel(), columnCountModel()}, getNumHeaderCols()));
 }
 
-// A jump goes by what is in sight. It ends in the data, but from cells behind the data it never leads back into it
-// against its direction.
 bool TableModel::getNextBlockLocation(Range const& from, Range& to, Direction direction) const {
     Range const start = getModelRange(from);
     to = tableData.getNextBlockLocation(start, direction);
-    to.row = std::clamp(to.row, 0, std::max({rowCountModel() - 1, start.row, 0}));
-    to.col = std::clamp(to.col, 0, std::max({columnCountModel() - 1, start.col, 0}));
+    to.row = inSight(to.row, start.row, rowCountModel());
+    to.col = inSight(to.col, start.col, columnCountModel());
     return true;
 }
 

@@ -49,6 +49,11 @@ QString CellCodec::decode(std::string_view bytes) const {
     return decodeUtf8(bytes);
 }
 
+// Without a codec each byte counts. A codec may swallow bytes.
+bool CellCodec::hasText(std::string_view bytes) const {
+    return !bytes.empty() && (codec == nullptr || !decode(bytes).isEmpty());
+}
+
 std::vector<char> CellCodec::encode(QString const& text) const {
     if (text.isEmpty())
         return {};

@@ -20,6 +20,8 @@ public:
     /// A null text for no bytes.
     QString decode(std::string_view bytes) const;
     std::vector<char> encode(QString const& text) const;
+    /// Whether the bytes are any text, without making it where that can be told from less.
+    bool hasText(std::string_view bytes) const;
     /// Whether a cell of nothing but bytes below 128 is the same text as in ASCII, and is written so.
     bool keepsAscii() const;
 

@@ -220,6 +220,8 @@ public:
     /// Takes the last fill back. The table keeps its size.
     void putBack(ReplacedCells& old);
     bool isCellPopulated(int modelRow, int modelCol) const;
+    /// The row, or for Left and Right the column, of the jump of getNextBlockLocation from a Model cell.
+    int nextBlockLine(int modelRow, int modelCol, Direction direction) const;
     /// The goal of a jump over a block of cells from the range's cell, as ctrl and an arrow key make it: a copy of the
     /// range with another row or column. Walks the model's cells for a Model range, raw cells otherwise. The answer
     /// can be -1 in the direction up or left, and one past the end in the others.
@@ -318,6 +320,7 @@ private:
     void growToHold(CellPatch const& patch);
     CellRegion storedCells(CellRegion const& model) const;
     QString textAt(int row, int col) const;
+    bool hasTextRaw(int row, int col) const;
     void convertTable(CellCodec const& from);
     void rebuildWordDelimiterLookup();
     void signalSize();

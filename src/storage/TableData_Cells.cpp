@@ -165,25 +165,39 @@ void TableData::growToHold(CellPatch const& patch) {
     growToHold(lastRow, lastCol, true);
 }
 
+bool TableData::hasTextRaw(int row, int col) const {
+    if (editableContainer)
+        return codec.hasText(cellBytesRaw(row, col));
+    return !getValueRaw(row, col).toString().isEmpty();
+}
+
 bool TableData::isCellPopulated(int modelRow, int modelCol) const {
-    return !getValueModel(modelRow, modelCol).toString().isEmpty();
+    return hasTextRaw(getRawFromModelRow(modelRow), getRawFromModelCol(modelCol));
+}
+
+int TableData::nextBlockLine(int modelRow, int modelCol, Direction direction) const {
+    int const step = direction == Direction::Up || direction == Direction::Left ? -1 : 1;
+    if (direction == Direction::Up || direction == Direction::Down) {
+        int const rawCol = getRawFromModelCol(modelCol);
+        return blockJump(modelRow, step, numModelRows(),
+                         [&](int row) { return hasTextRaw(getRawFromModelRow(row), rawCol); });
+    }
+    int const rawRow = getRawFromModelRow(modelRow);
+    return blockJump(modelCol, step, numModelCols(),
+                     [&](int col) { return hasTextRaw(rawRow, getRawFromModelCol(col)); });
 }
 
 Range TableData::getNextBlockLocation(Range const& range, Direction direction) const {
-    bool const model = range.indexType == RangeIndexType::Model;
     bool const vertical = direction == Direction::Up || direction == Direction::Down;
     int const step = direction == Direction::Up || direction == Direction::Left ? -1 : 1;
-    int const rows = model ? numModelRows() : numRawRows();
-    int const cols = model ? numModelCols() : numRawCols();
-
     Range target = range;
     int& moving = vertical ? target.row : target.col;
-    auto const populated = [&](int index) {
-        int const row = vertical ? index : range.row;
-        int const col = vertical ? range.col : index;
-        return model ? isCellPopulated(row, col) : !getValueRaw(row, col).toString().isEmpty();
-    };
-    moving = blockJump(moving, step, vertical ? rows : cols, populated);
+    if (range.indexType == RangeIndexType::Model)
+        moving = nextBlockLine(range.row, range.col, direction);
+    else if (vertical)
+        moving = blockJump(moving, step, numRawRows(), [&](int row) { return hasTextRaw(row, range.col); });
+    else
+        moving = blockJump(moving, step, numRawCols(), [&](int col) { return hasTextRaw(range.row, col); });
     return target;
 }
 

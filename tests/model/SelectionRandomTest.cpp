@@ -93,10 +93,6 @@ private:
     void grow() {
         bool const rows = number(2) == 0;
         bool const on = number(2) == 0;
-        // Where ranges of several kinds grow over one another's start, which of them comes first is open.
-        bool const hasLines = !selection.set().lines().empty();
-        if (selection.set().lines().size() > 1 || (hasLines && !selection.set().cells().isEmpty()))
-            return set();
         selection.resetShiftSelectInfo();
         SelectionOracle const base = oracle;
         ShiftBounds const bounds{rows ? view.rows : view.cols, nullptr};
@@ -108,7 +104,7 @@ private:
             oracle = base;
             oracle.grow(rows ? &Range::row : &Range::col, on ? steps : -steps, bounds.lineCount);
         }
-        said = "grow";
+        said = (rows ? on ? "down from " : "up from " : on ? "right from " : "left from ") + textOf(base.ranges());
     }
     void setMain() {
         oracle.main = modelCell(number(view.rows), number(view.cols));
@@ -159,6 +155,7 @@ private:
 public:
     bool start() {
         set();
+        compare(); // whoever sets a selection asks for its size, which puts the list in order
         return true;
     }
 };

@@ -7,13 +7,13 @@ constexpr int lineCount = 20;
 
 /// A grid whose blocks end at every fifth line.
 ShiftBounds bounds() {
-    return {lineCount, [](Range const& from, Direction direction) {
+    return {lineCount, [](int row, int col, Direction direction) {
                 const auto next = [&](int line) {
                     const bool back = direction == Direction::Up || direction == Direction::Left;
                     return back ? (line - 1) / 5 * 5 : (line / 5 + 1) * 5;
                 };
                 const bool vertical = direction == Direction::Up || direction == Direction::Down;
-                return vertical ? modelCell(next(from.row), from.col) : modelCell(from.row, next(from.col));
+                return next(vertical ? row : col);
             }};
 }
 

@@ -123,7 +123,7 @@ Case const cases[] = {
      [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
          return new MoveCellContentsCommand(m, s, 0, 2, true);
      },
-     "a0 a1 a2 a3 - -|b0 b1 b2 b3 - -|c0 - - c1 - c3|d0 é - - - -|- - - - - -"},
+     "a0 a1 a2 a3 - - -|b0 b1 b2 b3 - - -|c0 - - c1 - c3 -|d0 é - - - - -|- - - - - - -"},
     {"DuplicateCellContentsCommand", "C0,1 C1,1", "C1,1* C2,1",
      [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
          return new DuplicateCellContentsCommand(m, s, Direction::Down, true);

@@ -51,22 +51,27 @@ void CellContentsCommand::carry(RangeSet const& sources, int rows, int cols, boo
     setSelectionCells(newCells, sources);
 }
 
-/// Cells and lines that are written behind the grid make it grow, also by empty texts.
+/// Cells and lines that have been written behind the grid make it grow, also by empty texts.
 void CellContentsCommand::growGrid() {
     for (Axis const axis : {Axis::Rows, Axis::Columns}) {
         ModelAxis lines(*model, axis);
-        if (int const missing = cells.lastStart(axis) + 1 - lines.gridCount(); missing > 0)
-            lines.insert(lines.gridCount(), missing);
+        int const needed = cells.lastStart(axis) + 1;
+        if (needed <= lines.gridCount())
+            continue;
+        // Texts have made the data longer already, and nothing is to be inserted among them.
+        if (lines.modelCount() > lines.gridCount())
+            lines.setGridCount(std::min(lines.modelCount(), needed));
+        lines.insert(lines.gridCount(), needed - lines.gridCount());
     }
 }
 
 void CellContentsCommand::apply() {
-    growGrid();
     TableData& data = model->getTableData();
     if (fill)
         data.fill(fill->cells, fill->text, replaced);
     else
         data.exchange(patch);
+    growGrid();
     // The grid takes its size before cells are selected, which can lie where it has just grown.
     model->enforceTableSize();
     model->enforceAutoFitOnModel(cells);
