@@ -520,6 +520,17 @@ TEST_F(UndoCommands, NoTextLeavesTheTableAtItsTopOrLeft) {
     EXPECT_TRUE(moves("K1,0*", 0, -1));
 }
 
+TEST_F(UndoCommands, RedoLeavesTheSelectionThatACommandWithoutOneLeft) {
+    load("a,b\nc,d\n");
+    model.setSelection(modelCell(0, 1), rangesFrom("C0,1*"));
+    stack.push(new DuplicateCellContentsCommand(&model, model.getSelectedSet(), Direction::Up, true));
+    EXPECT_EQ(textOf(model.getSelection()), "C0,1*");
+    stack.undo();
+    model.setSelection(modelCell(1, 0), rangesFrom("C1,0*"));
+    stack.redo();
+    EXPECT_EQ(textOf(model.getSelection()), "C0,1*");
+}
+
 TEST_F(UndoCommands, MovedCellsKeepLongTextsWhole) {
     QByteArray const text(5000, 'x');
     load("a," + text + "\n");
