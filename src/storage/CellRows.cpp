@@ -80,11 +80,11 @@ void CellRows::copyRow(std::size_t from, std::size_t to) {
     setRow(to, cells);
 }
 
-void CellRows::permute(std::span<int const> order) {
-    Rows ordered(rows.size());
+void CellRows::permute(std::span<int const> order, std::size_t first) {
+    Rows ordered(order.size());
     for (std::size_t i = 0; i < ordered.size(); ++i)
         ordered[i] = rows[static_cast<std::size_t>(order[i])];
-    rows.swap(ordered);
+    std::copy(ordered.begin(), ordered.end(), rows.begin() + static_cast<std::ptrdiff_t>(first));
 }
 
 void CellRows::clear() {

@@ -48,8 +48,9 @@ public:
     void setBlankRow(std::size_t row, std::size_t cells);
     /// Copies the content of one stored row over another.
     void copyRow(std::size_t from, std::size_t to);
-    /// Orders the rows so that row i is what was row order[i]; needs a permutation. Moves no bytes.
-    void permute(std::span<int const> order);
+    /// Orders rows so that row first + i is what was row order[i]; needs a permutation of stored rows that follow one
+    /// another from `first` on. Moves no bytes.
+    void permute(std::span<int const> order, std::size_t first = 0);
     void clear();
 
     // Loading: whole blocks of rows are appended at the end.

@@ -28,6 +28,18 @@ int ConcealedList::toRaw(int model) const {
     return model + low;
 }
 
+ConcealedList::Indexes ConcealedList::toRaw(int first, int last) const {
+    Indexes lines;
+    int raw = toRaw(first);
+    auto concealed = std::upper_bound(raws.begin(), raws.end(), raw);
+    for (int model = first; model <= last; ++model, ++raw) {
+        for (; concealed != raws.end() && *concealed == raw; ++concealed)
+            ++raw;
+        lines.push_back(raw);
+    }
+    return lines;
+}
+
 int ConcealedList::toModel(int raw) const {
     if (raw < 0)
         return -1;

@@ -17,6 +17,8 @@ public:
     bool contains(int raw) const;
     /// The raw index of the `model`-th shown line; -1 for a negative one.
     int toRaw(int model) const;
+    /// The raw indexes of the shown lines from the `first`-th to the `last`-th, which are not negative.
+    Indexes toRaw(int first, int last) const;
     /// The model index of a line; -1 for a concealed or negative one.
     int toModel(int raw) const;
     /// As toModel, but a concealed line answers for the nearest shown one above it (0 if there is none), and a line

@@ -263,26 +263,37 @@ bool EditableDataContainer::setCol(int col, Cells const& cells) {
     return storeCols(col, single);
 }
 
-void EditableDataContainer::permuteRows(std::vector<int> const& order) {
-    // Rows behind the stored ones make no lines in a file, and those that are last again still make none.
-    auto const isStored = [stored = storedRows()](int row) { return row < stored; };
-    auto const unstored = std::find_if(order.rbegin(), order.rend(), isStored) - order.rbegin();
+void EditableDataContainer::permuteRows(std::vector<int> const& order, int first) {
+    int const stored = storedRows();
+    int const end = first + static_cast<int>(order.size());
     // The table can count more rows than this does.
-    numRowsStored = std::max(numRowsStored, static_cast<int>(order.size()));
-    growStoredRows(static_cast<int>(order.size()));
-    rows.permute(order);
-    rows.resize(order.size() - static_cast<std::size_t>(unstored));
+    numRowsStored = std::max(numRowsStored, end);
+    if (first >= stored)
+        return;
+    // Rows behind the stored ones make no lines in a file, and those that are last again still make none.
+    auto const isStored = [stored](int row) { return row < stored; };
+    auto const unstored = std::find_if(order.rbegin(), order.rend(), isStored) - order.rbegin();
+    growStoredRows(end);
+    rows.permute(order, static_cast<std::size_t>(first));
+    if (end > stored)
+        rows.resize(static_cast<std::size_t>(end - unstored));
 }
 
-void EditableDataContainer::permuteCols(std::vector<int> const& order) {
-    numColsStored = std::max(numColsStored, static_cast<int>(order.size()));
+void EditableDataContainer::permuteCols(std::vector<int> const& order, int first, bool keepLengths) {
+    int const end = first + static_cast<int>(order.size());
+    numColsStored = std::max(numColsStored, end);
     std::vector<std::string_view> cells;
-    for (std::size_t row = 0; row < rows.size(); ++row) {
+    for (int row = 0; row < storedRows(); ++row) {
+        int const count = cellsInRow(row);
+        if (count <= first)
+            continue;
         cells.clear();
-        for (int const col : order)
-            cells.push_back(rows.cell(row, static_cast<std::size_t>(col)));
+        for (int col = 0; col < std::max(count, end); ++col)
+            cells.push_back(
+                cellView(row, col < first || col >= end ? col : order[static_cast<std::size_t>(col - first)]));
         // What a row does not store reads as empty.
-        while (!cells.empty() && cells.back().empty())
+        std::size_t const least = keepLengths ? static_cast<std::size_t>(count) : 0;
+        while (cells.size() > least && cells.back().empty())
             cells.pop_back();
         rows.setRow(row, cells);
     }

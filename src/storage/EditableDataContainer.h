@@ -60,9 +60,11 @@ public:
     bool copyRowContentsToAnotherRow(int from, int to) override;
     bool copyColContentsToAnotherCol(int from, int to) override;
 
-    /// Order the lines so that line i is what was line order[i]; need a permutation of all lines.
-    void permuteRows(std::vector<int> const& order);
-    void permuteCols(std::vector<int> const& order);
+    /// Order lines so that line first + i is what was line order[i]; need a permutation of the lines that follow one
+    /// another from `first` on. Lines outside of it stay.
+    void permuteRows(std::vector<int> const& order, int first = 0);
+    /// With `keepLengths` a row stores no fewer cells than before, else none behind its last filled one.
+    void permuteCols(std::vector<int> const& order, int first = 0, bool keepLengths = false);
 
     // Many blocks of rows or columns at once, to be put back later. The blocks lie inside the table.
 

@@ -178,12 +178,13 @@ void LineSizeStore::moveOver(std::vector<int> const& raws) {
     set(raws.back(), moved);
 }
 
-void LineSizeStore::reorder(std::vector<int> const& order) {
-    if (areDefault())
+void LineSizeStore::reorder(std::vector<int> const& order, int first) {
+    if (first >= end())
         return;
-    std::vector<int> ordered(std::max(order.size(), packed.size()), 0);
-    for (std::size_t line = 0; line < ordered.size(); ++line)
-        ordered[line] = at(line < order.size() ? order[line] : int(line));
+    std::vector<int> ordered = packed;
+    ordered.resize(std::max(packed.size(), std::size_t(first) + order.size()), 0);
+    for (std::size_t line = 0; line < order.size(); ++line)
+        ordered[std::size_t(first) + line] = at(order[line]);
     packed = std::move(ordered);
     trim();
 }

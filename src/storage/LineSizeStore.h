@@ -46,8 +46,8 @@ public:
     void move(int from, int to);
     /// Moves the first of the lines to where the last is, and each of the others to where the one before it was.
     void moveOver(std::vector<int> const& raws);
-    /// Line i is what was line order[i].
-    void reorder(std::vector<int> const& order);
+    /// Line first + i is what was line order[i].
+    void reorder(std::vector<int> const& order, int first = 0);
 
 private:
     int at(int raw) const;

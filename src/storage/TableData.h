@@ -166,6 +166,11 @@ public:
     /// Moves model row `row` by `offset`, growing the table to hold the goal; concealed rows stay in place.
     bool moveRowRelative(int row, int offset, bool ignoreTranspose = false);
     bool moveColRelative(int col, int offset, bool ignoreTranspose = false);
+    using LineMoves = std::vector<std::pair<int, int>>; ///< from where and to where, Model
+    /// Moves many rows (columns) in one pass: each ends where it is told to, and the others keep their order around
+    /// them. Concealed lines stay in place, and the table grows if a line goes behind its end. No line and no place may
+    /// be named twice. The moves with `from` and `to` exchanged take it back. False if nothing was moved.
+    bool moveLines(Axis axis, LineMoves const& moves);
     /// See AbstractDataContainer::emptyRows; start and mask are raw, the answer is of `indexType`. With Model it
     /// leaves out what is concealed.
     Indexes getEmptyRows(int startCol, RangeIndexType indexType, GetRowColMaskType maskType, Indexes const& mask,
@@ -300,7 +305,7 @@ private:
     bool makeRoom(Axis axis, int at, int count);
     template <typename Follow>
     void noteLines(Axis axis, Follow follow);
-    void noteOrder(Axis axis, Indexes const& order);
+    void noteOrder(Axis axis, Indexes const& order, int first = 0);
     void noteMapping(Axis axis);
     void resetSizes();
     bool removeRaw(Axis axis, int at, int count);

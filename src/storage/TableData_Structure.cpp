@@ -54,8 +54,8 @@ void TableData::noteLines(Axis axis, Follow follow) {
     along(axis).revision = ++lastRevision;
 }
 
-void TableData::noteOrder(Axis axis, Indexes const& order) {
-    noteLines(axis, [&](LineSizeStore& sizes) { sizes.reorder(order); });
+void TableData::noteOrder(Axis axis, Indexes const& order, int first) {
+    noteLines(axis, [&](LineSizeStore& sizes) { sizes.reorder(order, first); });
 }
 
 void TableData::noteMapping(Axis axis) {

@@ -134,7 +134,8 @@ void TableView::connectSizesWithModel() {
 // Undo.
 
 void TableView::pushUndoCommand(QUndoCommand* command) {
-    if (refuses(command))
+    // One that would do nothing must not cost the user what can be redone.
+    if (command->isObsolete() || refuses(command))
         delete command;
     else
         changeStack([this, command] { stack.push(command); });

@@ -7,6 +7,30 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+/// The ranges that are still in the table after the way, with the main cell or the first one instead of it.
+RangeSet carriedSelection(RangeSet const& sources, int rows, int cols) {
+    RangeSet const all = sources.moved(rows, cols);
+    RangeSet carried(all.cells() & CellRegion({0, 0, INT_MAX, INT_MAX}));
+    std::pair<int, int> first = carried.isEmpty() ? std::pair(INT_MAX, INT_MAX) : carried.cells().first();
+    for (LineRun const& run : all.lines()) {
+        if (run.position() < 0 || run.lastLine() < 0)
+            continue;
+        LineRun const inside = run.part(std::max(run.firstLine(), 0), run.lastLine());
+        carried.addLines(inside);
+        first = std::min(first, {inside.range.row, inside.range.col});
+    }
+    auto const main = all.mainCell();
+    if (main && carried.covers(main->first, main->second))
+        carried.setMainCell(main->first, main->second);
+    else if (!carried.isEmpty())
+        carried.setMainCell(first.first, first.second);
+    return carried;
+}
+
+} // namespace
+
 void CellContentsCommand::writeContents(RangeVector const& ranges) {
     patch = newContents(*model, ranges);
 }
@@ -19,6 +43,10 @@ void CellContentsCommand::carry(RangeSet const& sources, int rows, int cols, boo
     CellRegion const from = sources.coverage({model->rowCountModel(), model->columnCountModel()}, false);
     CellRegion const inside({0, 0, INT_MAX, INT_MAX});
     CellRegion const to = from.moved(rows, cols) & inside;
+    if (vacate && to != from.moved(rows, cols)) {
+        setObsolete(true);
+        return;
+    }
     TableData const& data = model->getTableData();
     auto const put = [&](int row, int col, std::string_view bytes) {
         int const rawRow = data.getRawFromModelRow(row);
@@ -43,12 +71,7 @@ void CellContentsCommand::carry(RangeSet const& sources, int rows, int cols, boo
     cells = RangeSet(vacate ? from | to : to);
     if (!changeSelection)
         return;
-    RangeVector moved = sources.ranges();
-    moved.moveRelative(rows, cols, true);
-    RangeSet newCells(moved);
-    if (!newCells.mainCell() && !moved.empty())
-        newCells.setMainCell(moved.front().row, moved.front().col);
-    setSelectionCells(newCells, sources);
+    setSelectionCells(carriedSelection(sources, rows, cols), sources);
 }
 
 /// Cells and lines that have been written behind the grid make it grow, also by empty texts.

@@ -20,7 +20,8 @@ protected:
     /// Writes one text to all cells of the ranges as far as the grid goes. Exclusions do not count.
     void writeEverywhere(RangeSet const& ranges, QString const& text);
     /// Writes the texts of `sources` `rows` further down and `cols` further right; with `vacate` the places where they
-    /// came from are emptied first. What would leave the table is dropped. The selection goes along.
+    /// came from are emptied first. The selection goes along. Copies that would leave the table at the top or left are
+    /// dropped; a move of which any cell would leave it makes the command obsolete, for its texts would be lost.
     void carry(RangeSet const& sources, int rows, int cols, bool vacate);
 
     void apply() override;

@@ -66,10 +66,7 @@ public:
         model.setDataAlreadyChanged(false);
     }
     // Changes of the data alone.
-    void move(int line, int offset) {
-        TableData& data = model.getTableData();
-        rows ? data.moveRowRelative(line, offset) : data.moveColRelative(line, offset);
-    }
+    void move(TableData::LineMoves const& moves) { model.getTableData().moveLines(axis, moves); }
     void duplicate(int line, int offset) {
         TableData& data = model.getTableData();
         rows ? data.duplicateRow(line, offset) : data.duplicateCol(line, offset);

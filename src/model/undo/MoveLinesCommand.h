@@ -2,24 +2,18 @@
 
 #include "model/undo/AlongAxis.h"
 #include "model/undo/ContentCommand.h"
+#include "storage/TableData.h"
 
 #include <vector>
 
-/// Moves rows or columns, one after the other, past others. What is concealed stays in place.
+/// Moves rows or columns past others, all in one pass. What is concealed stays in place.
 class MoveLinesCommand : public ContentCommand {
 protected:
-    /// A line and by how much it moves.
-    struct Step {
-        int line;
-        int offset;
-    };
-
     MoveLinesCommand(Axis axis, TableModel* model, RangeSet const& cells, bool changeSelection, QUndoCommand* parent)
         : ContentCommand(model, cells, changeSelection, parent), axis(axis) {}
 
-    /// Sets the moves, to be made in this order, and with them the selection. No step may disturb the place of a line
-    /// that has a later one.
-    void setSteps(std::vector<Step> moves);
+    /// Sets where each line goes, and with that the selection. The first move tells the direction in which to scroll.
+    void setMoves(TableData::LineMoves lineMoves);
     std::vector<int> startLines() const;
 
     void apply() override;
@@ -28,10 +22,10 @@ protected:
     Axis axis;
 
 private:
-    RangeVector movedCells() const;
+    RangeSet movedCells() const;
     void scrollAlong(bool towardsStart, RangeSet const& ranges);
 
-    std::vector<Step> steps;
+    TableData::LineMoves moves;
 };
 
 /// Moves the rows or columns on which cells start by `delta`, no further than to the start of the table.

@@ -56,7 +56,8 @@ void TableUndoCommand::restoreColSortDataToModel() {
 }
 
 void TableUndoCommand::selectNewCells() {
-    select(newSelection);
+    // A command that selects nothing leaves the selection that it was made with.
+    select(newSelection.isEmpty() ? oldSelection : newSelection);
 }
 
 void TableUndoCommand::selectOldCells() {
