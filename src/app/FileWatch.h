@@ -8,8 +8,10 @@
 
 /// What tells one version of a file from another.
 struct FileState {
-    QDateTime modified; ///< UTC
-    qint64 size = 0;    ///< bytes
+    qint64 modified = 0; ///< in nanoseconds, UTC
+    qint64 size = 0;     ///< bytes
+    quint64 inode = 0;   ///< another one for a file that was put in the place of this one
+    bool readable = false;
 
     bool operator==(FileState const&) const = default;
 };
@@ -23,7 +25,7 @@ public:
     virtual QDateTime now() const = 0;
     /// Runs `call` once, `ms` milliseconds from now.
     virtual void after(int ms, std::function<void()> call) = 0;
-    /// None if there is no such file.
+    /// None if there is no such file, or a folder in its place.
     virtual std::optional<FileState> stateOf(QString const& path) const = 0;
     virtual bool isWatched(QString const& path) const = 0;
     virtual void watch(QString const& path) = 0;

@@ -249,7 +249,7 @@ void MainWindow::onTableLoadFailed(TableView* table, QString const& reason) {
     if (!table->isLoading()) {
         reloads.remove(table);
     }
-    watchedFiles->onLoadFinished(path);
+    watchedFiles->onLoadFailed(path);
     MsgBox::inform(this, theme,
                    tr("This file can't be read again:\n%1\n\n%2\n\nThe table keeps what it had.").arg(path, reason));
 }

@@ -67,6 +67,9 @@ bool MainWindow::saveFile(TableView* table) {
     if (path.isEmpty()) {
         return saveFileAs(table, false);
     }
+    if (watchedFiles->holdsBackSave(path)) {
+        return false;
+    }
     TableModel& model = *table->tableModel();
     if (!Utilities::isPreferenceFilepath(path) &&
         !resolveDelimiterOnlyLineBreakSave({table, {}, presentOptions(model), false})) {

@@ -37,6 +37,7 @@ void MainWindow::setupWatch() {
 void MainWindow::watchTable(TableView* table) {
     connect(table->tableModel(), &TableModel::saveStartedSignal, watchedFiles, &WatchedFiles::onSaveStarted);
     connect(table->tableModel(), &TableModel::saveFinishedSignal, watchedFiles, &WatchedFiles::onSaveFinished);
+    table->tableModel()->installEventFilter(watchedFiles);
     connect(table->undoStack(), &QUndoStack::indexChanged, this,
             [this, table] { onlySortedSinceReload.remove(table); });
     watchedFiles->add(table->getFilepath());
@@ -51,6 +52,7 @@ void MainWindow::unwatchTable(TableView* table) {
     reloads.remove(table);
     onlySortedSinceReload.remove(table);
     disconnect(table->tableModel(), nullptr, watchedFiles, nullptr);
+    table->tableModel()->removeEventFilter(watchedFiles);
     table->undoStack()->disconnect(this);
     watchedFiles->remove(table->getFilepath());
 }

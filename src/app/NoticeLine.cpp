@@ -1,39 +1,93 @@
 #include "app/NoticeLine.h"
 
 #include <QAccessible>
-#include <QHBoxLayout>
+#include <QBoxLayout>
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 
-NoticeLine::NoticeLine(QString const& action, QWidget* parent) : QFrame(parent), label(new QLabel(this)) {
+#include <utility>
+
+NoticeLine::NoticeLine(QString const& action, QWidget* parent)
+    : QFrame(parent), label(new QLabel(this)), row(new QBoxLayout(QBoxLayout::LeftToRight, this)),
+      buttons(new QBoxLayout(QBoxLayout::LeftToRight)) {
     constexpr int sideMargin = 10;
     constexpr int verticalMargin = 4;
     setAccessibleName(tr("Notice"));
-    auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(sideMargin, verticalMargin, sideMargin, verticalMargin);
+    setSizePolicy(QSizePolicy::Ignored, sizePolicy().verticalPolicy()); // it never makes its window wider
+    row->setContentsMargins(sideMargin, verticalMargin, sideMargin, verticalMargin);
     label->setTextFormat(Qt::PlainText); // a file's name may look like markup
     label->setWordWrap(true);
-    layout->addWidget(label, 1);
+    row->addWidget(label, 1);
+    row->addLayout(buttons);
     if (!action.isEmpty()) {
-        auto* const button = new QPushButton(action, this);
-        connect(button, &QPushButton::clicked, this, &NoticeLine::actionSignal);
-        layout->addWidget(button);
+        connect(addButton(action), &QPushButton::clicked, this, &NoticeLine::actionSignal);
     }
-    auto* const close = new QPushButton(tr("Dis&miss"), this);
-    connect(close, &QPushButton::clicked, this, &NoticeLine::dismiss);
-    layout->addWidget(close);
+    connect(addButton(tr("Dis&miss")), &QPushButton::clicked, this, &NoticeLine::dismiss);
     hide();
 }
 
-void NoticeLine::tell(QString const& sentence, QStringList const& paths) {
-    QStringList wrapping = paths;
-    wrapping.replaceInStrings(QStringLiteral("/"), QStringLiteral("/\u200B"));
+QPushButton* NoticeLine::addButton(QString const& text) {
+    auto* const button = new QPushButton(text, this);
+    buttons->addWidget(button);
+    return button;
+}
+
+void NoticeLine::tell(QString const& newSentence, QStringList const& newPaths) {
+    sentence = newSentence;
+    paths = newPaths;
     told = sentence.arg(paths.join(QStringLiteral(", ")));
-    label->setText(sentence.arg(wrapping.join(QStringLiteral(", "))));
     label->setAccessibleName(told);
+    label->setAccessibleDescription(told);
+    label->setToolTip(QStringLiteral("<p>%1</p>").arg(told.toHtmlEscaped()));
+    arrange();
     show();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+/// All of them side by side, in pixels.
+int NoticeLine::buttonWidth() const {
+    int width = -buttons->spacing();
+    for (int i = 0; i < buttons->count(); ++i) {
+        width += buttons->itemAt(i)->widget()->sizeHint().width() + buttons->spacing();
+    }
+    return width;
+}
+
+// Beside the text where that leaves it enough to be read, else below it.
+void NoticeLine::arrange() {
+    if (told.isEmpty()) {
+        return;
+    }
+    constexpr int readableLetters = 30;
+    int const width = contentsRect().width() - row->contentsMargins().left() - row->contentsMargins().right();
+    int const beside = width - buttonWidth() - row->spacing();
+    bool const isBelow = beside < readableLetters * fontMetrics().averageCharWidth();
+    row->setDirection(isBelow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    buttons->setDirection(buttonWidth() > width ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    QStringList shown;
+    for (QString const& path : std::as_const(paths)) {
+        shown << label->fontMetrics()
+                     .elidedText(path, Qt::ElideMiddle, isBelow ? width : beside)
+                     .replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
+    }
+    QString const text = sentence.arg(shown.join(QStringLiteral(", ")));
+    if (label->text() != text) {
+        label->setText(text);
+    }
+}
+
+void NoticeLine::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    arrange();
+}
+
+void NoticeLine::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        arrange();
+    }
 }
 
 void NoticeLine::dismiss() {

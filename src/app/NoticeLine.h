@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QFrame>
+#include <QStringList>
 
+class QBoxLayout;
 class QLabel;
+class QPushButton;
 
 /// A line above the status bar that tells something without holding anybody up. It stays until it is dismissed.
 class NoticeLine : public QFrame {
@@ -12,7 +15,8 @@ public:
     /// With an `action`, the label of a button, the line offers to do something about what it tells.
     explicit NoticeLine(QString const& action, QWidget* parent = nullptr);
 
-    /// Shows the line. Each path stands in it as it is, and wraps where a folder ends.
+    /// Shows the line. Each path stands in it as it is, and wraps where a folder ends; one that is longer than the line
+    /// loses its middle, and stands whole in the tool tip.
     void tell(QString const& sentence, QStringList const& paths);
     /// What is told; empty if nothing is.
     QString text() const { return told; }
@@ -23,7 +27,19 @@ signals:
     /// Nothing is told any more.
     void dismissedSignal();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
+    QPushButton* addButton(QString const& text);
+    void arrange();
+    int buttonWidth() const;
+
     QLabel* label;
+    QBoxLayout* row;
+    QBoxLayout* buttons;
+    QString sentence;
+    QStringList paths;
     QString told;
 };

@@ -49,8 +49,10 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     setFont(QFont(QStringLiteral("Lucida Sans Unicode"), pointSize));
     setSizeGripEnabled(false);
     setContentsMargins(10, 0, 10, 0);
+    // Else the labels that are shown push the bar out of a window that became narrower, and it never drops any.
+    setSizePolicy(QSizePolicy::Ignored, sizePolicy().verticalPolicy());
     connect(this, &QStatusBar::messageChanged, this, &StatusBar::dropWhatDoesNotFit);
-    auto* const sideBarButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Left.png"), tr("Side Bar"));
+    sideBarButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Left.png"), tr("Side Bar"));
     connect(sideBarButton, &QToolButton::clicked, this, &StatusBar::sideBarButtonPressedSignal);
     addWidget(sideBarButton);
     for (LabelInfo const& info : labelInfos) {
@@ -129,19 +131,23 @@ StatusBar::LabelRoom StatusBar::labelRoom() const {
     return room;
 }
 
-// A label that is cut off says nothing; it is better not there. A message takes the place of those at the left.
+// A label that is cut off says nothing; it is better not there. A message takes the place of what stands at the left.
 void StatusBar::dropWhatDoesNotFit() {
+    bool const hasMessage = !currentMessage().isEmpty();
+    sideBarButton->setVisible(!hasMessage);
     LabelRoom const room = labelRoom();
-    int left = room.width;
+    int left = room.width - (hasMessage ? fontMetrics().horizontalAdvance(currentMessage()) : 0);
     std::array<LabelInfo const*, labelCount> byRank{};
     for (LabelInfo const& info : labelInfos) {
         byRank[static_cast<std::size_t>(info.rank) - 1] = &info;
     }
     for (LabelInfo const* const info : byRank) {
         QLabel* const label = labels[static_cast<std::size_t>(info->label)];
-        left -= label->sizeHint().width() + room.gap;
-        bool const isCovered = !info->atRight && !currentMessage().isEmpty();
-        label->setVisible(left >= 0 && !isCovered);
+        int const need = label->sizeHint().width() + room.gap;
+        bool const isCovered = !info->atRight && hasMessage;
+        bool const fits = !isCovered && need <= left;
+        left -= fits ? need : 0;
+        label->setVisible(fits);
     }
 }
 

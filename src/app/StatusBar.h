@@ -65,4 +65,5 @@ private:
     QToolButton* makeSideButton(QString const& image, QString const& toolTip);
 
     std::array<QLabel*, labelCount> labels{};
+    QToolButton* sideBarButton = nullptr; ///< at the left, where a message stands
 };

@@ -1,8 +1,10 @@
 #include "app/SystemFileWatch.h"
 
-#include <QFileInfo>
+#include <QFile>
 #include <QTimer>
 
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 SystemFileWatch::SystemFileWatch(QObject* parent) : QObject(parent) {
@@ -14,9 +16,12 @@ void SystemFileWatch::after(int ms, std::function<void()> call) {
 }
 
 std::optional<FileState> SystemFileWatch::stateOf(QString const& path) const {
-    QFileInfo const info(path);
-    if (!info.exists()) {
+    constexpr qint64 nanoseconds = 1000000000;
+    QByteArray const name = QFile::encodeName(path);
+    struct stat found {};
+    if (stat(name.constData(), &found) != 0 || S_ISDIR(found.st_mode)) {
         return std::nullopt;
     }
-    return FileState{info.lastModified().toUTC(), info.size()};
+    return FileState{found.st_mtim.tv_sec * nanoseconds + found.st_mtim.tv_nsec, found.st_size, found.st_ino,
+                     access(name.constData(), R_OK) == 0};
 }

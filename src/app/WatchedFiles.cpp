@@ -1,5 +1,7 @@
 #include "app/WatchedFiles.h"
 
+#include "model/AutoSaveEvent.h"
+
 #include <utility>
 
 WatchedFiles::WatchedFiles(FileWatch& files, Tables tables, Timings timings, QObject* parent)
@@ -24,11 +26,28 @@ void WatchedFiles::clearWatchedFileState(QString const& path) {
     generations.remove(path);
     cooldowns.remove(path);
     lastSeen.remove(path);
+    unread.remove(path);
 }
 
 void WatchedFiles::restoreWatch(QString const& path) {
     if (!files.isWatched(path) && files.stateOf(path)) {
         files.watch(path);
+    }
+    if (!files.isWatched(path) && !unwatched.contains(path)) {
+        unwatched.insert(path);
+        files.after(timings.retry, [this, path] { lookAgain(path); });
+    }
+}
+
+void WatchedFiles::lookAgain(QString const& path) {
+    unwatched.remove(path);
+    if (!tables.isOpen(path)) {
+        return;
+    }
+    restoreWatch(path);
+    bool const hasNeverBeen = !lastSeen.contains(path) && !files.stateOf(path);
+    if (!hasNeverBeen && hasWatchedFileStateChanged(path)) {
+        onFileChanged(path);
     }
 }
 
@@ -36,6 +55,7 @@ void WatchedFiles::recordWatchedFileState(QString const& path) {
     if (path.isEmpty()) {
         return;
     }
+    unread.remove(path);
     if (std::optional<FileState> const state = files.stateOf(path)) {
         lastSeen.insert(path, *state);
     } else {
@@ -49,6 +69,39 @@ bool WatchedFiles::hasWatchedFileStateChanged(QString const& path) const {
     return !state || known == lastSeen.constEnd() || *known != *state;
 }
 
+bool WatchedFiles::isUnknown(QString const& path) const {
+    return unread.contains(path) || hasWatchedFileStateChanged(path);
+}
+
+// A save that makes a file anew takes nothing away.
+bool WatchedFiles::wouldSaveOverChange(QString const& path) const {
+    return tables.behavior() != RefreshBehavior::Ignore && tables.isOpen(path) && files.stateOf(path) &&
+           isUnknown(path);
+}
+
+bool WatchedFiles::holdsBackSave(QString const& path) {
+    if (!wouldSaveOverChange(path)) {
+        return false;
+    }
+    tellChange(path);
+    return true;
+}
+
+bool WatchedFiles::holdsBackAutoSave(QString const& path) {
+    if (!wouldSaveOverChange(path)) {
+        return false;
+    }
+    deferExternalFileChange(path);
+    return true;
+}
+
+bool WatchedFiles::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == AutoSaveEvent::eventType()) {
+        event->setAccepted(!holdsBackAutoSave(static_cast<AutoSaveEvent const*>(event)->getPath()));
+    }
+    return QObject::eventFilter(watched, event);
+}
+
 // The program's own writes and loads.
 
 void WatchedFiles::startInternalFileChangeCooldown(QString const& path) {
@@ -59,14 +112,18 @@ void WatchedFiles::startInternalFileChangeCooldown(QString const& path) {
 
 void WatchedFiles::onSaveStarted(QString const& path) {
     saving = true;
+    savingPath = path;
     savedPaths.append(path);
     startInternalFileChangeCooldown(path);
 }
 
+// A save under another name that fails ends with the table's own file, which it has not written.
 void WatchedFiles::onSaveFinished(QString const& path) {
     saving = false;
     startInternalFileChangeCooldown(path);
-    recordWatchedFileState(path);
+    if (path == savingPath) {
+        recordWatchedFileState(path);
+    }
     files.after(timings.restore, [this] { resetFilepathSavedList(); });
 }
 
@@ -83,6 +140,11 @@ void WatchedFiles::onLoadFinished(QString const& path) {
     if (!saving) {
         resetFilepathSavedList();
     }
+}
+
+void WatchedFiles::onLoadFailed(QString const& path) {
+    unread.insert(path);
+    onLoadFinished(path);
 }
 
 // A file that was put in the place of another has lost its watch, and nothing tells of changes until it is back. A
@@ -140,8 +202,8 @@ bool WatchedFiles::mustWait(QString const& path) const {
 }
 
 void WatchedFiles::processExternalFileChange(QString const& path, int generation) {
-    RefreshBehavior const behavior = tables.behavior();
-    if (generations.value(path, 0) != generation || behavior == RefreshBehavior::Ignore || !tables.isOpen(path)) {
+    if (generations.value(path, 0) != generation || tables.behavior() == RefreshBehavior::Ignore ||
+        !tables.isOpen(path)) {
         return;
     }
     if (mustWait(path)) {
@@ -154,10 +216,13 @@ void WatchedFiles::processExternalFileChange(QString const& path, int generation
         return;
     }
     restoreWatch(path);
-    if (!hasWatchedFileStateChanged(path)) {
-        return;
+    if (isUnknown(path)) {
+        tellChange(path);
     }
-    if (behavior == RefreshBehavior::Ask) {
+}
+
+void WatchedFiles::tellChange(QString const& path) {
+    if (tables.behavior() == RefreshBehavior::Ask) {
         emit askSignal(path);
     } else if (tables.hasUnsavedEdits(path)) {
         emit askAboutUnsavedSignal(path);

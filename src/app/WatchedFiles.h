@@ -15,6 +15,10 @@
 /// Each path is idle, has a change waiting for a quiet moment, or is being read again. Of a burst of events only the
 /// last one counts; its look at the file is put off while a save, a load or a question runs and for a while after the
 /// program's own last write.
+///
+/// A watch can be missing: a file that may not be read has none, and those of the system can run out. Then the file is
+/// looked at from time to time until its watch is back. Whatever was heard, no save goes over a file that is not the
+/// one which the program read or wrote last, before the user was asked about it.
 class WatchedFiles : public QObject {
     Q_OBJECT
 
@@ -33,6 +37,7 @@ public:
         int quiet = 750;     ///< from an event to the look at the file
         int cooldown = 3000; ///< after the program's own writes and loads
         int restore = 1000;  ///< from a save to the return of the watch, which a replaced file has lost
+        int retry = 2000;    ///< between two looks at a file without a watch
     };
 
     WatchedFiles(FileWatch& files, Tables tables, Timings timings, QObject* parent = nullptr);
@@ -45,6 +50,13 @@ public:
     void recordWatchedFileState(QString const& path);
     /// Whether the file is another one than the recorded one, or gone.
     bool hasWatchedFileStateChanged(QString const& path) const;
+    /// Whether a save has to wait since it would put away what the user has not been told of. What is to be done about
+    /// that change goes out at once.
+    bool holdsBackSave(QString const& path);
+    /// The same for a save that the user did not ask for, which can run amid an edit: it goes out later.
+    bool holdsBackAutoSave(QString const& path);
+    /// Ignores the automatic saves, of the table models it is installed on, which have to wait.
+    bool eventFilter(QObject* watched, QEvent* event) override;
     /// The file is about to be read again by the program.
     void startReload(QString const& path);
 
@@ -54,6 +66,8 @@ public slots:
     void onSaveFinished(QString const& path);
     /// A load of that file has ended, whatever began it.
     void onLoadFinished(QString const& path);
+    /// It has ended without a table.
+    void onLoadFailed(QString const& path);
 
 signals:
     /// The file is gone; its table goes too.
@@ -73,14 +87,21 @@ private:
     void clearWatchedFileState(QString const& path);
     void resetFilepathSavedList();
     void restoreWatch(QString const& path);
+    void lookAgain(QString const& path);
+    void tellChange(QString const& path);
+    bool isUnknown(QString const& path) const;
+    bool wouldSaveOverChange(QString const& path) const;
 
     FileWatch& files;
     Tables tables;
     Timings timings;
     bool saving = false;
+    QString savingPath;     ///< of the last save that was begun
     QStringList savedPaths; ///< written or read by the program since the watches were last restored
     QSet<QString> loadingPaths;
     QHash<QString, int> generations; ///< events so far
     QHash<QString, QDateTime> cooldowns;
     QHash<QString, FileState> lastSeen;
+    QSet<QString> unread;    ///< their last seen contents could not be read
+    QSet<QString> unwatched; ///< looked at from time to time
 };

@@ -1,8 +1,10 @@
 // Loading, saving and the dialect of the file.
 
+#include "model/AutoSaveEvent.h"
 #include "model/LineBreakCells.h"
 #include "model/TableModel.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QTimer>
@@ -160,6 +162,10 @@ void TableModel::onSaveFinished(QString const& path) {
 
 void TableModel::saveAfterEdit() {
     if (!saveAfterEachEdit || readOnly || getFilepath().isEmpty())
+        return;
+    AutoSaveEvent begun(getFilepath());
+    QCoreApplication::sendEvent(this, &begun);
+    if (!begun.isAccepted())
         return;
     int const broken = parsingStandard == ParsingStandard::DelimiterOnly ? LineBreakCells::count(*this, false) : 0;
     if (broken > 0)

@@ -11,10 +11,12 @@
 #include <QFile>
 #include <QLabel>
 #include <QLayout>
+#include <QMainWindow>
 #include <QMetaMethod>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -275,6 +277,56 @@ TEST(StatusBar, ALabelIsLeftOutOnlyWhereItsRoomIsMissing) {
     EXPECT_FALSE(shown(Label::CellLength));
     bar.resize(noLimit, 30);
     EXPECT_TRUE(shown(Label::Stats));
+}
+
+TEST(StatusBar, ItStaysInsideItsWindowAndALabelThatIsTooLongLeavesTheOthersTheirRoom) {
+    using Label = StatusBar::Label;
+    QMainWindow window;
+    window.setMinimumWidth(1);
+    auto* const bar = new StatusBar(&window);
+    window.setStatusBar(bar);
+    for (std::size_t i = 0; i < StatusBar::labelCount; ++i)
+        bar->setText(Label(i), QString("label %1 of all").arg(i));
+    constexpr int noLimit = 4000;
+    window.resize(noLimit, 200);
+    window.show();
+    auto const shown = [&] {
+        QCoreApplication::sendPostedEvents();
+        QStringList texts;
+        for (QLabel const* const label : bar->findChildren<QLabel*>()) {
+            if (!label->isVisible())
+                continue;
+            texts << label->text();
+            EXPECT_GE(label->width(), label->sizeHint().width());
+            EXPECT_LE(label->geometry().right(), bar->width());
+        }
+        return texts.size();
+    };
+    EXPECT_EQ(shown(), int(StatusBar::labelCount));
+    int before = StatusBar::labelCount;
+    for (int width = window.width(); width > 1; width = width * 9 / 10) {
+        window.resize(width, 200);
+        QCoreApplication::sendPostedEvents();
+        EXPECT_LE(bar->width(), window.width());
+        EXPECT_LE(shown(), before);
+        before = shown();
+    }
+    EXPECT_EQ(before, 0);
+    bar->setText(Label::TableSize, QString(5000, 'x'));
+    window.resize(noLimit, 200);
+    EXPECT_EQ(shown(), int(StatusBar::labelCount) - 1);
+}
+
+TEST(StatusBar, AMessageHasThePlaceOfWhatStandsAtTheLeft) {
+    QMainWindow window;
+    auto* const bar = new StatusBar(&window);
+    window.setStatusBar(bar);
+    auto const* const left = bar->findChildren<QToolButton*>().value(0);
+    bar->showMessage("a message");
+    window.show();
+    EXPECT_FALSE(left->isVisible());
+    bar->clearMessage();
+    EXPECT_TRUE(left->isVisible());
 }
 
 TEST(StatusBar, SizesAreWrittenWithSeparatorsPluralsAndWhatIsVisible) {

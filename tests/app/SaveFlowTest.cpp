@@ -90,6 +90,57 @@ TEST_F(SaveFlowTest, AnOwnSaveIsQuietAndOutsideWritesAndReplacementsAreReadAgain
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "five of it"; }));
 }
 
+TEST_F(SaveFlowTest, NoSaveGoesOverAChangeThatNobodyWasToldOf) {
+    window.openFile(write("a.csv", "1\n"));
+    change("mine");
+    write("a.csv", "theirs\n"); // saved before the watch can have told of it
+    box.next("Ignore");
+    EXPECT_FALSE(window.saveFile(table()));
+    EXPECT_TRUE(box.texts().value(0).contains("but you have unsaved changes"));
+    EXPECT_EQ(read("a.csv"), "theirs\n");
+    EXPECT_TRUE(window.saveFile(table()));
+    EXPECT_EQ(read("a.csv"), "mine\n");
+
+    toggle("Save After Each Edit");
+    write("a.csv", "theirs again\n");
+    box.next("Ignore");
+    change("held back");
+    EXPECT_EQ(read("a.csv"), "theirs again\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 2; }));
+    EXPECT_EQ(read("a.csv"), "theirs again\n");
+    change("goes");
+    EXPECT_EQ(read("a.csv"), "goes\n");
+    toggle("Save After Each Edit");
+
+    change("lost with leave");
+    write("a.csv", "the last\n");
+    box.next("Reload");
+    EXPECT_FALSE(window.saveFile(table()));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "the last"; }));
+    EXPECT_EQ(read("a.csv"), "the last\n");
+    EXPECT_EQ(box.texts().size(), 3);
+}
+
+TEST_F(SaveFlowTest, ASaveUnderAnotherNameThatFailsDoesNotHideAnOutsideChange) {
+    window.openFile(write("a.csv", "1\n"));
+    change("mine");
+    write("a.csv", "theirs\n");
+    box.next("OK");
+    EXPECT_FALSE(window.saveFileUnder(table(), directory.filePath("no folder/b.csv"), false));
+    box.next("Ignore");
+    EXPECT_FALSE(window.saveFile(table()));
+    EXPECT_EQ(read("a.csv"), "theirs\n");
+}
+
+TEST_F(SaveFlowTest, AFolderInThePlaceOfAFileTakesItsTableAlong) {
+    QString const path = write("a.csv", "1\n");
+    window.openFile(path);
+    QFile::remove(path);
+    QDir().mkdir(path);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
+    EXPECT_EQ(Notices::texts(window).size(), 1);
+}
+
 TEST_F(SaveFlowTest, OutsideChangesUnderEditsAskAndAFileThatGoesClosesItsTable) {
     QString const path = write("a.csv", "1\n");
     window.openFile(path);

@@ -14,10 +14,14 @@ public:
         return states.contains(path) ? std::optional(states[path]) : std::nullopt;
     }
     bool isWatched(QString const& path) const override { return watched.contains(path); }
-    void watch(QString const& path) override { watched.append(path); }
+    void watch(QString const& path) override {
+        if (states.value(path).readable) {
+            watched.append(path);
+        }
+    }
     void unwatch(QString const& path) override { watched.removeAll(path); }
 
-    void write(QString const& path) { states[path] = {now(), ++size}; }
+    void write(QString const& path) { states[path] = {time, ++size, 1, true}; }
     void pass(int ms) {
         qint64 const end = time + ms;
         while (!timers.isEmpty() && timers.firstKey() <= end) {
@@ -176,4 +180,54 @@ TEST_F(WatchedFilesTest, AFileThatGoesTakesItsTableAlongAndAReplacedOneIsWatched
     watch.onFileChanged(path);
     files.pass(750);
     EXPECT_EQ(done, (QStringList{"reload", "gone"}));
+}
+
+TEST_F(WatchedFilesTest, AFileThatCannotBeWatchedIsLookedAtUntilItCan) {
+    files.write(path);
+    files.states[path].readable = false; // one that nobody may read is moved over it
+    files.watched.clear();
+    watch.onFileChanged(path);
+    files.pass(750);
+    EXPECT_EQ(done, QStringList{"reload"});
+    watch.startReload(path);
+    watch.onLoadFailed(path);
+    files.pass(60000);
+    EXPECT_EQ(done.size(), 1) << "told once";
+    EXPECT_TRUE(watch.holdsBackSave(path)) << "nobody has read what it holds";
+    watch.startReload(path);
+    watch.onLoadFailed(path);
+    done.clear();
+
+    files.states[path].readable = true;
+    files.pass(10000);
+    EXPECT_EQ(done, QStringList{"reload"});
+    watch.startReload(path);
+    watch.onLoadFinished(path);
+    EXPECT_TRUE(files.isWatched(path));
+    files.pass(60000);
+    EXPECT_EQ(done.size(), 1);
+    EXPECT_TRUE(files.timers.isEmpty()) << "a watched file is left alone";
+    EXPECT_FALSE(watch.holdsBackSave(path));
+}
+
+TEST_F(WatchedFilesTest, ASaveIsHeldBackByAChangeUntilItIsRecordedAndNeverByAFileThatIsGone) {
+    EXPECT_FALSE(watch.holdsBackSave(path));
+    EXPECT_FALSE(watch.holdsBackAutoSave(path));
+    files.write(path); // not heard
+    unsaved = true;
+    EXPECT_TRUE(watch.holdsBackAutoSave(path));
+    EXPECT_EQ(done, QStringList());
+    files.pass(750);
+    EXPECT_EQ(done, QStringList{"ask unsaved"});
+    EXPECT_TRUE(watch.holdsBackSave(path));
+    EXPECT_EQ(done.size(), 2);
+    watch.recordWatchedFileState(path);
+    EXPECT_FALSE(watch.holdsBackSave(path));
+    ++files.states[path].inode; // of the same time and size
+    EXPECT_TRUE(watch.holdsBackSave(path));
+    behavior = RefreshBehavior::Ignore;
+    EXPECT_FALSE(watch.holdsBackSave(path));
+    behavior = RefreshBehavior::Refresh;
+    files.states.remove(path);
+    EXPECT_FALSE(watch.holdsBackSave(path));
 }

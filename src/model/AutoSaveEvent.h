@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QEvent>
+#include <QString>
+
+#include <utility>
+
+/// What a table model sends to itself before a save that an edit brings about. Who installs an event filter on the
+/// model and takes it leaves the save out.
+class AutoSaveEvent : public QEvent {
+public:
+    explicit AutoSaveEvent(QString path) : QEvent(eventType()), path(std::move(path)) {}
+
+    static Type eventType() {
+        static Type const type = static_cast<Type>(registerEventType());
+        return type;
+    }
+    QString const& getPath() const { return path; }
+
+private:
+    QString path; ///< of the file that is to be written
+};
