@@ -1,6 +1,7 @@
 #include "app/SystemFileWatch.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <sys/stat.h>
@@ -19,9 +20,19 @@ std::optional<FileState> SystemFileWatch::stateOf(QString const& path) const {
     constexpr qint64 nanoseconds = 1000000000;
     QByteArray const name = QFile::encodeName(path);
     struct stat found {};
-    if (stat(name.constData(), &found) != 0 || S_ISDIR(found.st_mode)) {
+    if (stat(name.constData(), &found) != 0) {
         return std::nullopt;
     }
+    if (S_ISDIR(found.st_mode)) {
+        return FileState{0, 0, found.st_ino, false, false};
+    }
     return FileState{found.st_mtim.tv_sec * nanoseconds + found.st_mtim.tv_nsec, found.st_size, found.st_ino,
-                     access(name.constData(), R_OK) == 0};
+                     access(name.constData(), R_OK) == 0, S_ISREG(found.st_mode)};
+}
+
+// A watched folder would tell of what happens in it, and not that a file has taken its place.
+void SystemFileWatch::watch(QString const& path) {
+    if (!QFileInfo(path).isDir()) {
+        watcher.addPath(path);
+    }
 }

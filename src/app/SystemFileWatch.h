@@ -15,7 +15,7 @@ public:
     void after(int ms, std::function<void()> call) override;
     std::optional<FileState> stateOf(QString const& path) const override;
     bool isWatched(QString const& path) const override { return watcher.files().contains(path); }
-    void watch(QString const& path) override { watcher.addPath(path); }
+    void watch(QString const& path) override;
     void unwatch(QString const& path) override { watcher.removePath(path); }
 
 signals:

@@ -73,9 +73,10 @@ bool WatchedFiles::isUnknown(QString const& path) const {
     return unread.contains(path) || hasWatchedFileStateChanged(path);
 }
 
-// A save that makes a file anew takes nothing away.
+// A save that makes a file anew takes nothing away, and one over what is no regular file fails.
 bool WatchedFiles::wouldSaveOverChange(QString const& path) const {
-    return tables.behavior() != RefreshBehavior::Ignore && tables.isOpen(path) && files.stateOf(path) &&
+    std::optional<FileState> const state = files.stateOf(path);
+    return tables.behavior() != RefreshBehavior::Ignore && tables.isOpen(path) && state && state->regular &&
            isUnknown(path);
 }
 

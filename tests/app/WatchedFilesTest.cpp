@@ -21,7 +21,7 @@ public:
     }
     void unwatch(QString const& path) override { watched.removeAll(path); }
 
-    void write(QString const& path) { states[path] = {time, ++size, 1, true}; }
+    void write(QString const& path) { states[path] = {time, ++size, 1, true, true}; }
     void pass(int ms) {
         qint64 const end = time + ms;
         while (!timers.isEmpty() && timers.firstKey() <= end) {
