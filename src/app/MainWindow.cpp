@@ -38,6 +38,7 @@ MainWindow::~MainWindow() {
     for (TableView* const table : paneView->getTables()) {
         table->undoStack()->disconnect(this);
     }
+    paneView->disconnect(this); // an edit that is open ends with its table
 }
 
 void MainWindow::buildWidgets() {
