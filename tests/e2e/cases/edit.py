@@ -29,14 +29,6 @@ class Edit(DesktopTest):
         self.press("ctrl+y")
         self.save_and_expect(b"name,price\nbolt,4\nlatch,5\n")
 
-    def test_several_cells_take_one_text_and_one_undo_takes_it_back(self):
-        self.press("Down", "shift+Right", "shift+Down")
-        self.type("x")
-        self.press("Return")
-        self.save_and_expect(b"name,price\nx,x\nx,x\n")
-        self.press("ctrl+z")
-        self.save_and_expect(b"name,price\nhinge,4\nlatch,5\n")
-
     def test_the_pane_edits_the_main_cell_and_takes_line_breaks(self):
         self.press("ctrl+k", "ctrl+e")
         self.type("first")
