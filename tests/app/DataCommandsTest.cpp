@@ -266,6 +266,14 @@ Table const tables[] = {
          {"Invert Selection by Rows (Header Excluded)", "R1,0", nullptr, "R2,0* R3,0"},
          {"Show All Hidden Row(s)", "C2,1", "t u|h i|c 1|a 2|b 3", "C3,1*"},
      }},
+    {"h,i,j\na,3,1\nb,2,3\nc,1,2\n",
+     {{1}, {1}, 1, 0},
+     "h (i) j|(a (3) 1)|b (2) 3|c (1) 2",
+     {
+         {"Sort Selected Column - Ascending", "C0,1", "h (i) j|(a (3) 1)|c (1) 2|b (2) 3"},
+         {"Sort Selected Row - Ascending", "C1,0", "(i) j h|((3) 1 a)|(2) 3 b|(1) 2 c"},
+         {"Sort Selected Row - Descending", "C2,1", "h j (i)|(a 1 (3))|b 3 (2)|c 2 (1)"},
+     }},
     // What tells lines apart or fills them may be hidden itself; a hidden line repeats nothing.
     {"h,i,j\na,1,\na,1,\na,2,\n,3,\n,,\na,1,\n",
      {{1}, {1}, 1, 0},
