@@ -282,6 +282,7 @@ Table const tables[] = {
          {"Select Duplicate Row(s)", "C0,0", nullptr, "R5,0*"},
          {"Remove Duplicate Row(s)", "C0,0", "h (i) j|(a (1) -)|a (1) -|a (2) -|- (3) -|- (-) -"},
          {"Select Duplicate Rows (Based on Selected Columns Only)", "C0,0", nullptr, "R2,0* R4,0 R5,0"},
+         {"Select Duplicate Rows (Based on Selected Columns Only)", "C0,1", nullptr, "R2,0* R3,0 R4,0 R5,0"},
          {"Remove Empty Row(s)", "C0,0", "h (i) j|(a (1) -)|a (1) -|a (2) -|- (3) -|a (1) -"},
          {"Hide Empty Row(s)", "C0,0", "h (i) j|(a (1) -)|a (1) -|a (2) -|- (3) -|(- (-) -)|a (1) -"},
          {"Remove Empty Rows (Based on Selected Columns Only)", "C0,0", "h (i) j|(a (1) -)|a (1) -|a (2) -|a (1) -"},

@@ -131,6 +131,13 @@ TEST_F(FrozenPanes, KeysMoveThroughTwoHeaderRowsAndAHeaderColumnAndOutOfThemToTh
             expectInStep("a key");
         }
     }
+    select(2, 1); // the first row and column that are no header
+    for (auto const& [code, bar] : {std::pair(Qt::Key_Down, &rowsBar()), std::pair(Qt::Key_Right, &colsBar())}) {
+        bar->setValue(560);
+        key(code);
+        EXPECT_GT(bar->value(), 0);
+        EXPECT_LT(bar->value(), 560);
+    }
     // A move in the body stops at the band, not beneath it.
     select(52, 5);
     rowsBar().setValue(view.verticalHeader()->sectionPosition(52) - top().height() + 2);
