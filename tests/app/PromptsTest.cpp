@@ -20,19 +20,8 @@ class PromptsTest : public WindowFixture {
 protected:
     PromptsTest() { open("a,b,c\nd,e,f\ng,h,i\n"); }
 
-    /// The cells, without what is empty at the end of the table.
-    QString cells() const {
-        QStringList rows;
-        for (int row = 0; row < model().rowCountModel(); ++row) {
-            QString line;
-            for (int col = 0; col < model().columnCountModel(); ++col) {
-                QString const text = model().data(model().index(row, col), Qt::EditRole).toString();
-                line += text.isEmpty() ? "." : text;
-            }
-            rows << line;
-        }
-        return rows.join('/');
-    }
+    /// The cells, rows by slashes, "." for an empty one.
+    QString cells() const { return QString::fromStdString(shown()).remove(' ').replace('|', '/').replace('-', '.'); }
 
     QString mainCell() const {
         Range const cell = table()->getMainCell();

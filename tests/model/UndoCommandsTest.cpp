@@ -13,7 +13,6 @@
 #include "model/undo/MoveCellContentsCommand.h"
 #include "model/undo/MoveLinesCommand.h"
 #include "model/undo/PasteCommand.h"
-#include "model/undo/RemoveAllFilteredOutAndHiddenDataCommand.h"
 #include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
 #include "model/undo/RemoveLinesCommand.h"
 #include "model/undo/ReplaceLineBreaksCommand.h"
@@ -391,48 +390,6 @@ TEST_F(UndoCommands, ManyPlacesAreInsertedAndRemovedInOnePass) {
             stack.undo();
             EXPECT_EQ(state(), before);
         }
-    }
-}
-
-TEST_F(UndoCommands, WhatIsHiddenCanBeRemovedAndComesBackHidden) {
-    for (int const standing : {Concealed, ConcealedAndTransposed}) {
-        prepare(standing);
-        model.setSelection(modelCell(2, 1));
-        std::string const before = state();
-        std::string const shownBefore = table();
-        stack.push(new RemoveAllFilteredOutAndHiddenDataCommand(&model, model.getSelection(), true));
-        EXPECT_EQ(table(), shownBefore);
-        EXPECT_EQ(model.rowCountRaw(), 4);
-        EXPECT_EQ(model.columnCountRaw(), 3);
-        EXPECT_FALSE(model.hasHiddenLines());
-        stack.undo();
-        EXPECT_EQ(state(), before);
-    }
-}
-
-TEST_F(UndoCommands, HidingKeepsWhatIsLeftOfTheSelectionOrTheCellNextToIt) {
-    struct {
-        char const* selection;
-        std::vector<int> hiddenRows;
-        char const* expected;
-    } const cases[] = {
-        {"C0,0* C1,1 C3,2", {1}, "C0,0* C2,2"},
-        {"C2,1*", {1, 2}, "C0,1*"},
-        {"K1,0*", {0, 1}, "K1,0*"},
-        {"R0,0* R4,0", {0}, "R3,0*"},
-    };
-    for (auto const& test : cases) {
-        prepare(AsLoaded);
-        RangeVector const ranges = rangesFrom(test.selection);
-        model.setSelection(modelCell(ranges.front().row, ranges.front().col), ranges);
-        std::string const before = textOf(model.getSelection());
-        stack.push(new ApplyHiddenRowsCommand(&model, model.getSelection(), test.hiddenRows, true));
-        EXPECT_EQ(textOf(model.getSelection()), test.expected);
-        stack.undo();
-        EXPECT_EQ(textOf(model.getSelection()), before);
-        stack.redo();
-        EXPECT_EQ(textOf(model.getSelection()), test.expected);
-        stack.clear();
     }
 }
 
