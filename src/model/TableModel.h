@@ -13,6 +13,7 @@
 #include "model/ProvisionalText.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
+#include "model/TableSize.h"
 #include "storage/TableData.h"
 
 #include <QAbstractTableModel>
@@ -109,6 +110,8 @@ public:
     int columnCountRaw() const { return tableData.numRawCols(); }
     int getSavedRowCountRaw() const { return savedRowCountRaw; } ///< at the last load or save
     int getSavedColCountRaw() const { return savedColCountRaw; }
+    /// The size that the data would have if the text of a pending edit stood in the cells that show it.
+    TableSize getShownSize() const;
     /// Makes the grid as large as data, selection, buffers and minimums ask, and keeps the main cell inside.
     void enforceTableSize();
     /// Pulls selection and grid back after rows have been removed from the data. `mainCellChanged` tells whether the
@@ -120,9 +123,6 @@ public:
     void setNumBufferRows(int count) { setSizeOption(numBufferRows, count); }
     void setNumBufferCols(int count) { setSizeOption(numBufferCols, count); }
     int getMinNumTableRows() const { return minNumTableRows; }
-    int getMinNumTableCols() const { return minNumTableCols; }
-    int getNumBufferRows() const { return numBufferRows; }
-    int getNumBufferCols() const { return numBufferCols; }
 
     // Concealing. The caller brings the grid in step with enforceTableSize when all changes are made.
 
@@ -317,6 +317,7 @@ public:
     LoadResult const& getLoadResult() const { return tableData.getLoadResult(); }
     /// How many lines a load takes. The grid offers no empty lines beyond them either.
     void setLoadLimits(LoadLimits limits);
+    LoadLimits const& getLoadLimits() const { return gridLimits; }
     /// The name of the file, "untitled" without one.
     QString getTableName() const;
     /// Lets a scanner that waits at a progress report go on.
@@ -339,7 +340,6 @@ public:
     bool setParsingStandardForFileSaveCommand(ParsingStandard standard);
     bool isReadOnly() const { return readOnly; }
     bool getSaveAfterEachEdit() const { return saveAfterEachEdit; }
-    bool getSaveWithTrailingDelimiters() const { return saveWithTrailingDelimiters; }
     QString getExtension() const { return extension; }
     QString getDelimiter() const { return delimiter; }
     QString getSaveDelimiter() const { return saveDelimiter; }
@@ -427,7 +427,6 @@ public:
     /// In pixels.
     void setTextSize(int size);
     QFont getFont() const { return font; }
-    int getTextSize() const { return textSize; }
     void setShadeEveryOtherRow(bool on) { colorOptions.shadeEveryOtherRow = on; }
     void setShadeEveryOtherColumn(bool on) { colorOptions.shadeEveryOtherColumn = on; }
     void setHighlightMainCellRow(bool on) { colorOptions.highlightMainCellRow = on; }

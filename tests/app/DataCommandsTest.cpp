@@ -77,6 +77,15 @@ TEST_F(DataCommands, AReadOnlyTableIsSortedAndHiddenAndTransposedButKeepsItsCell
     window.runCommand("Hide Selected Row(s)");
     window.runCommand("Transpose Table");
     EXPECT_EQ(table.undoStack()->count(), 3);
+    // Back again the rows would be more than there is room for columns.
+    MsgBoxAnswers refusal;
+    refusal.next("OK");
+    std::string const transposed = shown();
+    model().setLoadLimits({100, 1});
+    window.runCommand("Transpose Table");
+    EXPECT_TRUE(refusal.texts().last().endsWith("A table can show no more than 1 columns."));
+    EXPECT_EQ(shown(), transposed);
+    EXPECT_EQ(table.undoStack()->count(), 3);
     for (QList<QVariant> const& clean : told)
         EXPECT_TRUE(clean.first().toBool());
     EXPECT_FALSE(table.hasUnsavedChanges());
