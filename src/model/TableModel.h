@@ -123,6 +123,9 @@ public:
     void setNumBufferRows(int count) { setSizeOption(numBufferRows, count); }
     void setNumBufferCols(int count) { setSizeOption(numBufferCols, count); }
     int getMinNumTableRows() const { return minNumTableRows; }
+    int getMinNumTableCols() const { return minNumTableCols; }
+    int getNumBufferRows() const { return numBufferRows; }
+    int getNumBufferCols() const { return numBufferCols; }
 
     // Concealing. The caller brings the grid in step with enforceTableSize when all changes are made.
 
@@ -340,6 +343,7 @@ public:
     bool setParsingStandardForFileSaveCommand(ParsingStandard standard);
     bool isReadOnly() const { return readOnly; }
     bool getSaveAfterEachEdit() const { return saveAfterEachEdit; }
+    bool getSaveWithTrailingDelimiters() const { return saveWithTrailingDelimiters; }
     QString getExtension() const { return extension; }
     QString getDelimiter() const { return delimiter; }
     QString getSaveDelimiter() const { return saveDelimiter; }
@@ -427,6 +431,7 @@ public:
     /// In pixels.
     void setTextSize(int size);
     QFont getFont() const { return font; }
+    int getTextSize() const { return textSize; }
     void setShadeEveryOtherRow(bool on) { colorOptions.shadeEveryOtherRow = on; }
     void setShadeEveryOtherColumn(bool on) { colorOptions.shadeEveryOtherColumn = on; }
     void setHighlightMainCellRow(bool on) { colorOptions.highlightMainCellRow = on; }
