@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QByteArray>
+
+/// A new hidden name for a file that is being written. It tells the process that writes it, by its id and the time of
+/// its start, and where that id has a meaning.
+QByteArray newTemporaryName();
+/// Whether a file of this name was left by a process of this machine that is no longer there.
+bool isAbandonedName(QByteArray const& name);
+/// Removes the user's own abandoned files from an open folder, at the first call for it in this process: others that
+/// die meanwhile are for the next one.
+void removeAbandonedFiles(int folder);
