@@ -99,13 +99,17 @@ private:
     void inheritAccessList(bool groupKept) {
         auto const list = attributeOf(original, accessListAttribute);
         bool const has = list || !hasNone();
-        if (list && groupKept && setAttribute(file, accessListAttribute, *list))
+        listKept = list && groupKept && setAttribute(file, accessListAttribute, *list);
+        if (listKept)
             return;
         // The folder may have given the new file a list of its own.
-        if (uninterrupted([&] { return fremovexattr(file, accessListAttribute); }) != 0 && !hasNone())
+        if (uninterrupted([&] { return fremovexattr(file, accessListAttribute); }) != 0 && errno != ENODATA)
             result.opensMore = attributeOf(file, accessListAttribute) || !hasNone();
-        if (!has)
-            return;
+        if (has)
+            loseAccessList(list);
+    }
+
+    void loseAccessList(std::optional<QByteArray> const& list) {
         listLost = true;
         mode = list ? modeWithoutAccessList(*list, mode) : mode & ~othersBits;
         tell(QStringLiteral("The access list of %1 could not be kept: fewer people may use the file now."));
@@ -122,6 +126,8 @@ private:
         }
         QStringList lost;
         for (auto const& name : names->split('\0')) {
+            if (name == accessListAttribute && !listKept && !listLost)
+                loseAccessList({}); // it is there after all
             bool const isList = isAccessListOfAnotherKind(name);
             if ((!isList && !name.startsWith("user.") && name != "security.selinux") || inherits(name))
                 continue;
@@ -143,6 +149,7 @@ private:
     QByteArray const& original;
     struct stat const& old;
     mode_t mode; ///< what the new file may have at most
+    bool listKept = false;
     bool listLost = false;
 };
 

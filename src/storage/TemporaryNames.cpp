@@ -12,13 +12,12 @@
 #include <csignal>
 #include <dirent.h>
 #include <fcntl.h>
-#include <mutex>
-#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
+constexpr int mostEntries = 10000; // a save does not wait for a folder of more
 constexpr auto prefix = ".gridwright-";
 
 /// In a folder that several machines or sandboxes share, the same id is another process.
@@ -61,17 +60,15 @@ bool isAbandonedName(QByteArray const& name) {
 }
 
 void removeAbandonedFiles(int folder) {
-    static std::mutex mutex;
-    static std::set<std::pair<dev_t, ino_t>> seen;
-    struct stat status;
-    std::lock_guard const lock(mutex);
-    if (fstat(folder, &status) != 0 || !seen.emplace(status.st_dev, status.st_ino).second)
-        return;
     int const readable = openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     DIR* const entries = readable < 0 ? nullptr : fdopendir(readable);
     if (entries == nullptr)
         return readable < 0 ? void() : void(close(readable));
-    while (dirent const* const entry = readdir(entries)) {
+    struct stat status;
+    for (int left = mostEntries; left > 0; --left) {
+        dirent const* const entry = readdir(entries);
+        if (entry == nullptr)
+            break;
         QByteArray const name = entry->d_name;
         if (name.startsWith(prefix) && isAbandonedName(name) &&
             fstatat(folder, entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(status.st_mode) &&

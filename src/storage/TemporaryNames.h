@@ -7,6 +7,5 @@
 QByteArray newTemporaryName();
 /// Whether a file of this name was left by a process of this machine that is no longer there.
 bool isAbandonedName(QByteArray const& name);
-/// Removes the user's own abandoned files from an open folder, at the first call for it in this process: others that
-/// die meanwhile are for the next one.
+/// Removes the user's own abandoned files from an open folder, as far as it can be looked through in no time.
 void removeAbandonedFiles(int folder);
