@@ -89,8 +89,11 @@ public:
 private:
     void tell(QString const& sentence) { result.notKept.append(sentence.arg(pathForUser(original))); }
 
+    /// Some systems only pretend to change it, so that the file is looked at.
     bool give(bool same, uid_t owner, gid_t group, char const* what) {
-        if (same || uninterrupted([&] { return fchown(file, owner, group); }) == 0)
+        struct stat status;
+        if (same || (uninterrupted([&] { return fchown(file, owner, group); }) == 0 && fstat(file, &status) == 0 &&
+                     (owner == uid_t(-1) || status.st_uid == owner) && (group == gid_t(-1) || status.st_gid == group)))
             return true;
         tell(QStringLiteral("The %1 of %2 could not be kept.").arg(QLatin1String(what), QStringLiteral("%1")));
         return false;
