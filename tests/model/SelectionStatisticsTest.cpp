@@ -80,6 +80,12 @@ TEST_F(SelectionStatisticsTest, SumsInTheBackgroundAsItDoesAtOnce) {
     }
     EXPECT_EQ(sumOf({column(0)}), "Sum: 4,498,500      Mean: 1,499.5");
     EXPECT_EQ(sumOf({column(1)}), "Sum: -      Mean: -");
+    model.setAndApplyHiddenRowsList({10, 2999});
+    model.setAndApplyHiddenColsList({1});
+    EXPECT_TRUE(sumOf({column(0)}).startsWith("Sum: 4,495,491 "));
+    QString const inBackground = sumOf({column(1)});
+    EXPECT_EQ(inBackground, model.getSelectionSumMeanStr());
+    EXPECT_TRUE(inBackground.startsWith("Sum: 1,123,872.75 "));
 }
 
 TEST_F(SelectionStatisticsTest, ALaterSelectionTakesOverAndAReloadStopsTheSum) {

@@ -1,9 +1,6 @@
 #include "core/EncodingUtilities.h"
 #include "storage/EditableDataContainer.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "tests/support/TestFolder.h"
 
 #include <new>
 
@@ -62,11 +59,10 @@ protected:
     std::string saved(bool transposed = false, std::vector<int> const& rowMask = {},
                       std::vector<int> const& colMask = {}) {
         EXPECT_TRUE(table.saveCSV(folder.filePath("t.csv"), false, transposed, rowMask, colMask));
-        QFile file(folder.filePath("t.csv"));
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "none";
+        return folder.read("t.csv").toStdString();
     }
 
-    QTemporaryDir folder;
+    TestFolder folder;
     Container table;
 };
 
@@ -98,9 +94,7 @@ TEST_F(Saving, EveryStandardLineEndingAndWidth) {
                 EXPECT_EQ(container.row(0), spelled(c.first + lineEnd, encoding)) << static_cast<int>(encoding);
                 EXPECT_EQ(container.row(1), spelled(c.second + lineEnd, encoding)) << static_cast<int>(encoding);
                 ASSERT_TRUE(container.saveCSV(folder.filePath("t.csv"), false, false, {}, {}));
-                QFile file(folder.filePath("t.csv"));
-                ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-                EXPECT_EQ(file.readAll().toStdString(), container.row(0) + container.row(1));
+                EXPECT_EQ(folder.read("t.csv").toStdString(), container.row(0) + container.row(1));
             }
 }
 
