@@ -5,7 +5,6 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpression>
 
 #include <utility>
 
@@ -67,12 +66,15 @@ void NoticeLine::arrange() {
     bool const isBelow = beside < readableLetters * fontMetrics().averageCharWidth();
     row->setDirection(isBelow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     buttons->setDirection(buttonWidth() > width ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-    static QRegularExpression const folderEnd(QStringLiteral("(?<=.)/")); // not the root: its slash alone says nothing
+    constexpr QChar mayBreak(0x200B);
+    constexpr QChar mayNotBreak(0x2060);
     QStringList shown;
     for (QString const& path : std::as_const(paths)) {
-        shown << label->fontMetrics()
-                     .elidedText(path, Qt::ElideMiddle, isBelow ? width : beside)
-                     .replace(folderEnd, QStringLiteral("/\u200B"));
+        QString wrapping = label->fontMetrics().elidedText(path, Qt::ElideMiddle, isBelow ? width : beside);
+        wrapping.replace(QLatin1Char('/'), QLatin1Char('/') + QString(mayBreak));
+        if (wrapping.startsWith(QLatin1Char('/')))
+            wrapping[1] = mayNotBreak; // the root's slash alone says nothing
+        shown << wrapping;
     }
     QString const text = sentence.arg(shown.join(QStringLiteral(", ")));
     if (label->text() != text) {

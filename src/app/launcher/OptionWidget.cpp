@@ -4,10 +4,12 @@
 #include "app/launcher/PillLabel.h"
 
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -134,6 +136,16 @@ void OptionWidget::onStyleChanged() {
     makeHtml();
     if (isFilled())
         fillWidget();
+}
+
+// A text that has no room in its row stands whole in the tool tip.
+bool OptionWidget::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !isFilled())
+        return QWidget::event(event);
+    bool const isCut = textLabel->sizeHint().width() > textLabel->width();
+    QString const whole = isCut ? QStringLiteral("<p>%1</p>").arg(data.text.toHtmlEscaped()) : QString();
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), whole, this);
+    return true;
 }
 
 void OptionWidget::mouseReleaseEvent(QMouseEvent* event) {

@@ -42,6 +42,7 @@ signals:
     void pressedSignal(OptionWidget* row);
 
 protected:
+    bool event(QEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
