@@ -36,7 +36,7 @@ constexpr LabelInfo labelInfos[] = {
     {StatusBar::Label::Mode, "Editing mode", true, true, 5},
 };
 constexpr int messageGap = 6; ///< beside a message, in pixels
-constexpr int lineGap = 2;    ///< above and below it
+constexpr int lineGap = 1;    ///< above and below it
 constexpr int messageFlags = Qt::AlignLeading | Qt::AlignVCenter | Qt::TextWordWrap;
 
 static_assert(std::size(labelInfos) == StatusBar::labelCount);

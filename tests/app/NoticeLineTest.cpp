@@ -58,9 +58,10 @@ TEST(StatusBar, AMessageStandsWholeInANarrowWindow) {
     window.show();
     int const plain = heightAt(400);
     bar->showMessage("It tells of something in words that fill more than two lines of a narrow window.");
-    EXPECT_EQ(heightAt(400), plain);
-    EXPECT_GE(heightAt(40), 2 * bar->fontMetrics().lineSpacing());
-    EXPECT_EQ(heightAt(400), plain);
+    int const twoLines = 2 * bar->fontMetrics().lineSpacing();
+    EXPECT_LT(heightAt(400), twoLines);
+    EXPECT_GE(heightAt(40), twoLines);
+    EXPECT_LT(heightAt(400), twoLines);
     heightAt(40);
     bar->clearMessage();
     EXPECT_EQ(heightAt(40), plain);
