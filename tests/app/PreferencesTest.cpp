@@ -321,9 +321,12 @@ TEST_F(PreferenceWindowTest, AnEditableTableBecomesReadOnlyAndBackAndUnsavedChan
     EXPECT_TRUE(loaded());
     EXPECT_EQ(mode(), "Read-Only");
     EXPECT_FALSE(window->getCommands().find("Clear Cell Contents")->action->isEnabled());
+    window->runCommand("Sort Selected Cells Vertically - Ascending");
+    EXPECT_NE(window->getStatusBar()->currentMessage(), "");
     window->runCommand("Toggle Read-Only");
     EXPECT_TRUE(loaded());
     EXPECT_EQ(mode(), "Editable");
+    EXPECT_EQ(window->getStatusBar()->currentMessage(), "");
     EXPECT_EQ(table.tableModel()->dataRaw(table.tableModel()->index(0, 1)).toString(), "b");
 }
 
