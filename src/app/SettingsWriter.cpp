@@ -16,6 +16,10 @@ Settings readFile() {
     return settings;
 }
 
+bool agrees(Settings const& a, Settings const& b, SettingType type) {
+    return a.convertValueToStringForFile(type) == b.convertValueToStringForFile(type);
+}
+
 } // namespace
 
 QString SettingsWriter::write(Settings const& settings, SettingType type) {
@@ -25,9 +29,14 @@ QString SettingsWriter::write(Settings const& settings, SettingType type) {
         return error;
     }
     unwritten.erase(type);
-    std::erase_if(unwritten, [&](auto const& each) {
-        return PreferenceFiles::writeSettingToFile(settings, each.first).isEmpty();
+    std::erase_if(unwritten, [](auto const& each) {
+        return PreferenceFiles::writeSettingToFile(each.second.inForce, each.first).isEmpty();
     });
+    // A file without a row for it holds nothing of it.
+    Settings const inFile = readFile();
+    if (settings.get(type).inFile && !agrees(inFile, settings, type)) {
+        unwritten.insert_or_assign(type, Unwritten{settings, inFile});
+    }
     return {};
 }
 
