@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
+#include "core/ExtensionData.h"
 #include "core/Range.h"
 #include "storage/AbstractDataContainer.h"
 #include "storage/CellCodec.h"
@@ -20,6 +21,7 @@
 #include <string_view>
 #include <vector>
 
+class CellConversion;
 class CellPatch;
 class CellRegion;
 class EditableDataContainer;
@@ -84,6 +86,8 @@ public:
 
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
+    /// Writes to `path`, which becomes the table's own, in another dialect than the table's, which stays as it is.
+    bool saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed);
 
     // Dialect: kept here for the next load and forwarded to the container.
 
@@ -92,7 +96,8 @@ public:
     void setParsingStandard(ParsingStandard standard);
     void setSaveWithTrailingDelimiters(bool on);
     void setExtension(QString const& extension);
-    /// With `convertCells` every cell is rewritten in the new encoding; without it only the reading changes.
+    /// With `convertCells` every cell is rewritten in the new encoding if it is another one; without it only the
+    /// reading changes.
     void setEncoding(EncodingType encoding, bool convertCells);
     QString getExtension() const { return extension; }
     QString getDelimiter() const { return delimiter; }
@@ -326,7 +331,7 @@ private:
     CellRegion storedCells(CellRegion const& model) const;
     QString textAt(int row, int col) const;
     bool hasTextRaw(int row, int col) const;
-    void convertTable(CellCodec const& from);
+    void convertTable(CellConversion const& conversion);
     void rebuildWordDelimiterLookup();
     void signalSize();
 
