@@ -16,8 +16,10 @@ Settings readFile() {
     return settings;
 }
 
-bool agrees(Settings const& a, Settings const& b, SettingType type) {
-    return a.convertValueToStringForFile(type) == b.convertValueToStringForFile(type);
+/// A file without a row for a setting holds nothing of it.
+bool isInFile(Settings const& settings, SettingType type) {
+    return !settings.get(type).inFile ||
+           settings.convertValueToStringForFile(type) == readFile().convertValueToStringForFile(type);
 }
 
 } // namespace
@@ -30,12 +32,11 @@ QString SettingsWriter::write(Settings const& settings, SettingType type) {
     }
     unwritten.erase(type);
     std::erase_if(unwritten, [](auto const& each) {
-        return PreferenceFiles::writeSettingToFile(each.second.inForce, each.first).isEmpty();
+        return PreferenceFiles::writeSettingToFile(each.second.inForce, each.first).isEmpty() &&
+               isInFile(each.second.inForce, each.first);
     });
-    // A file without a row for it holds nothing of it.
-    Settings const inFile = readFile();
-    if (settings.get(type).inFile && !agrees(inFile, settings, type)) {
-        unwritten.insert_or_assign(type, Unwritten{settings, inFile});
+    if (!isInFile(settings, type)) {
+        unwritten.insert_or_assign(type, Unwritten{settings, readFile()});
     }
     return {};
 }
