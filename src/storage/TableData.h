@@ -24,6 +24,7 @@
 class CellConversion;
 class CellPatch;
 class CellRegion;
+struct LineWalk;
 class EditableDataContainer;
 class ReplacedCells;
 class TakenLines;
@@ -331,6 +332,8 @@ private:
     CellRegion storedCells(CellRegion const& model) const;
     QString textAt(int row, int col) const;
     bool hasTextRaw(int row, int col) const;
+    int skipShownRows(LineWalk walk, int rawCol, bool filled) const;
+    int skipRawRows(LineWalk const& walk, int col, bool filled) const;
     void convertTable(CellConversion const& conversion);
     void rebuildWordDelimiterLookup();
     void signalSize();
