@@ -408,6 +408,27 @@ TEST_F(PreferenceWindowTest, ASettingThatCannotBeWrittenIsToldStaysInForceAndIsW
     EXPECT_EQ(settingsRow("Show Tab Bar"), "") << "the default again";
 }
 
+TEST_F(PreferenceWindowTest, ASettingWithoutARowInTheFileStaysInForceUntilTheFileHasOne) {
+    replace(settingsPath, "Setting,User Value\nTheme,\n");
+    window->onPreferenceChanged(settingsPath);
+    window->runCommand("Toggle Shade Every Other Row");
+    window->runCommand("Toggle Show Tab Bar");
+    window->onPreferenceChanged(settingsPath);
+    auto const inForce = [this](SettingType type) { return window->getSettings().getValueBool(type); };
+    EXPECT_TRUE(inForce(SettingType::ShadeEveryOtherRow));
+    EXPECT_FALSE(inForce(SettingType::ShowTabBar));
+    replace(settingsPath, "Setting,User Value\nShow Tab Bar,\n");
+    window->runCommand("Toggle Shade Every Other Row");
+    window->runCommand("Toggle Shade Every Other Row");
+    EXPECT_EQ(settingsRow("Show Tab Bar"), "false");
+    window->onPreferenceChanged(settingsPath);
+    EXPECT_TRUE(inForce(SettingType::ShadeEveryOtherRow));
+    replace(settingsPath, "Setting,User Value\nShow Tab Bar,true\n");
+    window->onPreferenceChanged(settingsPath);
+    EXPECT_TRUE(inForce(SettingType::ShadeEveryOtherRow));
+    EXPECT_TRUE(inForce(SettingType::ShowTabBar));
+}
+
 TEST_F(PreferenceWindowTest, ASettingThatTheUserPutIntoTheFileHimselfReplacesOneThatCouldNotBeWritten) {
     MsgBoxAnswers box;
     QFile::remove(settingsPath);
