@@ -237,6 +237,7 @@ void WatchedFiles::processExternalFileChange(QString const& path, int generation
 }
 
 void WatchedFiles::tellChange(QString const& path) {
+    asked.remove(path);
     if (std::optional<FileState> const state = files.stateOf(path)) {
         asked.insert(path, *state);
     }
