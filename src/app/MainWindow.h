@@ -507,6 +507,7 @@ private:
     bool askHowToOpenSavedCopy(QString const& path, bool& readOnly);
     // Changes by other programs (MainWindow_Watch.cpp).
     void setupWatch();
+    bool isTextOpen() const;
     void watchTable(TableView* table);
     void unwatchTable(TableView* table);
     void onWatchedFileGone(QString const& path);

@@ -1,6 +1,7 @@
 #include "app/PaneView.h"
 #include "model/undo/DialectCommand.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/support/HeldClock.h"
 #include "tests/support/Notices.h"
 #include "view/EditorPane.h"
 #include "view/FileDialog.h"
@@ -36,6 +37,21 @@ protected:
                            QString::number(int(model().getEncoding())),
                            QString::number(int(model().getParsingStandard()))}
             .join('/');
+    }
+
+    void show() {
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    static void type(QString const& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    static void enter() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
+    /// Lets what waits for the user come up to the clock several times.
+    static testing::AssertionResult waits(HeldClock const& clock) {
+        int const before = clock.reads;
+        return QTest::qWaitFor([&] { return clock.reads > before + 3; })
+                   ? testing::AssertionSuccess()
+                   : testing::AssertionFailure() << "nobody waits";
     }
 
     /// Switches a setting of the window on by its command.
@@ -127,6 +143,82 @@ TEST_F(SaveFlowTest, OutsideChangesUnderEditsAskAndAFileThatGoesClosesItsTable) 
     EXPECT_TRUE(table()->undoStack()->isClean());
     QFile::remove(path);
     EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
+}
+
+TEST_F(SaveFlowTest, NoQuestionComesBetweenTheKeysOfAText) {
+    HeldClock clock;
+    open("1\n2\n3\n");
+    show();
+    type("one");
+    write("a.csv", "theirs\n");
+    EXPECT_TRUE(waits(clock));
+    clock.pass(TypingGuard::idleMs - 1);
+    type("x");
+    enter();
+    EXPECT_TRUE(waits(clock));
+    type("two");
+    EXPECT_TRUE(waits(clock));
+    enter();
+    clock.pass(TypingGuard::stillMs - 1);
+    EXPECT_TRUE(waits(clock));
+    EXPECT_EQ(stored(), "onex|two|3");
+    EXPECT_EQ(box.texts(), QStringList());
+    clock.pass(1);
+    box.next("Ignore", [] { EXPECT_TRUE(FromOutside::isActing()); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 1; }));
+}
+
+TEST_F(SaveFlowTest, WhatIsTypedWhenTheFileGoesNeverLandsInAnotherTable) {
+    HeldClock clock;
+    open("1\n", "b.csv");
+    TableView const* const other = table();
+    QString const path = open("1\n");
+    show();
+    auto const goes = [&] { return window.getPaneView()->getTableView(path) == nullptr; };
+    type("one");
+    QFile::remove(path);
+    EXPECT_TRUE(waits(clock));
+    type(" more");
+    clock.pass(TypingGuard::idleMs - 1);
+    EXPECT_TRUE(waits(clock));
+    EXPECT_FALSE(goes());
+    clock.pass(1); // as of a user who has left an edit open
+    EXPECT_TRUE(QTest::qWaitFor(goes));
+    EXPECT_EQ(table(), other);
+    type("rest");
+    enter();
+    EXPECT_EQ(stored(), "1");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    type("other");
+    enter();
+    EXPECT_EQ(stored(), "other");
+    Notices::press(window, "Open Last Contents");
+    EXPECT_EQ(stored(), "one more");
+    box.next("Don't Save");
+    window.closeFile(table());
+
+    write("a.csv", "1\n"); // and behind an empty prompt
+    window.openFile(path);
+    clock.pass(TypingGuard::idleMs);
+    window.runCommand("Command Launcher");
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor(goes));
+    type("again");
+    enter();
+    EXPECT_EQ(table()->tableModel()->getTableData().getValueRaw(1, 0).toString(), "again");
+}
+
+TEST_F(SaveFlowTest, AWindowThatClosesAsksAboutTheEditsOfTablesWhoseFilesWent) {
+    QString const path = open("1\n");
+    change("edited");
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Notices::texts(window).isEmpty(); }));
+    box.next("Cancel");
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(stored(), "edited");
+    EXPECT_EQ(Notices::texts(window), QStringList());
+    box.next("Don't Save");
+    EXPECT_TRUE(window.close());
 }
 
 TEST_F(SaveFlowTest, ATableWhoseFileWentComesBackWithItsEditsAndItsHistory) {
