@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/CellRegion.h"
-#include "model/RangeSet.h"
+#include "model/LeftOutCells.h"
 
 #include <QString>
 
@@ -17,7 +17,7 @@ class CellEdit {
 public:
     /// Remembers the selection and the main cell. With `overwrite` the edit replaces the main cell's text instead of
     /// extending it.
-    CellEdit(TableModel& model, bool overwrite);
+    CellEdit(TableModel& model, bool overwrite, LeftOut leftOut = LeftOut::Change);
 
     Range const& mainRange() const { return editMainRange; }
     RangeSet const& ranges() const { return editRanges; }
@@ -39,5 +39,6 @@ private:
     Range editMainRange;
     QString lastText;
     bool overwriteEdit;
+    LeftOut leftOut;
     bool cellTextChanged = false;
 };

@@ -2,6 +2,7 @@
 
 #include "view/CellLengths.h"
 #include "view/FrozenTableView.h"
+#include "view/LeftOutQuestion.h"
 #include "view/MsgBox.h"
 #include "view/SaveFailureMessage.h"
 #include "view/TableDelegate.h"
@@ -134,8 +135,15 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
         !usePane && mainText().size() > CellLengths::longestInPlace && (fromInputMethod || !event->text().isEmpty());
     if (!skipLoad && !resolveEditPathForLargeMainCell(usePane))
         return;
+    if (inLeftOutPrompt)
+        return;
+    inLeftOutPrompt = true;
+    std::optional<LeftOut> const leftOut = askAboutLeftOutCells(this, *tableModel(), std::nullopt);
+    inLeftOutPrompt = false;
+    if (!leftOut)
+        return;
     scrollToMainCell(true, true);
-    beginEdit(overwrite);
+    beginEdit(overwrite, *leftOut);
     if (!usePane) {
         openCellEditor(overwrite, skipLoad, fromInputMethod ? nullptr : event);
         return;
@@ -147,8 +155,8 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
     onCellTextEdited(event->text());
 }
 
-void TableView::beginEdit(bool overwrite) {
-    pendingEdit.emplace(*tableModel(), overwrite);
+void TableView::beginEdit(bool overwrite, LeftOut leftOut) {
+    pendingEdit.emplace(*tableModel(), overwrite, leftOut);
     setEditStateOfAllViews(true, nullptr);
     emit addContextSignal(Context::CellEditing);
 }
