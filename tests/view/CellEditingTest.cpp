@@ -100,10 +100,11 @@ TEST_F(CellEditingTest, AsksBeforeItChangesCellsThatWereTakenOutOfTheSelection) 
         view.selectEntireTable();
         ASSERT_TRUE(model().removeCellFromSelection(2, 1));
         answers.next(QString::fromLatin1(each.answer));
-        QTest::keyClicks(&view, QStringLiteral("n"));
-        if (editor() != nullptr)
-            QTest::keyClicks(editor(), QStringLiteral("ew"));
+        type(QStringLiteral("n"));
+        if (view.isEditing())
+            type(QStringLiteral("ew"));
         view.stopEditing();
+        closeOld();
         EXPECT_EQ(text(2, 1), QString::fromLatin1(each.out));
         EXPECT_EQ(text(2, 2), QString::fromLatin1(each.in));
         EXPECT_EQ(answers.texts().last(), "1 cell that was taken out of the selection would be changed too.");
