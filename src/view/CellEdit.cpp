@@ -5,8 +5,8 @@
 
 #include <utility>
 
-CellEdit::CellEdit(TableModel& model, bool overwrite, LeftOut leftOut)
-    : model(model), editRanges(model.getSelectedSet()), overwriteEdit(overwrite), leftOut(leftOut) {
+CellEdit::CellEdit(TableModel& model, LeftOut leftOut)
+    : model(model), editRanges(model.getSelectedSet()), leftOut(leftOut) {
     copyWithoutValues(editMainRange, model.getMainCell());
     if (editRanges.isEmpty())
         editRanges = RangeVector{editMainRange};

@@ -117,7 +117,7 @@ void TableView::startEditing(bool overwrite, bool cursorAtEnd) {
         return;
     scrollToMainCell(true, true);
     deselectAllButTheMainCell();
-    beginEdit(overwrite);
+    beginEdit();
     if (usePane)
         emit startOffCellEditSignal(overwrite, !largeCellCursorAtFront && cursorAtEnd);
     else
@@ -143,7 +143,7 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
     if (!leftOut)
         return;
     scrollToMainCell(true, true);
-    beginEdit(overwrite, *leftOut);
+    beginEdit(*leftOut);
     if (!usePane) {
         openCellEditor(overwrite, skipLoad, fromInputMethod ? nullptr : event);
         return;
@@ -155,8 +155,8 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
     onCellTextEdited(event->text());
 }
 
-void TableView::beginEdit(bool overwrite, LeftOut leftOut) {
-    pendingEdit.emplace(*tableModel(), overwrite, leftOut);
+void TableView::beginEdit(LeftOut leftOut) {
+    pendingEdit.emplace(*tableModel(), leftOut);
     setEditStateOfAllViews(true, nullptr);
     emit addContextSignal(Context::CellEditing);
 }

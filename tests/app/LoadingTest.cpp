@@ -1,26 +1,16 @@
 #include "app/LoadProgressOverlay.h"
-#include "app/MainWindow.h"
 #include "app/PaneView.h"
-#include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "app/launcher/Launcher.h"
 #include "app/launcher/PromptChain.h"
 #include "commands/HandlerName.h"
-#include "core/Range.h"
-#include "model/undo/SetModelDataCommand.h"
+#include "tests/app/WindowFixture.h"
 #include "tests/support/HeldReads.h"
-#include "tests/support/MsgBoxAnswers.h"
-#include "tests/support/PromptAnswers.h"
 #include "view/EditorPane.h"
 
 #include <QAction>
-#include <QDir>
-#include <QFile>
 #include <QHeaderView>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
 
 #include <random>
 
@@ -34,30 +24,16 @@ struct WatchWaits {
     explicit WatchWaits(int quiet) { MainWindow::setWatchTimings({quiet, 80, 30}); }
 };
 
-class Loading : public testing::Test {
+class Loading : private WatchWaits, public WindowFixture {
 protected:
-    explicit Loading(int watchWait = never) : watchWaits(watchWait) {
+    explicit Loading(int watchWait = never) : WatchWaits(watchWait) {
         window.resize(800, 600);
         window.show();
         window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    QString write(QString const& name, QByteArray const& bytes) const {
-        QString const path = directory.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-    static QByteArray read(QString const& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
-    TableView* table() const { return window.getActiveTable(); }
-    TableModel& model() const { return *table()->tableModel(); }
-    QString cell(int row, int col) const { return model().data(model().index(row, col)).toString(); }
-    QString tableSize() const { return window.getStatusBar()->text(StatusBar::Label::TableSize); }
+    QString tableSize() const { return label(StatusBar::Label::TableSize); }
     /// All texts of the data.
     QStringList contents() const {
         QStringList texts;
@@ -65,11 +41,6 @@ protected:
             for (int col = 0; col < model().columnCountRaw(); ++col)
                 texts << model().dataRaw(model().index(row, col)).toString();
         return texts;
-    }
-    void change(QString const& text) const {
-        RangeVector cells{Range(0, 0, RangeIndexType::Model)};
-        cells[0].value = text;
-        table()->pushUndoCommand(new SetModelDataCommand(&model(), cells, true));
     }
     /// Begins a load of the open file that waits in its middle.
     void reloadAndHold() {
@@ -86,9 +57,6 @@ protected:
     bool isLive(char const* command) { return window.getCommands().find(command)->action->isEnabled(); }
 
     HeldReads reads;
-    WatchWaits watchWaits;
-    QTemporaryDir directory;
-    MainWindow window;
 };
 
 class LoadingAndWatching : public Loading {
@@ -123,24 +91,14 @@ private:
 
     /// Leaves out what opens files, windows, programs or dialogs of the desktop, and what ends the table or the window.
     Command const& anyCommand() {
-        static QStringList const notHere = {"New File",
-                                            "New Window",
-                                            "Open File",
-                                            "Save File As",
-                                            "Save Visible Data As",
-                                            "Close File",
-                                            "Close All Files",
-                                            "Close All Files Except Current",
-                                            "Exit",
-                                            "Edit Settings",
-                                            "Edit Keyboard Shortcuts",
-                                            "Edit File Extension Options",
-                                            "Open Preference File Folder",
-                                            "Toggle Save With Trailing Delimiters"};
+        static QString const notHere =
+            "New File|New Window|Open File|Save File As|Save Visible Data As|Close File|Close All Files|Exit|"
+            "Close All Files Except Current|Edit Settings|Edit Keyboard Shortcuts|Edit File Extension Options|"
+            "Open Preference File Folder|Toggle Save With Trailing Delimiters";
         auto const& all = window.getCommands().sorted();
         for (;;) {
             Command const& command = all[below(unsigned(all.size()))];
-            if (!notHere.contains(command.name))
+            if (!notHere.split('|').contains(command.name))
                 return command;
         }
     }
@@ -156,12 +114,12 @@ private:
     }
 
     void pressKey() {
-        static Qt::Key const keys[] = {Qt::Key_A,      Qt::Key_F2,    Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return,
-                                       Qt::Key_Tab,    Qt::Key_Down,  Qt::Key_Right,  Qt::Key_Space,     Qt::Key_Escape,
-                                       Qt::Key_Insert, Qt::Key_Equal, Qt::Key_Z,      Qt::Key_S,         Qt::Key_R,
-                                       Qt::Key_Enter,  Qt::Key_Minus, Qt::Key_X,      Qt::Key_PageDown,  Qt::Key_C};
-        static Qt::KeyboardModifiers const modifiers[] = {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
-                                                          Qt::ShiftModifier, Qt::AltModifier};
+        using namespace Qt;
+        static Key const keys[] = {Key_A,     Key_F2,    Key_Delete, Key_Backspace, Key_Return,   Key_Tab,   Key_Down,
+                                   Key_Right, Key_Space, Key_C,      Key_Insert,    Key_Equal,    Key_Z,     Key_S,
+                                   Key_R,     Key_Enter, Key_Minus,  Key_X,         Key_PageDown, Key_Escape};
+        static KeyboardModifiers const modifiers[] = {NoModifier, NoModifier, ControlModifier, ShiftModifier,
+                                                      AltModifier};
         TableView* const table = window.getActiveTable();
         std::vector<QWidget*> const targets = {
             table,   table->viewport(),   table->parentWidget(), window.getPaneView()->getEditorPane(),
@@ -210,8 +168,7 @@ QByteArray someTable() {
 
 TEST_F(Loading, NothingThatHappensWhileATableLoadsChangesIt) {
     QByteArray const bytes = someTable();
-    QString const path = write("a.csv", bytes);
-    window.openFile(path);
+    QString const path = open(bytes);
     QStringList const plain = contents();
     for (unsigned const seed : {1U, 2U, 3U, 4U}) {
         Monkey monkey(window, seed);
@@ -241,7 +198,7 @@ TEST_F(Loading, NothingThatHappensWhileATableLoadsChangesIt) {
 }
 
 TEST_F(Loading, CommandsThatNeedATableAreDeadUntilItsEndWhateverAsksForThem) {
-    window.openFile(write("a.csv", "a,b\nc,d\n"));
+    open("a,b\nc,d\n");
     window.runCommand("Select Entire Row(s)");
     char const* const commands[] = {
         "Save File",           "Undo",        "Transpose Table",          "Edit Selected Cell",
@@ -256,7 +213,6 @@ TEST_F(Loading, CommandsThatNeedATableAreDeadUntilItsEndWhateverAsksForThem) {
     EXPECT_EQ(tableSize(), "Loading ...");
     window.runCommand("Set Text Size"); // a question that needs no table
     expectDead();
-    PromptAnswers prompts(window);
     prompts.leave("Text Size:");
     expectDead();
     emit window.getPaneView()->addContextSignal(Context::Navigating | Context::MultiCellSelection);
@@ -271,13 +227,11 @@ TEST_F(Loading, CommandsThatNeedATableAreDeadUntilItsEndWhateverAsksForThem) {
 }
 
 TEST_F(Loading, AReloadThatCannotBeginKeepsTableUndoAndDialectAndSaysWhy) {
-    QString const path = write("a.csv", "a;b\nc;d\n");
-    window.openFile(path);
+    QString const path = open("a;b\nc;d\n");
     change("mine");
     table()->tableModel()->setDelimiter(";", "|");
     QFile::remove(path);
     ASSERT_TRUE(QFile::link("/proc/self/mem", path)); // a regular file whose reading fails
-    MsgBoxAnswers box;
     QString const told =
         QString("This file can't be read again:\n%1\n\nInput/output error.\n\nThe table keeps what it had.").arg(path);
     auto const expectKept = [&] {
@@ -303,9 +257,7 @@ TEST_F(Loading, AReloadThatCannotBeginKeepsTableUndoAndDialectAndSaysWhy) {
 }
 
 TEST_F(LoadingAndWatching, AnUnreadableFileInThePlaceOfTheOpenOneIsToldOnceAndTheNextReloadWorks) {
-    QString const path = write("a.csv", "old\n");
-    window.openFile(path);
-    MsgBoxAnswers box;
+    QString const path = open("old\n");
     box.next("OK");
     QFile::remove(path);
     ASSERT_TRUE(QDir().mkdir(path)); // what even root cannot read
@@ -323,7 +275,6 @@ TEST_F(LoadingAndWatching, AnUnreadableFileInThePlaceOfTheOpenOneIsToldOnceAndTh
 TEST_F(Loading, AFileThatCannotBeReadOpensNoTab) {
     QString const path = directory.filePath("a.csv");
     ASSERT_TRUE(QFile::link("/proc/self/mem", path));
-    MsgBoxAnswers box;
     box.next("OK");
     EXPECT_FALSE(window.openFile(path));
     EXPECT_EQ(box.texts().value(0), QString("This can't be opened as a table:\n%1\n\nInput/output error.").arg(path));
@@ -332,9 +283,7 @@ TEST_F(Loading, AFileThatCannotBeReadOpensNoTab) {
 }
 
 TEST_F(Loading, APartIsToldAndMarkedAndALoadCanBeClosed) {
-    QString const path = write("a.csv", QByteArray("some,cells,of,a,row\n").repeated(50000));
-    window.openFile(path);
-    MsgBoxAnswers box;
+    QString const path = open(QByteArray("some,cells,of,a,row\n").repeated(50000));
     box.next("OK");
     reads.failAfter(1);
     window.runCommand("Reload File");
@@ -354,10 +303,8 @@ TEST_F(Loading, APartIsToldAndMarkedAndALoadCanBeClosed) {
 }
 
 TEST_F(Loading, ATableThatGoesOnBeyondTheGridIsReadOnlyAndItsFileStaysWhole) {
-    QString const path = write("a.csv", "a,b\nc,d\ne,f\n");
-    window.openFile(path);
+    QString const path = open("a,b\nc,d\ne,f\n");
     model().setLoadLimits({2, 100});
-    MsgBoxAnswers box;
     box.next("OK");
     window.runCommand("Reload File");
     EXPECT_TRUE(QTest::qWaitFor([&] { return !box.texts().isEmpty(); }, patience));
@@ -380,8 +327,7 @@ TEST_F(Loading, ATableThatGoesOnBeyondTheGridIsReadOnlyAndItsFileStaysWhole) {
 }
 
 TEST_F(LoadingAndWatching, OnlyTheUserMovesTheFocus) {
-    QString const path = write("a.csv", "a,b\nc,d\n");
-    window.openFile(path);
+    QString const path = open("a,b\nc,d\n");
     EXPECT_EQ(QApplication::focusWidget(), table());
 
     // The table has its keys back after a load; those typed meanwhile go nowhere.
@@ -404,7 +350,7 @@ TEST_F(LoadingAndWatching, OnlyTheUserMovesTheFocus) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "new"; }, patience));
     QCoreApplication::processEvents();
     EXPECT_EQ(QApplication::focusWidget(), editor);
-    PromptAnswers(window).leave("Text Size:");
+    prompts.leave("Text Size:");
     EXPECT_EQ(QApplication::focusWidget(), table());
 
     // And so with an edit in a cell of one table while another one is read again or goes.
@@ -425,7 +371,7 @@ TEST_F(LoadingAndWatching, OnlyTheUserMovesTheFocus) {
 }
 
 TEST_F(Loading, AfterALoadEveryPartOfTheTableIsPaintedAgain) {
-    window.openFile(write("a.csv", "a\n"));
+    open("a\n");
     reloadAndHold();
     endLoad();
     for (QWidget const* const part : table()->findChildren<QWidget*>())
@@ -433,7 +379,7 @@ TEST_F(Loading, AfterALoadEveryPartOfTheTableIsPaintedAgain) {
 }
 
 TEST_F(Loading, EachLoadBeginsItsProgressAtZero) {
-    window.openFile(write("a.csv", "a\n"));
+    open("a\n");
     auto* const overlay = window.getPaneView()->findChild<LoadProgressOverlay*>();
     overlay->setProgress(9, 10);
     EXPECT_EQ(overlay->text(), "90%");

@@ -1,55 +1,21 @@
-#include "app/MainWindow.h"
-
 #include "app/LoadProgressOverlay.h"
-#include "app/PaneView.h"
-#include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "commands/HandlerName.h"
-#include "model/undo/SetModelDataCommand.h"
-#include "tests/support/MsgBoxAnswers.h"
+#include "model/undo/DialectCommand.h"
+#include "model/undo/InsertLinesCommand.h"
+#include "model/undo/SetEncodingCommand.h"
+#include "tests/app/WindowFixture.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QLayout>
 #include <QMainWindow>
 #include <QMetaMethod>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QToolButton>
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
-namespace {
-
-class MainWindowTest : public testing::Test {
-protected:
-    QString write(QString const& name, QByteArray const& bytes) {
-        QString const path = directory.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-
-    static QByteArray read(QString const& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
-
-    QString cell(int row, int col) const {
-        TableModel const& model = *window.getActiveTable()->tableModel();
-        return model.data(model.index(row, col)).toString();
-    }
-
-    QString label(StatusBar::Label which) const { return window.getStatusBar()->text(which); }
-
-    QTemporaryDir directory;
-    MainWindow window;
-};
-
-} // namespace
+using MainWindowTest = WindowFixture;
 
 TEST_F(MainWindowTest, AWindowStartsWithAnUntitledTableThatTheFirstFileReplaces) {
     EXPECT_EQ(window.windowTitle(), "untitled - Gridwright");
@@ -83,7 +49,6 @@ TEST_F(MainWindowTest, WhatIsNoTableIsToldAndTheRestStillOpens) {
     QString const fifo = directory.filePath("fifo.csv");
     ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
     QString const good = write("good.csv", "a,b\n");
-    MsgBoxAnswers box;
     box.next("OK");
     EXPECT_TRUE(window.openFiles({fifo, good}));
     EXPECT_EQ(box.texts().value(0),
@@ -99,7 +64,6 @@ TEST_F(MainWindowTest, SavingWritesTheDialectBackAndAFailureIsToldAndLosesNothin
 
     QFile::remove(path);
     ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    MsgBoxAnswers box;
     box.next("OK");
     EXPECT_FALSE(window.saveFile(window.getActiveTable()));
     EXPECT_EQ(box.texts().value(0),
@@ -108,30 +72,6 @@ TEST_F(MainWindowTest, SavingWritesTheDialectBackAndAFailureIsToldAndLosesNothin
                   .arg(path));
     EXPECT_EQ(cell(0, 1), "b\"c");
     EXPECT_EQ(window.getActiveTable()->getFilepath(), path);
-}
-
-TEST_F(MainWindowTest, ClosingAChangedTableAsksAndEachAnswerKeepsItsWord) {
-    QString const path = write("a.csv", "1,2\n");
-    auto const change = [&] {
-        window.openFile(path);
-        TableModel& model = *window.getActiveTable()->tableModel();
-        RangeVector cells{Range(0, 0, RangeIndexType::Model)};
-        cells[0].value = "changed";
-        window.getActiveTable()->pushUndoCommand(new SetModelDataCommand(&model, cells, true));
-    };
-    MsgBoxAnswers box;
-    change();
-    box.next("Cancel");
-    EXPECT_FALSE(window.close());
-    EXPECT_EQ(box.texts().value(0), "Do you want to save changes to a.csv?");
-    EXPECT_EQ(window.windowTitle(), "a.csv - Gridwright");
-    box.next("Don't Save");
-    EXPECT_TRUE(window.closeFile(window.getActiveTable()));
-    EXPECT_EQ(read(path), "1,2\n");
-    change();
-    box.next("Save");
-    EXPECT_TRUE(window.closeFile(window.getActiveTable()));
-    EXPECT_EQ(read(path), "changed,2\n");
 }
 
 TEST_F(MainWindowTest, EveryCommandHasOneHandlerAndEveryHandlerACommand) {
@@ -151,7 +91,6 @@ TEST_F(MainWindowTest, EveryCommandHasOneHandlerAndEveryHandlerACommand) {
 }
 
 TEST_F(MainWindowTest, ACommandThatIsNotBuiltYetSaysSo) {
-    MsgBoxAnswers box;
     box.next("OK");
     window.runCommand("Check for Updates");
     EXPECT_EQ(box.texts().value(0), "Check for Updates\n\nThis version of Gridwright cannot do this yet.");
@@ -199,30 +138,22 @@ TEST_F(MainWindowTest, TheSumIsAlwaysThatOfThePresentSelection) {
     // An edit and its undo.
     window.commandGoToTop();
     EXPECT_EQ(sum(), "Sum: 2");
-    RangeVector cells{Range(0, 1, RangeIndexType::Model)};
-    cells[0].value = "7";
-    cells[0].hasMainCell = true;
-    table.pushUndoCommand(new SetModelDataCommand(table.tableModel(), cells, true));
+    change("7", 0, 1);
     EXPECT_EQ(sum(), "Sum: 7");
     window.commandUndo();
     EXPECT_EQ(sum(), "Sum: 2");
-}
-
-TEST_F(MainWindowTest, CommandsFollowTheContext) {
-    window.openFile(write("a.csv", "1,2\n3,4\n"));
-    window.commandSelectDown();
-    EXPECT_EQ(window.getActiveTable()->tableModel()->numSelectedCells(), 2);
+    // What is hidden does not count, nor what the selection leaves out.
+    model().setAndApplyHiddenRowsList({1});
+    for (auto const& [ranges, expected] :
+         {std::pair("K1,0", "Sum: 202"), std::pair("R1,1", "Sum: 600"), std::pair("T0,0", "Sum: 743"),
+          std::pair("C0,0 K0,1 C1,2", "Sum: 501"), std::pair("C0,1", "Sum: 2")}) {
+        select(ranges);
+        EXPECT_EQ(sum(), expected) << ranges;
+    }
+    window.runCommand("Select Down");
     EXPECT_EQ(label(StatusBar::Label::Selection), "Selected: 1 x 2");
-    EXPECT_EQ(label(StatusBar::Label::Stats), "Sum: 4      Mean: 2");
-    window.commandSelectEntireRows();
+    window.runCommand("Select Entire Row(s)");
     EXPECT_EQ(label(StatusBar::Label::Selection), "Selected: 2 rows");
-    EXPECT_EQ(label(StatusBar::Label::Stats), "Sum: 10      Mean: 2.5");
-    window.commandGoToTop();
-    EXPECT_EQ(label(StatusBar::Label::Selection), "Selected: 1 cell");
-    window.commandRemoveRows();
-    EXPECT_EQ(label(StatusBar::Label::TableSize), "1 row x 2 columns");
-    window.commandUndo();
-    EXPECT_EQ(cell(1, 1), "4");
 }
 
 TEST_F(MainWindowTest, ALargeFileLoadsBehindItsProgressAndCanBeClosedMeanwhile) {
@@ -243,6 +174,187 @@ TEST_F(MainWindowTest, ALargeFileLoadsBehindItsProgressAndCanBeClosedMeanwhile) 
     window.openFile(other);
     EXPECT_TRUE(window.closeFile(window.getActiveTable()));
     EXPECT_EQ(window.windowTitle(), "large.csv - Gridwright");
+}
+
+/// What a user sees in the end, at the keyboard. The tables are a.csv, b.csv ..., each with its name in its cell.
+class WindowFlows : public WindowFixture {
+protected:
+    void SetUp() override {
+        window.resize(900, 600);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    void openAll(QStringList const& names) {
+        for (QString const& name : names)
+            open(name.toUtf8() + ",2\n3,4\n", name + ".csv");
+    }
+    static void type(QString const& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    TableView* tableOf(QString const& name) const {
+        return window.getPaneView()->getTableView(directory.filePath(name + ".csv"));
+    }
+    QString title() const { return window.windowTitle().section(QLatin1Char('.'), 0, 0); }
+    /// The names of the tabs from left to right.
+    QString tabs() const {
+        auto const& bar = *window.findChild<TabBar*>();
+        QString names;
+        for (int i = 0; i < bar.count(); ++i)
+            names += bar.tableAt(i)->tableModel()->getTableName().section(QLatin1Char('.'), 0, 0);
+        return names;
+    }
+};
+
+TEST_F(WindowFlows, AnOpenEditIsKeptWhateverTheUserTurnsTo) {
+    struct {
+        char const* turn;   ///< what ends the edit
+        char const* button; ///< the answer, where that asks
+        char const* file;   ///< what a.csv holds then
+        char const* title;  ///< of the table in front
+    } const cases[] = {
+        {"Save File", nullptr, "a,x\n3,4\n", "a"},
+        {"Save All Files", nullptr, "a,x\n3,4\n", "a"},
+        {"Switch to Tab on the Right", nullptr, "a,2\n3,4\n", "b"},
+        {"New File", nullptr, "a,2\n3,4\n", "untitled - Gridwright"},
+        {"Close File", "Cancel", "a,2\n3,4\n", "a"},
+        {"Reload File", "Cancel", "a,2\n3,4\n", "a"},
+        {"Toggle Read-Only", "Cancel", "a,2\n3,4\n", "a"},
+        {"Close File", "Save", "a,x\n3,4\n", "b"},
+        {"Close All Files Except Current", nullptr, "a,2\n3,4\n", "a"},
+        {"Close File", "Don't Save", "a,2\n3,4\n", "untitled - Gridwright"},
+    };
+    for (auto const& test : cases) {
+        SCOPED_TRACE(std::string(test.turn) + ' ' + (test.button == nullptr ? "" : test.button));
+        openAll({"b"});
+        openAll({"a"});
+        window.runCommand("Switch to Tab 1");
+        bool const last = test.title[0] == 'u' && test.button != nullptr;
+        if (last)
+            window.closeFile(tableOf("b"));
+        window.setActiveTable(tableOf("a"));
+        select("C0,1");
+        type("x");
+        ASSERT_TRUE(table()->isEditing());
+        if (test.button != nullptr)
+            box.next(test.button);
+        window.runCommand(test.turn);
+        EXPECT_EQ(read("a.csv"), test.file);
+        EXPECT_EQ(title(), test.title);
+        if (TableView* const own = tableOf("a")) {
+            window.setActiveTable(own);
+            EXPECT_FALSE(own->isEditing());
+            EXPECT_EQ(shown(), "a x|3 4");
+            EXPECT_EQ(own->undoStack()->count(), 1);
+            window.runCommand("Undo");
+            EXPECT_EQ(shown(), "a 2|3 4");
+            own->undoStack()->setClean();
+        }
+        window.commandCloseAllFiles();
+    }
+}
+
+TEST_F(WindowFlows, WhatIsTypedIntoSeveralCellsLeavesHiddenOnesBetweenThemAlone) {
+    open("h,i,j\na,1,p\nb,2,q\nc,3,r\n");
+    model().setAndApplyHiddenRowsList({2});
+    model().setAndApplyHiddenColsList({1});
+    select("C1,0 C1,1 C2,0");
+    type("x");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(stored(), "h (i) j|x (1) x|(b (2) q)|x (3) r");
+    EXPECT_EQ(selection(), "C2,0* C2,1 C3,0");
+    window.runCommand("Undo");
+    EXPECT_EQ(stored(), "h (i) j|a (1) p|(b (2) q)|c (3) r");
+    EXPECT_EQ(selection(), "C1,0* C1,1 C2,0");
+}
+
+TEST_F(WindowFlows, TheTabToTheLeftFollowsOneThatIsClosedAndOthersLeaveTheActiveOneAlone) {
+    struct {
+        char const* active;
+        char const* closed;
+        char const* front;
+        char const* left;
+    } const cases[] = {{"c", "c", "b", "abd"},
+                       {"a", "a", "b", "bcd"},
+                       {"d", "d", "c", "abc"},
+                       {"b", "d", "b", "abc"},
+                       {"c", "a", "c", "bcd"}};
+    for (auto const& test : cases) {
+        openAll({"a", "b", "c", "d"});
+        ASSERT_EQ(tabs(), "abcd");
+        window.setActiveTable(tableOf(test.active));
+        EXPECT_TRUE(window.closeFile(tableOf(test.closed)));
+        EXPECT_EQ(title(), test.front) << test.closed;
+        EXPECT_EQ(cell(0, 0), test.front);
+        EXPECT_EQ(tabs(), test.left);
+        EXPECT_TRUE(table()->hasFocus());
+        window.commandCloseAllFiles();
+    }
+}
+
+TEST_F(WindowFlows, AWindowWhoseSecondQuestionIsCanceledKeepsWhatIsLeft) {
+    openAll({"a", "b", "c"});
+    for (char const* const name : {"a", "b"}) {
+        window.setActiveTable(tableOf(name));
+        change("changed");
+    }
+    box.next("Save");
+    box.next("Cancel");
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(box.texts(),
+              QStringList({"Do you want to save changes to b.csv?", "Do you want to save changes to a.csv?"}));
+    EXPECT_EQ(read("b.csv"), "changed,2\n3,4\n");
+    EXPECT_EQ(read("a.csv"), "a,2\n3,4\n");
+    EXPECT_EQ(title(), "a");
+    EXPECT_EQ(shown(), "changed 2|3 4");
+    window.runCommand("Undo");
+    EXPECT_TRUE(window.close());
+}
+
+TEST_F(WindowFlows, TheStatusBarTellsOfTheActiveTableOnly) {
+    using Label = StatusBar::Label;
+    openAll({"a", "b"});
+    auto const labels = [this] {
+        QStringList texts;
+        for (std::size_t i = 0; i < StatusBar::labelCount; ++i)
+            texts << label(Label(i));
+        return texts;
+    };
+    TableView& behind = *tableOf("a");
+    TableModel& data = *behind.tableModel();
+    QStringList const before = labels();
+    data.setSelection(modelCell(1, 0), rangesFrom("C1,0 C1,1"));
+    behind.pushUndoCommand(new SetModelDataCommand(&data, data.getSelectedSet(), "longer than before", true));
+    behind.pushUndoCommand(new InsertRowsCommand(&data, data.getSelectedSet(), 1, true, true));
+    behind.pushUndoCommand(new SetEncodingCommand(&data, data.getSelectedSet(), EncodingType::Utf16LE, true));
+    behind.pushUndoCommand(new SetDelimiterCommand(&data, data.getSelectedSet(), "|", true));
+    behind.pushUndoCommand(new SetLineEndingCommand(&data, data.getSelectedSet(), LineEndingType::Windows, true));
+    data.setAndApplyHiddenColsList({1});
+    EXPECT_EQ(labels(), before);
+    window.setActiveTable(&behind);
+    EXPECT_EQ(label(Label::TableSize), "3 rows x 2 columns (3 rows x 1 column)");
+    EXPECT_EQ(label(Label::Encoding), "UTF-16LE");
+    EXPECT_EQ(label(Label::Delimiter), "Delimiters (Load, Save): comma (,), pipe (|)");
+    EXPECT_EQ(label(Label::LineEnding), "Windows");
+    window.setActiveTable(tableOf("b"));
+    EXPECT_EQ(labels(), before);
+}
+
+TEST_F(WindowFlows, AReloadAfterASetEncodingReadsTheFileInItsOwnAndAfterTheSaveInTheNewOne) {
+    open("\xc3\xa9,1\n");
+    run("Set Encoding for File Save", {"UTF-16LE"});
+    EXPECT_EQ(label(StatusBar::Label::Encoding), "UTF-16LE");
+    box.next("Discard");
+    window.runCommand("Reload File");
+    QTRY_VERIFY(!table()->isLoading());
+    EXPECT_EQ(label(StatusBar::Label::Encoding), "UTF-8");
+    EXPECT_EQ(shown(), "é 1");
+    run("Set Encoding for File Save", {"UTF-16LE"});
+    window.runCommand("Save File");
+    EXPECT_EQ(read("a.csv"), QByteArray("\xe9\0,\0001\0\n\0", 8));
+    window.runCommand("Reload File");
+    QTRY_VERIFY(!table()->isLoading());
+    EXPECT_EQ(label(StatusBar::Label::Encoding), "UTF-16LE");
+    EXPECT_EQ(shown(), "é 1");
 }
 
 TEST(StatusBar, ALabelIsLeftOutOnlyWhereItsRoomIsMissing) {

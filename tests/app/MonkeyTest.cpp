@@ -1,3 +1,4 @@
+#include "tests/app/WindowFixture.h"
 #include "tests/app/WindowMonkey.h"
 
 #include <QDeadlineTimer>
@@ -13,6 +14,7 @@ struct Quick {
 
 class MonkeyTest : public testing::TestWithParam<unsigned> {
     Quick quick;
+    OwnPreferences preferences;
 };
 
 } // namespace

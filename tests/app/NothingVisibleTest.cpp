@@ -1,22 +1,11 @@
 // Tables of which little or nothing is in sight, under every command.
 
-#include "app/MainWindow.h"
-#include "app/PaneView.h"
 #include "app/launcher/Launcher.h"
-#include "app/launcher/PromptChain.h"
+#include "tests/app/WindowFixture.h"
 #include "view/FileDialog.h"
-#include "view/MsgBox.h"
-#include "view/TableView.h"
 
 #include <QAbstractButton>
-#include <QFile>
-#include <QLineEdit>
 #include <QPointer>
-#include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
-
-#include <functional>
 
 namespace {
 
@@ -49,18 +38,7 @@ void PrintTo(Sight const& sight, std::ostream* out) {
 /// These end the window or open another program.
 QStringList const outside = {"Exit", "Open Preference File Folder"};
 
-/// The preferences that the commands set, gone with the test.
-class OwnPreferences {
-public:
-    OwnPreferences() : saved(qgetenv("XDG_DATA_HOME")) { qputenv("XDG_DATA_HOME", home.path().toLocal8Bit()); }
-    ~OwnPreferences() { qputenv("XDG_DATA_HOME", saved); }
-
-private:
-    QTemporaryDir home;
-    QByteArray saved;
-};
-
-class LittleInSight : public testing::TestWithParam<Sight> {
+class LittleInSight : public WindowFixture, public testing::WithParamInterface<Sight> {
 protected:
     LittleInSight() : path(directory.filePath("table.csv")) {
         MsgBox::setAnswer([](MsgBox const& box) {
@@ -79,20 +57,11 @@ protected:
         FileDialog::setAnswer({});
     }
 
-    static QByteArray read(QString const& name) {
-        QFile file(name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
-
     /// The table as it is at the start. Opened anew only if it is not that any more.
     void openWithLittleInSight() {
         if (table == nullptr || table != window.getActiveTable() || table->getFilepath() != path || state() != before) {
             closeAll();
-            QFile file(path);
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write(GetParam().file);
-            file.close();
-            ASSERT_TRUE(window.openFile(path));
+            open(GetParam().file, path);
             table = window.getActiveTable();
         }
         table->setReadOnly(GetParam().readOnly);
@@ -175,10 +144,7 @@ protected:
         EXPECT_EQ(read(path), GetParam().file);
     }
 
-    OwnPreferences preferences;
-    QTemporaryDir directory;
     QString path;
-    MainWindow window;
     QPointer<TableView> table;
     QString before;
 };

@@ -1,22 +1,16 @@
-#include "app/MainWindow.h"
-#include "app/PaneView.h"
 #include "app/PreferenceStartup.h"
-#include "app/StatusBar.h"
 #include "app/TabBar.h"
 #include "commands/PreferenceFiles.h"
-#include "core/PathUtilities.h"
 #include "storage/AtomicFileWriter.h"
-#include "tests/support/MsgBoxAnswers.h"
+#include "tests/app/WindowFixture.h"
+#include "view/FrozenTableView.h"
 
 #include <QAction>
-#include <QDir>
-#include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QSettings>
-#include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
 
+#include <functional>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,29 +20,18 @@ constexpr int patience = 20000;
 
 class PreferencesTest : public testing::Test {
 protected:
-    PreferencesTest() {
-        QCoreApplication::setApplicationVersion("2.4.4");
-        QDir().mkpath(location);
-    }
-
-    static void write(QString const& path, QByteArray const& bytes) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    PreferencesTest() { QCoreApplication::setApplicationVersion("2.4.4"); }
 
     static void replace(QString const& path, QByteArray const& bytes) {
         AtomicFileWriter file(path);
         ASSERT_TRUE(file.open() && file.write(std::string_view(bytes.constData(), bytes.size())) && file.commit());
     }
 
-    static QByteArray read(QString const& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
+    QString write(QString const& name, QByteArray const& bytes) const { return directory.write(name, bytes); }
+    QByteArray read(QString const& name) const { return directory.read(name); }
 
-    QTemporaryDir directory;
-    bool const isolated = qputenv("XDG_DATA_HOME", directory.path().toLocal8Bit());
+    TestFolder directory;
+    OwnPreferences preferences;
     QString const location = Utilities::getAppDataLocation();
     QString const settingsPath = Utilities::getSettingsFilepath();
     QString const shortcutsPath = Utilities::getShortcutsFilepath();
@@ -156,46 +139,159 @@ TEST_F(PreferenceWindowTest, ShortcutsAndExtensionsApplyAtOnce) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return save->shortcut() == QKeySequence("F9"); }, patience));
     replace(extensionsPath, "Extension,Delimiter,Line Ending,Encoding,Parsing Standard\nlog,(none),,,\ndat,^,,,\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return window->getExtensions().size() == 4; }, patience));
-    write(directory.filePath("a.dat"), "a^b,c\n");
-    window->openFile(directory.filePath("a.dat"));
+    window->openFile(write("a.dat", "a^b,c\n"));
     EXPECT_EQ(window->getActiveTable()->tableModel()->columnCountRaw(), 2);
-    write(directory.filePath("a.log"), "a,(none)b\n");
-    window->openFile(directory.filePath("a.log"));
+    window->openFile(write("a.log", "a,(none)b\n"));
     EXPECT_EQ(window->getActiveTable()->tableModel()->columnCountRaw(), 1);
     EXPECT_EQ(window->getStatusBar()->text(StatusBar::Label::Delimiter), "Delimiter: (none)");
 }
 
-TEST_F(PreferenceWindowTest, ATogglingCommandChangesTheTableAndTheFileAndBack) {
-    struct Case {
-        char const* command;
-        QByteArray setting;
-        SettingType type;
-    };
-    Case const cases[] = {
-        {"Toggle Shade Every Other Row", "Shade Every Other Row", SettingType::ShadeEveryOtherRow},
-        {"Toggle Show Tab Bar", "Show Tab Bar", SettingType::ShowTabBar},
-        {"Toggle Save After Each Edit", "Save After Each Edit", SettingType::SaveAfterEachEdit},
-        {"Toggle Represent Columns as Letters", "Represent Columns as Letters", SettingType::RepresentColumnsAsLetters},
-    };
-    for (Case const& entry : cases) {
-        bool const before = window->getSettings().getValueBool(entry.type);
-        window->runCommand(entry.command);
-        EXPECT_EQ(settingsRow(entry.setting), before ? "false" : "true");
-        EXPECT_EQ(window->getActiveTable()->getSettings().getValueBool(entry.type), !before);
-        window->runCommand(entry.command);
-        EXPECT_EQ(settingsRow(entry.setting), "");
-    }
-    EXPECT_FALSE(window->getActiveTable()->tableModel()->getSaveAfterEachEdit());
+namespace {
+
+/// What shows that a setting is in force in a table, or in its window.
+struct Effect {
+    char const* setting;
+    QByteArray other; ///< than the default
+    QVariant (*in)(TableView const& table);
+};
+
+template <auto get>
+QVariant of(TableView const& table) {
+    if constexpr (std::is_invocable_v<decltype(get), TableView const&>)
+        return std::invoke(get, table);
+    else if constexpr (std::is_invocable_v<decltype(get), TableModel const&>)
+        return std::invoke(get, *table.tableModel());
+    else
+        return std::invoke(get, table.tableModel()->getCellColorOptions());
 }
 
-TEST_F(PreferenceWindowTest, APreferenceFileIsEditedInTheGridAndSettingsOfTablesAreForNewTables) {
+template <SettingType type>
+QVariant kept(TableView const& table) {
+    return table.getSettings().get(type).value;
+}
+
+template <Qt::Orientation orientation>
+QVariant label(TableView const& table) {
+    QString const text = table.tableModel()->headerData(0, orientation).toString();
+    return text == QLatin1String("A") ? QStringLiteral("0") : text;
+}
+
+template <auto find>
+QVariant isShown(TableView const& table) {
+    return !std::invoke(find, table)->isHidden();
+}
+
+Effect const effects[] = {
+    {"Auto-Fit Column Width", "false", of<&TableView::isAutoFitColWidth>},
+    {"Auto-Fit Row Height", "true", of<&TableView::isAutoFitRowHeight>},
+    {"Behavior When File Is Changed Externally", "ask", kept<SettingType::BehaviorWhenFileIsChangedExternally>},
+    {"Case Sensitive Sorting", "false", of<&TableModel::getCaseSensitiveSorting>},
+    {"Default Column Width", "91", of<&TableView::getDefaultColumnWidth>},
+    {"Default Row Height", "37", of<&TableView::getDefaultRowHeight>},
+    {"First Column Index", "4", label<Qt::Horizontal>},
+    {"First Row Index", "-5", label<Qt::Vertical>},
+    {"Freeze Header Columns", "true", isShown<&TableView::getVerticalFrozenView>},
+    {"Freeze Header Rows", "false", isShown<&TableView::getHorizontalFrozenView>},
+    {"Highlight Header Columns", "false", of<&CellColorOptions::highlightHeaderColumns>},
+    {"Highlight Header Rows", "false", of<&CellColorOptions::highlightHeaderRows>},
+    {"Highlight Main Selected Cell's Column", "true", of<&CellColorOptions::highlightMainCellColumn>},
+    {"Highlight Main Selected Cell's Row", "true", of<&CellColorOptions::highlightMainCellRow>},
+    {"Maximum Column Width for Auto-Fit", "500", of<&TableView::getMaximumColumnWidth>},
+    {"Maximum Row Height for Auto-Fit", "200", of<&TableView::getMaximumRowHeight>},
+    {"Minimum Number of Table Columns", "60", of<&TableModel::getMinNumTableCols>},
+    {"Minimum Number of Table Rows", "70", of<&TableModel::getMinNumTableRows>},
+    {"Number of Buffer Columns", "5", of<&TableModel::getNumBufferCols>},
+    {"Number of Buffer Rows", "6", of<&TableModel::getNumBufferRows>},
+    {"Number of Header Columns", "1", of<&CellColorOptions::headerCols>},
+    {"Number of Header Rows", "2", of<&CellColorOptions::headerRows>},
+    {"Online Map", "maps.example", kept<SettingType::OnlineMap>},
+    {"Read-Only", "true", of<&TableView::isReadOnly>},
+    {"Represent Columns as Letters", "true", of<&TableModel::getRepresentColumnsAsLetters>},
+    {"Save After Each Edit", "true", of<&TableModel::getSaveAfterEachEdit>},
+    {"Save With Trailing Delimiters", "false", of<&TableModel::getSaveWithTrailingDelimiters>},
+    {"Search Engine", "search.example", kept<SettingType::SearchEngine>},
+    {"Shade Every Other Column", "true", of<&CellColorOptions::shadeEveryOtherColumn>},
+    {"Shade Every Other Row", "true", of<&CellColorOptions::shadeEveryOtherRow>},
+    {"Show Column Labels", "false", isShown<&QTableView::horizontalHeader>},
+    {"Show Row Labels", "false", isShown<&QTableView::verticalHeader>},
+    {"Show Tab Bar", "false",
+     [](auto& in) { return QVariant(in.window()->template findChild<TabBar*>()->isHidden()); }},
+    {"Suppress Auto-Fit Warnings", "true", kept<SettingType::SuppressAutoFitWarnings>},
+    {"Text Editor", "/bin/sh", kept<SettingType::TextEditor>},
+    {"Text Size", "20", of<&TableModel::getTextSize>},
+    {"Theme", "light", [](auto& in) { return QVariant(in.tableModel()->getTheme().getName()); }},
+    {"UUID Type", "v7", kept<SettingType::UUIDType>},
+};
+
+/// What an open table keeps as it is.
+QStringList const ofNewTables = {"Auto-Fit Column Width",
+                                 "Auto-Fit Row Height",
+                                 "First Column Index",
+                                 "First Row Index",
+                                 "Freeze Header Columns",
+                                 "Freeze Header Rows",
+                                 "Highlight Header Columns",
+                                 "Highlight Header Rows",
+                                 "Maximum Column Width for Auto-Fit",
+                                 "Maximum Row Height for Auto-Fit",
+                                 "Number of Header Columns",
+                                 "Number of Header Rows",
+                                 "Read-Only"};
+
+QStringList seenIn(TableView const& table) {
+    QStringList seen;
+    for (Effect const& effect : effects)
+        seen << effect.in(table).toString();
+    return seen;
+}
+
+std::string settingsThatDiffer(QStringList const& before, QStringList const& after) {
+    QStringList names;
+    for (int i = 0; i < before.size(); ++i) {
+        if (before[i] != after[i])
+            names << effects[i].setting;
+    }
+    return names.join(", ").toStdString();
+}
+
+} // namespace
+
+TEST_F(PreferenceWindowTest, EachSettingAloneHasItsEffectInOpenTablesNewOnesAndOtherWindowsOrInNewOnesOnly) {
+    MainWindow second;
+    auto const openIn = [this](MainWindow& in, QString const& name) -> TableView const& {
+        in.openFile(write(name, "a,b\n1,2\n3,4\n"));
+        return *in.getActiveTable();
+    };
+    TableView const& open = openIn(*window, "open.csv");
+    TableView const& openElsewhere = openIn(second, "elsewhere.csv");
+    auto const set = [this, &second](QByteArray const& setting) {
+        replace(settingsPath, "Setting,User Value\n" + setting + '\n');
+        for (MainWindow* const in : {window.get(), &second})
+            in->onPreferenceChanged(settingsPath);
+    };
+    QStringList const defaults = seenIn(open);
+    int number = 0;
+    for (Effect const& effect : effects) {
+        SCOPED_TRACE(effect.setting);
+        bool const global = !ofNewTables.contains(effect.setting);
+        set(QByteArray(effect.setting) + ',' + effect.other);
+        std::string const it(effect.setting);
+        EXPECT_EQ(settingsThatDiffer(defaults, seenIn(open)), global ? it : "");
+        EXPECT_EQ(settingsThatDiffer(defaults, seenIn(openElsewhere)), global ? it : "");
+        for (MainWindow* const in : {window.get(), &second}) {
+            TableView const& added = openIn(*in, QString("new%1.csv").arg(++number));
+            EXPECT_EQ(settingsThatDiffer(defaults, seenIn(added)), it);
+            in->closeFile(in->getActiveTable());
+        }
+        set({});
+        EXPECT_EQ(seenIn(open), defaults);
+        EXPECT_EQ(seenIn(openElsewhere), defaults);
+    }
+}
+
+TEST_F(PreferenceWindowTest, APreferenceFileIsEditedInTheGridAlsoWhereTablesAreReadOnly) {
     replace(settingsPath, "Read-Only,\nSetting,User Value\nFirst Row Index,5\nRead-Only,true\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return window->getSettings().getValueBool(SettingType::ReadOnly); }, patience));
-    EXPECT_EQ(window->getActiveTable()->tableModel()->getFirstRowIndex(), 0);
-    write(directory.filePath("a.csv"), "a,b\n");
-    window->openFile(directory.filePath("a.csv"));
-    EXPECT_TRUE(window->getActiveTable()->isReadOnly());
-    EXPECT_EQ(window->getActiveTable()->tableModel()->getFirstRowIndex(), 5);
     window->runCommand("Edit Settings");
     TableView& table = *window->getActiveTable();
     EXPECT_EQ(table.getFilepath(), settingsPath);
@@ -210,8 +306,7 @@ TEST_F(PreferenceWindowTest, APreferenceFileIsEditedInTheGridAndSettingsOfTables
 }
 
 TEST_F(PreferenceWindowTest, AnEditableTableBecomesReadOnlyAndBackAndUnsavedChangesAreAskedAbout) {
-    QString const path = directory.filePath("a.csv");
-    write(path, "a,b\n");
+    QString const path = write("a.csv", "a,b\n");
     window->openFile(path);
     TableView& table = *window->getActiveTable();
     auto const mode = [&] { return window->getStatusBar()->text(StatusBar::Label::Mode); };
@@ -306,6 +401,8 @@ TEST_F(PreferenceWindowTest, ASettingThatCannotBeWrittenIsToldStaysInForceAndIsW
     window->runCommand("Toggle Show Tab Bar");
     EXPECT_EQ(settingsRow("Shade Every Other Row"), "true");
     EXPECT_EQ(settingsRow("Show Tab Bar"), "false");
+    window->runCommand("Toggle Show Tab Bar");
+    EXPECT_EQ(settingsRow("Show Tab Bar"), "") << "the default again";
 }
 
 TEST_F(PreferenceWindowTest, ASettingThatTheUserPutIntoTheFileHimselfReplacesOneThatCouldNotBeWritten) {

@@ -1,17 +1,14 @@
 #include "app/launcher/PromptChain.h"
 
 #include "app/launcher/PrevOptionWidget.h"
-#include "tests/support/MsgBoxAnswers.h"
-#include "tests/support/PromptAnswers.h"
-#include "view/TableView.h"
+#include "tests/app/WindowFixture.h"
 
 #include <QPointer>
 #include <QScrollBar>
-#include <gtest/gtest.h>
 
 namespace {
 
-class PromptChainTest : public testing::Test {
+class PromptChainTest : public WindowFixture {
 protected:
     PromptChainTest() {
         window.resize(800, 600);
@@ -43,8 +40,6 @@ protected:
     }
     QStringList takeLog() { return std::exchange(log, {}); }
 
-    MainWindow window;
-    PromptAnswers prompts{window};
     QStringList log;
 };
 
@@ -54,7 +49,6 @@ TEST_F(PromptChainTest, ABadAnswerIsToldAndStandsInTheSamePromptAgain) {
     PromptStep number = step("Number:");
     number.complaint = [](QString const& answer) { return answer == "1" ? "" : "Must be 1."; };
     window.ask(number);
-    MsgBoxAnswers box;
     box.next("OK");
     prompts.answer("Number:", "one");
     EXPECT_EQ(box.texts(), QStringList{"Must be 1."});

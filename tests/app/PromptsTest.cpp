@@ -1,4 +1,3 @@
-#include "app/MainWindow.h"
 #include "app/PaneView.h"
 #include "app/launcher/Launcher.h"
 #include "app/launcher/PromptChain.h"
@@ -8,76 +7,28 @@
 #include "app/prompts/SettingPrompts.h"
 #include "commands/PreferenceFiles.h"
 #include "commands/Settings.h"
-#include "core/PathUtilities.h"
-#include "tests/support/MsgBoxAnswers.h"
+#include "tests/app/WindowFixture.h"
 #include "tests/support/ScriptedAsker.h"
-#include "view/TableView.h"
 
 #include <QClipboard>
-#include <QDir>
-#include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QLineEdit>
-#include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
 
 namespace {
 
-class PromptsTest : public testing::Test {
+class PromptsTest : public WindowFixture {
 protected:
-    PromptsTest() {
-        QString const path = directory.filePath("a.csv");
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("a,b,c\nd,e,f\ng,h,i\n");
-        file.close();
-        window.openFile(path);
-    }
+    PromptsTest() { open("a,b,c\nd,e,f\ng,h,i\n"); }
 
-    TableView* table() const { return window.getActiveTable(); }
-    TableModel& model() const { return *table()->tableModel(); }
-
-    /// The cells, without what is empty at the end of the table.
-    QString cells() const {
-        QStringList rows;
-        for (int row = 0; row < model().rowCountModel(); ++row) {
-            QString line;
-            for (int col = 0; col < model().columnCountModel(); ++col) {
-                QString const text = model().data(model().index(row, col), Qt::EditRole).toString();
-                line += text.isEmpty() ? "." : text;
-            }
-            rows << line;
-        }
-        return rows.join('/');
-    }
+    /// The cells, rows by slashes, "." for an empty one.
+    QString cells() const { return QString::fromStdString(shown()).remove(' ').replace('|', '/').replace('-', '.'); }
 
     QString mainCell() const {
         Range const cell = table()->getMainCell();
         return QString("%1,%2").arg(cell.row).arg(cell.col);
     }
 
-    QByteArray read(QString const& path) const {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
-
-    /// Runs a command and types the answers to its questions.
-    void run(QString const& command, QStringList const& answers) {
-        window.runCommand(command);
-        for (QString const& answer : answers) {
-            ASSERT_NE(window.getPaneView()->getLauncher(), nullptr) << qPrintable(command);
-            auto* const editor = window.getPaneView()->getLauncher()->findChild<QLineEdit*>();
-            editor->setText(answer);
-            QTest::keyClick(editor, Qt::Key_Return);
-        }
-    }
-
     void selectCell(int row, int col) { table()->setMainCellAsSelection(Range(row, col, RangeIndexType::Model)); }
-
-    QTemporaryDir directory;
-    MainWindow window;
 };
 
 } // namespace
@@ -89,60 +40,50 @@ TEST_F(PromptsTest, APlaceIsReadInTheNumbersOfTheHeadersAndEveryMoveCanBeUndone)
     struct Case {
         PromptStep (*prompt)(TableView*);
         int firstIndex;
-        bool letters;
-        bool selectLine;
         QStringList answers;
-        QString title;
-        QString cells;
-        QString mainCell;
+        char const* title;
+        char const* cells; ///< null where they stay
+        char const* mainCell;
+        bool letters = false;
     };
     Case const cases[] = {
-        {Prompts::goToCell, 0, false, false, {" 2 0 "}, "Go to Cell:", untouched, "2,0"},
-        {Prompts::goToCell, 1, false, false, {"r0"}, "Go to Cell:", untouched, "0,1"},
-        {Prompts::goToCell, 1, false, false, {"c3"}, "Go to Cell:", untouched, "1,2"},
-        {Prompts::goToCell, 0, true, false, {"a"}, "Go to Cell:", untouched, "1,0"},
-        {Prompts::goToCell,
-         -5,
-         false,
-         false,
-         {"", "here", "-2147483647 2147483647"},
-         "Go to Cell:",
-         untouched,
-         "0,999999"},
-        {Prompts::goToCell, 0, false, false, {"300"}, "Go to Cell:", untouched, "300,1"},
-        {Prompts::selectFromMainCellTo, 1, false, false, {"3 3"}, "Select From Main Cell To:", untouched, "1,1"},
-        {Prompts::moveCellContentsTo, 0, false, false, {"r0"}, "Move Cell Contents To:", "aec/d.f/ghi", "0,1"},
-        {Prompts::moveCellContentsTo, 0, true, false, {"D1"}, "Move Cell Contents To:", "abc./d.fe/ghi.", "1,3"},
-        {Prompts::duplicateCellContentsTo,
-         1,
-         false,
-         false,
-         {"3 1"},
-         "Duplicate Cell Contents To:",
-         "abc/def/ehi",
-         "2,0"},
-        {moveRows, 1, false, true, {"c1", "1"}, "Move Row(s) Just Above Row:", "def/abc/ghi", "0,0"},
-        {moveRows, 1, false, true, {"900"}, "Move Row(s) Just Above Row:", "abc/ghi/def", "2,0"},
-        {moveCols, 0, false, true, {"r1", "0"}, "Move Column(s) to the Left of Column:", "bac/edf/hgi", "0,0"},
-        {moveCols, 0, true, true, {"1", "d"}, "Move Column(s) to the Left of Column:", "acb/dfe/gih", "0,2"},
+        {Prompts::goToCell, 0, {" 2 0 "}, "Go to Cell:", nullptr, "2,0"},
+        {Prompts::goToCell, 0, {"c8, 25"}, "Go to Cell:", nullptr, "25,8"},
+        {Prompts::goToCell, 1, {"C8 R25"}, "Go to Cell:", nullptr, "24,7"},
+        {Prompts::goToCell, 1, {"r0"}, "Go to Cell:", nullptr, "0,1"},
+        {Prompts::goToCell, 1, {"c3"}, "Go to Cell:", nullptr, "1,2"},
+        {Prompts::goToCell, 0, {"a"}, "Go to Cell:", nullptr, "1,0", true},
+        {Prompts::goToCell, 0, {"ab25"}, "Go to Cell:", nullptr, "25,27", true},
+        {Prompts::goToCell, -5, {"", "here", "-2147483647 2147483647"}, "Go to Cell:", nullptr, "0,999999"},
+        {Prompts::goToCell, 0, {"300"}, "Go to Cell:", nullptr, "300,1"},
+        {Prompts::selectFromMainCellTo, 1, {"3 3"}, "Select From Main Cell To:", nullptr, "1,1"},
+        {Prompts::moveCellContentsTo, 0, {"r0"}, "Move Cell Contents To:", "aec/d.f/ghi", "0,1"},
+        {Prompts::moveCellContentsTo, 0, {"D1"}, "Move Cell Contents To:", "abc./d.fe/ghi.", "1,3", true},
+        {Prompts::duplicateCellContentsTo, 1, {"3 1"}, "Duplicate Cell Contents To:", "abc/def/ehi", "2,0"},
+        {moveRows, 1, {"c1", "1"}, "Move Row(s) Just Above Row:", "def/abc/ghi", "0,0"},
+        {moveRows, 1, {"900"}, "Move Row(s) Just Above Row:", "abc/ghi/def", "2,0"},
+        {moveCols, 0, {"r1", "0"}, "Move Column(s) to the Left of Column:", "bac/edf/hgi", "0,0"},
+        {moveCols, 0, {"1", "d"}, "Move Column(s) to the Left of Column:", "acb/dfe/gih", "0,2", true},
     };
     for (Case const& wanted : cases) {
-        SCOPED_TRACE(qPrintable(wanted.title + wanted.answers.join('|')));
+        SCOPED_TRACE(wanted.title + wanted.answers.join('|').toStdString());
         model().setFirstRowIndex(wanted.firstIndex);
         model().setFirstColIndex(wanted.firstIndex);
         model().setRepresentColumnsAsLetters(wanted.letters);
         selectCell(1, 1);
-        if (wanted.selectLine)
-            wanted.title.contains("Row") ? table()->selectRow(1) : table()->selectCol(1);
+        if (wanted.prompt == +moveRows)
+            table()->selectRow(1);
+        if (wanted.prompt == +moveCols)
+            table()->selectCol(1);
         ScriptedAsker asker(wanted.answers);
         asker.ask(wanted.prompt(table()));
         EXPECT_EQ(asker.titles, QStringList{wanted.title});
         EXPECT_EQ(asker.complaints.size(), wanted.answers.size() - 1);
         EXPECT_EQ(asker.feedbacks.value(0), "(No cell selected)");
         EXPECT_TRUE(model().getHighlightedRanges().empty());
-        EXPECT_EQ(cells(), wanted.cells);
+        EXPECT_EQ(cells(), wanted.cells == nullptr ? untouched : wanted.cells);
         EXPECT_EQ(mainCell(), wanted.mainCell);
-        EXPECT_EQ(table()->undoStack()->isClean(), wanted.cells == untouched);
+        EXPECT_EQ(table()->undoStack()->isClean(), wanted.cells == nullptr);
         table()->undo();
         EXPECT_EQ(cells(), untouched);
     }
@@ -171,35 +112,18 @@ TEST_F(PromptsTest, AConcealedPlaceMeansTheNearestLineInFrontAndAClosedTableNoth
     EXPECT_EQ(mainCell(), "0,0");
 }
 
-TEST_F(PromptsTest, LinesAreInsertedAndDuplicatedSoManyTimes) {
-    struct Case {
-        PromptStep (*prompt)(Axis, TableView*);
-        Axis axis;
-        QStringList answers;
-        QStringList complaints;
-        QString cells;
-    };
+TEST_F(PromptsTest, LinesAreInsertedAndDuplicatedAGoodNumberOfTimes) {
     QString const tooFew = "Must be a whole number 1 or greater.";
-    Case const cases[] = {
-        {Prompts::insertLinesBefore, Axis::Rows, {"2"}, {}, "abc/.../.../def/ghi"},
-        {Prompts::insertLinesBefore, Axis::Columns, {"0", "x", "", "1"}, {tooFew, tooFew, tooFew}, "a.bc/d.ef/g.hi"},
-        {Prompts::duplicateLines, Axis::Rows, {" 2 "}, {}, "abc/def/def/def/ghi"},
-        {Prompts::duplicateLines,
-         Axis::Columns,
-         {"1000001", "1"},
-         {"Must be a whole number 1000000 or less."},
-         "abbc/deef/ghhi"},
-    };
-    for (Case const& wanted : cases) {
-        SCOPED_TRACE(qPrintable(wanted.cells));
-        selectCell(1, 1);
-        ScriptedAsker asker(wanted.answers);
-        asker.ask(wanted.prompt(wanted.axis, table()));
-        EXPECT_EQ(asker.complaints, wanted.complaints);
-        EXPECT_EQ(cells(), wanted.cells);
-        table()->undo();
-        EXPECT_EQ(cells(), "abc/def/ghi");
-    }
+    selectCell(1, 1);
+    ScriptedAsker inserted({"0", "x", "", "1"});
+    inserted.ask(Prompts::insertLinesBefore(Axis::Columns, table()));
+    EXPECT_EQ(inserted.complaints, QStringList({tooFew, tooFew, tooFew}));
+    EXPECT_EQ(cells(), "a.bc/d.ef/g.hi");
+    table()->undo();
+    ScriptedAsker duplicated({"1000001", " 2 "});
+    duplicated.ask(Prompts::duplicateLines(Axis::Rows, table()));
+    EXPECT_EQ(duplicated.complaints, QStringList("Must be a whole number 1000000 or less."));
+    EXPECT_EQ(cells(), "abc/def/def/def/ghi");
 }
 
 TEST_F(PromptsTest, EverySettingWithAValueAsksInItsOwnWordsAndTakesOnlyWhatIsGood) {
@@ -353,10 +277,8 @@ TEST_F(PromptsTest, EachCommandPutsItsQuestion) {
 }
 
 TEST_F(PromptsTest, ASettingOfTheProgramReachesItsFileAndEveryTableAndOneOfATableOnlyThatTable) {
-    QDir().mkpath(Utilities::getAppDataLocation());
     ASSERT_TRUE(PreferenceFiles::makeSettingsFile());
     window.commandNewFile();
-    MsgBoxAnswers box;
     box.next("OK");
     run("Set Minimum Number of Table Rows", {"none", "70"});
     EXPECT_EQ(box.texts(), QStringList{"Must be a whole number 1 or greater."});
@@ -385,7 +307,6 @@ TEST_F(PromptsTest, AReloadReadsTheFileAgainAndAsksBeforeChangesAreLost) {
     EXPECT_EQ(window.getStatusBar()->text(StatusBar::Label::Delimiter), "Delimiter: tab");
     run("Insert Row(s) Before Multiple Times", {"1"});
     EXPECT_FALSE(table()->undoStack()->isClean());
-    MsgBoxAnswers box;
     box.next("Cancel");
     window.runCommand("Reload File");
     EXPECT_FALSE(table()->undoStack()->isClean());

@@ -1,21 +1,11 @@
-#include "app/MainWindow.h"
 #include "app/PaneView.h"
-#include "core/PathUtilities.h"
-#include "core/Range.h"
 #include "model/undo/DialectCommand.h"
-#include "model/undo/SetModelDataCommand.h"
-#include "tests/support/MsgBoxAnswers.h"
+#include "tests/app/WindowFixture.h"
 #include "tests/support/Notices.h"
-#include "tests/support/PromptAnswers.h"
 #include "view/EditorPane.h"
 #include "view/FileDialog.h"
 
-#include <QDir>
-#include <QFile>
 #include <QPointer>
-#include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -23,60 +13,22 @@ struct ShortWaits {
     ShortWaits() { MainWindow::setWatchTimings({20, 80, 30, 50}); }
 };
 
-class SaveFlowTest : public testing::Test {
+class SaveFlowTest : private ShortWaits, public WindowFixture {
 protected:
-    QString write(QString const& name, QByteArray const& bytes) const {
-        QString const path = directory.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-    QByteArray read(QString const& name) const {
-        QFile file(directory.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
-    TableView* table() const { return window.getActiveTable(); }
-    QString cell(int row, int col) const {
-        TableModel const& model = *table()->tableModel();
-        return model.data(model.index(row, col)).toString();
-    }
-    void change(QString const& text, int row = 0) const {
-        RangeVector cells{Range(row, 0, RangeIndexType::Model)};
-        cells[0].value = text;
-        table()->pushUndoCommand(new SetModelDataCommand(table()->tableModel(), cells, true));
-    }
     QString openWithLineBreaks() {
-        QString const path = write("a.csv", "\"x\r\ny\",1\n\"p\nq\",2\n");
-        window.openFile(path);
-        table()->pushUndoCommand(
-            new SetParsingStandardCommand(table()->tableModel(), {}, ParsingStandard::DelimiterOnly, false));
+        QString const path = open("\"x\r\ny\",1\n\"p\nq\",2\n");
+        table()->pushUndoCommand(new SetParsingStandardCommand(&model(), {}, ParsingStandard::DelimiterOnly, false));
         return path;
     }
 
-    /// Puts the settings of a file in force, which is gone afterwards.
-    void set(QByteArray const& setting, QByteArray const& value) {
-        QFile file(Utilities::getSettingsFilepath());
-        ASSERT_TRUE(QDir().mkpath(Utilities::getAppDataLocation()) && file.open(QIODevice::WriteOnly));
-        file.write("Setting,User Value\n" + setting + ',' + value + '\n');
-        file.close();
-        window.onPreferenceChanged(file.fileName());
-        file.remove();
-    }
     /// Switches a setting of the window on by its command.
     void toggle(QString const& setting) { window.runCommand("Toggle " + setting); }
-
-    ShortWaits shortWaits;
-    QTemporaryDir directory;
-    MainWindow window;
-    MsgBoxAnswers box;
 };
 
 } // namespace
 
 TEST_F(SaveFlowTest, AnOwnSaveIsQuietAndOutsideWritesAndReplacementsAreReadAgain) {
-    QString const path = write("a.csv", "1\n");
-    window.openFile(path);
+    QString const path = open("1\n");
     change("2");
     EXPECT_TRUE(window.saveFile(table()));
     EXPECT_TRUE(table()->undoStack()->isClean());
@@ -91,7 +43,7 @@ TEST_F(SaveFlowTest, AnOwnSaveIsQuietAndOutsideWritesAndReplacementsAreReadAgain
 }
 
 TEST_F(SaveFlowTest, NoSaveGoesOverAChangeThatNobodyWasToldOf) {
-    window.openFile(write("a.csv", "1\n"));
+    open("1\n");
     change("mine");
     write("a.csv", "theirs\n"); // saved before the watch can have told of it
     box.next("Ignore");
@@ -122,7 +74,7 @@ TEST_F(SaveFlowTest, NoSaveGoesOverAChangeThatNobodyWasToldOf) {
 }
 
 TEST_F(SaveFlowTest, ASaveUnderAnotherNameThatFailsDoesNotHideAnOutsideChange) {
-    window.openFile(write("a.csv", "1\n"));
+    open("1\n");
     change("mine");
     write("a.csv", "theirs\n");
     box.next("OK");
@@ -133,8 +85,7 @@ TEST_F(SaveFlowTest, ASaveUnderAnotherNameThatFailsDoesNotHideAnOutsideChange) {
 }
 
 TEST_F(SaveFlowTest, AFileThatTakesThePlaceOfAFolderWhichTookThatOfTheOpenFileIsRead) {
-    QString const path = write("a.csv", "1\n");
-    window.openFile(path);
+    QString const path = open("1\n");
     QFile::remove(path);
     QDir().mkdir(path);
     box.next("OK");
@@ -145,8 +96,7 @@ TEST_F(SaveFlowTest, AFileThatTakesThePlaceOfAFolderWhichTookThatOfTheOpenFileIs
 }
 
 TEST_F(SaveFlowTest, OutsideChangesUnderEditsAskAndAFileThatGoesClosesItsTable) {
-    QString const path = write("a.csv", "1\n");
-    window.openFile(path);
+    QString const path = open("1\n");
     change("mine");
     box.next("Ignore");
     write("a.csv", "theirs\n");
@@ -163,8 +113,7 @@ TEST_F(SaveFlowTest, OutsideChangesUnderEditsAskAndAFileThatGoesClosesItsTable) 
 }
 
 TEST_F(SaveFlowTest, ATableWhoseFileWentComesBackWithItsEditsAndItsHistory) {
-    QString const path = write("a.csv", "1\n");
-    window.openFile(path);
+    QString const path = open("1\n");
     change("edited");
     change("again");
     toggle("Save After Each Edit");
@@ -197,10 +146,9 @@ TEST_F(SaveFlowTest, ATableWhoseFileWentComesBackWithItsEditsAndItsHistory) {
 }
 
 TEST_F(SaveFlowTest, AReadOnlyTableThatComesBackCanBeSaved) {
-    set("Read-Only", "true");
-    QString const path = write("a.csv", "1\n");
-    window.openFile(path);
-    set("Read-Only", "false");
+    set("Read-Only,true");
+    QString const path = open("1\n");
+    set("Read-Only,false");
     ASSERT_TRUE(table()->isReadOnly());
     QFile::remove(path);
     EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
@@ -263,8 +211,7 @@ TEST_F(SaveFlowTest, FilesThatGoBeforeTheUserActsAreOfferedTogether) {
 }
 
 TEST_F(SaveFlowTest, AFileThatGoesWhileItsReloadIsAskedAboutKeepsTheEdits) {
-    QString const path = write("a.csv", "1\n");
-    window.openFile(path);
+    QString const path = open("1\n");
     change("mine");
     QPointer<TableView> const own = table();
     box.next("Reload", [&] { QFile::remove(path); });
@@ -276,10 +223,10 @@ TEST_F(SaveFlowTest, AFileThatGoesWhileItsReloadIsAskedAboutKeepsTheEdits) {
 }
 
 TEST_F(SaveFlowTest, TablesThatGoDuringAQuestionEndTheWorkOnThemOnly) {
-    window.openFile(write("a.csv", "1\n"));
+    open("1\n");
     change("a");
     TableView* const first = table();
-    window.openFile(write("b.csv", "1\n"));
+    open("1\n", "b.csv");
     change("b");
     QFile::remove(directory.filePath("a.csv"));
     QDir().mkdir(directory.filePath("a.csv")); // a file cannot take the place of a folder
@@ -303,7 +250,7 @@ TEST_F(SaveFlowTest, AnOutsideChangeWaitsForTheSortOfItsTable) {
     QByteArray rows;
     for (int i = 0; i < 200000; ++i)
         rows += "w" + QByteArray::number(i * 7919LL % 200000) + "\n";
-    window.openFile(write("a.csv", rows));
+    open(rows);
     table()->tableModel()->setNumberOfHeaderRows(0);
     QTimer::singleShot(0, &window, [this] { write("a.csv", "theirs\n"); });
     window.commandSortSelectedColumnDescending();
@@ -328,7 +275,7 @@ TEST_F(SaveFlowTest, ASaveAsDelimiterOnlyRemovesLineBreaksOrIsCancelled) {
 }
 
 TEST_F(SaveFlowTest, ASaveUnderAnotherNameTakesItsDialectAndACopyOfTheVisibleLeavesTheTable) {
-    window.openFile(write("a.csv", "1,2\n3,4\n"));
+    open("1,2\n3,4\n");
     TableView* const first = table();
     EXPECT_TRUE(window.saveFileUnder(first, directory.filePath("b.tsv"), false));
     EXPECT_EQ(read("b.tsv"), "1\t2\n3\t4\n");
@@ -365,7 +312,6 @@ TEST_F(SaveFlowTest, EachAnswerToTheDelimiterOnlyQuestionEndsInItsOwnFile) {
     extensions.write("Extension,Delimiter,Line Ending,Encoding,Parsing Standard\ndlm,\",\",LF,UTF-8,Delimiter Only\n");
     extensions.close();
     window.onPreferenceChanged(extensions.fileName());
-    PromptAnswers prompts(window);
     for (bool const saveAs : {false, true}) {
         for (Case const& each : cases) {
             SCOPED_TRACE(testing::Message() << each.button << ' ' << qPrintable(each.choices.join('|')) << saveAs);
@@ -395,7 +341,6 @@ TEST_F(SaveFlowTest, EachAnswerToTheDelimiterOnlyQuestionEndsInItsOwnFile) {
 
 TEST_F(SaveFlowTest, ATableThatIsClosedWhileItsLineBreaksAreAskedAboutIsNotSaved) {
     openWithLineBreaks();
-    PromptAnswers prompts(window);
     box.next("Replace");
     EXPECT_FALSE(window.saveFile(table()));
     prompts.expect("Replace line breaks with:");
@@ -408,7 +353,7 @@ TEST_F(SaveFlowTest, ATableThatIsClosedWhileItsLineBreaksAreAskedAboutIsNotSaved
 
 TEST_F(SaveFlowTest, AReloadSortsAgainWithoutClaimingEditsOrWritingTheFile) {
     toggle("Save After Each Edit");
-    window.openFile(write("a.csv", "h\nb\nc\na\n"));
+    open("h\nb\nc\na\n");
     table()->sortRowsOrCols({SortType::Ascending, Axis::Rows, 0});
     EXPECT_EQ(read("a.csv"), "h\na\nb\nc\n");
     EXPECT_TRUE(table()->undoStack()->isClean());
@@ -422,26 +367,35 @@ TEST_F(SaveFlowTest, AReloadSortsAgainWithoutClaimingEditsOrWritingTheFile) {
     write("a.csv", "h\nin order\nof itself\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(1, 0) == "in order"; }));
     EXPECT_TRUE(table()->undoStack()->isClean());
+    table()->sortRowsOrCols({SortType::Descending, Axis::Columns, 1});
+    for (QByteArray const outside : {"h,i\n1,2\n", "h,i,j,k,l\n2,1,3,5,4\n"}) {
+        write("a.csv", outside);
+        QString const first = outside.contains('5') ? "5" : "2";
+        EXPECT_TRUE(QTest::qWaitFor([&] { return cell(1, 0) == first; }));
+        EXPECT_EQ(model().getColSortData(), (SortData{SortType::Descending, Axis::Columns, 1}));
+        EXPECT_EQ(read("a.csv"), outside);
+    }
+    EXPECT_EQ(shown(), "k l j h i|5 4 3 2 1");
     toggle("Save After Each Edit");
 }
 
 TEST_F(SaveFlowTest, TwoTablesNeverComeToStandOnOneFile) {
     QString const other = write("b.csv", "theirs\n");
     window.openFile(other);
-    TableView* const open = table();
-    window.openFile(write("a.csv", "mine\n"));
+    TableView* const first = table();
+    open("mine\n");
     TableView* const own = table();
     box.next("OK");
     EXPECT_FALSE(window.saveFileUnder(own, other, false));
     EXPECT_TRUE(box.texts().last().startsWith("This file is open in another tab:\n" + other));
     EXPECT_EQ(read("b.csv"), "theirs\n");
     EXPECT_EQ(own->getFilepath(), directory.filePath("a.csv"));
-    window.setActiveTable(open);
+    window.setActiveTable(first);
     change("edited");
     box.next("OK");
     EXPECT_FALSE(window.saveFileUnder(own, other, true));
     EXPECT_EQ(read("b.csv"), "theirs\n");
-    open->undo();
+    first->undo();
     EXPECT_TRUE(window.saveFileUnder(own, other, true));
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "mine"; }));
 }
@@ -449,12 +403,14 @@ TEST_F(SaveFlowTest, TwoTablesNeverComeToStandOnOneFile) {
 TEST_F(SaveFlowTest, AnAutomaticSaveDoesNotWriteLineBreaksThatWouldReadBackAsRows) {
     openWithLineBreaks();
     QByteArray const before = read("a.csv");
+    model().setAndApplyHiddenRowsList({1}); // what is hidden is saved too
     toggle("Save After Each Edit");
     box.next("OK");
     change("plain");
     EXPECT_TRUE(box.texts().last().endsWith("Reason: Cannot save as Delimiter Only. 1 cell contains line breaks."));
     EXPECT_EQ(read("a.csv"), before);
     EXPECT_TRUE(table()->hasAutoSaveFailed());
+    model().setAndApplyHiddenRowsList({});
     change("too", 1);
     EXPECT_EQ(read("a.csv"), "plain,1\ntoo,2\n");
     EXPECT_FALSE(table()->hasAutoSaveFailed());
@@ -465,7 +421,7 @@ TEST_F(SaveFlowTest, ASaveOfAllTablesGoesOnAfterOneThatFails) {
     QString const first = write("a.csv", "1\n");
     window.openFile(first);
     change("x");
-    window.openFile(write("b.csv", "1\n\n\n"));
+    open("1\n\n\n", "b.csv");
     change("y");
     toggle("Remove Extraneous Rows/Columns on File Save");
     QFile::remove(first);
@@ -479,8 +435,8 @@ TEST_F(SaveFlowTest, ASaveOfAllTablesGoesOnAfterOneThatFails) {
 }
 
 TEST_F(SaveFlowTest, AskAndIgnoreGovernWhatAnOutsideChangeDoes) {
-    set("Behavior When File Is Changed Externally", "ask");
-    window.openFile(write("a.csv", "1\n"));
+    set("Behavior When File Is Changed Externally,ask");
+    open("1\n");
     box.next("Don't Reload");
     write("a.csv", "22\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 1; }));
@@ -492,18 +448,18 @@ TEST_F(SaveFlowTest, AskAndIgnoreGovernWhatAnOutsideChangeDoes) {
     write("a.csv", "333\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "333"; }));
     EXPECT_TRUE(box.namedFiles().last().endsWith("Your unsaved changes would be lost."));
-    set("Behavior When File Is Changed Externally", "ignore");
+    set("Behavior When File Is Changed Externally,ignore");
     write("a.csv", "4444\n");
     EXPECT_FALSE(QTest::qWaitFor([&] { return cell(0, 0) != "333"; }, 300));
-    set("Behavior When File Is Changed Externally", "refresh");
+    set("Behavior When File Is Changed Externally,refresh");
     write("a.csv", "55555\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == "55555"; }));
 }
 
 TEST_F(SaveFlowTest, ALargeCopyIsOpenedAsTheUserSays) {
-    set("Minimum File Size for Read-Only Mode Query (MB)", "0");
+    set("Minimum File Size for Read-Only Mode Query (MB),0");
     box.next("Open in Edit Mode");
-    window.openFile(write("a.csv", "1,2\n"));
+    open("1,2\n");
     TableView* const own = table();
     for (QString const answer : {"Read-Only\nMode", "Edit Mode", "Don't Open"}) {
         QString const copy = directory.filePath(answer.left(4) + ".csv");
@@ -517,7 +473,7 @@ TEST_F(SaveFlowTest, ALargeCopyIsOpenedAsTheUserSays) {
 }
 
 TEST_F(SaveFlowTest, AFileFromTheThresholdOnIsOpenedAsTheUserSays) {
-    set("Minimum File Size for Read-Only Mode Query (MB)", "1");
+    set("Minimum File Size for Read-Only Mode Query (MB),1");
     constexpr int mebibyte = 1048576;
     QString const below = write("below.csv", QByteArray(mebibyte - 1, 'x'));
     QString const first = write("first.csv", QByteArray(mebibyte, 'x'));
@@ -537,8 +493,7 @@ TEST_F(SaveFlowTest, AFileFromTheThresholdOnIsOpenedAsTheUserSays) {
 }
 
 TEST_F(SaveFlowTest, ASaveWhileTheFileIsReadAgainIsRefused) {
-    QString const path = write("a.csv", "1\n");
-    window.openFile(path);
+    QString const path = open("1\n");
     write("a.csv", "2\n" + QByteArray(8 << 20, 'x'));
     EXPECT_TRUE(QTest::qWaitFor([&] { return table()->isLoading(); }));
     EXPECT_FALSE(window.saveFile(table()));

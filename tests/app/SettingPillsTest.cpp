@@ -1,21 +1,11 @@
 // What the launcher says about the present value of each setting that a command changes.
 
-#include "app/MainWindow.h"
 #include "app/PaneView.h"
-#include "app/launcher/Launcher.h"
 #include "app/launcher/OptionListWidget.h"
 #include "app/launcher/OptionWidget.h"
 #include "commands/PreferenceFiles.h"
 #include "commands/SettingsTable.h"
-#include "core/PathUtilities.h"
-#include "view/TableView.h"
-
-#include <QDir>
-#include <QFile>
-#include <QLineEdit>
-#include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
+#include "tests/app/WindowFixture.h"
 
 #include <algorithm>
 
@@ -23,29 +13,13 @@ namespace {
 
 constexpr int patience = 20000;
 
-class SettingPills : public testing::Test {
+class SettingPills : public WindowFixture {
 protected:
     SettingPills() {
-        QDir().mkpath(Utilities::getAppDataLocation());
         EXPECT_TRUE(PreferenceFiles::makeSettingsFile());
-        open("a.csv", "a;b;c\n1;2;3\n");
-        table().setExtensionData(dialect(";", "|"));
+        open("a;b;c\n1;2;3\n");
+        table()->setExtensionData({"csv", ";", "|"});
     }
-    ~SettingPills() override { QFile::remove(Utilities::getSettingsFilepath()); }
-
-    static ExtensionData dialect(QString const& delimiter, QString const& saveDelimiter) {
-        return {"csv", delimiter, saveDelimiter};
-    }
-
-    void open(QString const& name, QByteArray const& content) {
-        QFile file(directory.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        file.close();
-        ASSERT_TRUE(window.openFile(file.fileName()));
-    }
-
-    TableView& table() { return *window.getActiveTable(); }
 
     /// What the launcher shows beside a command.
     QString pill(QString const& command) {
@@ -64,15 +38,10 @@ protected:
     /// Runs the command and, if it asks, answers.
     void change(QString const& command, QString const& answer) {
         window.runCommand(command);
-        if (Launcher* const launcher = window.getPaneView()->getLauncher()) {
-            launcher->setEditorText(answer);
-            QTest::keyClick(launcher->getEditor(), Qt::Key_Return);
-        }
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !table().isLoading(); }, patience));
+        if (window.getPrompts()->isOpen())
+            prompts.answer(window.getPrompts()->currentTitle(), answer);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !table()->isLoading(); }, patience));
     }
-
-    QTemporaryDir directory;
-    MainWindow window;
 };
 
 /// What is answered where a command asks, and the pill before and after it. Switches need none.
@@ -146,13 +115,13 @@ TEST_F(SettingPills, EachShowsWhatItsCommandHasMadeOfTheSetting) {
 }
 
 TEST_F(SettingPills, ATableShowsItsOwnAndTheModeFollowsItsSwitch) {
-    TableView* const first = &table();
+    TableView* const first = table();
     change("Set First Column Index", "7");
     window.runCommand("Toggle Freeze Header Rows");
     window.runCommand("Toggle Represent Columns as Letters");
     EXPECT_EQ(pill("Set First Column Index"), "7") << "it is kept aside while columns are letters";
     window.runCommand("Toggle Represent Columns as Letters");
-    open("b.csv", "a,b\n1,2\n");
+    open("a,b\n1,2\n", "b.csv");
     EXPECT_EQ(pill("Set First Column Index"), "0");
     EXPECT_EQ(pill("Toggle Freeze Header Rows"), "Frozen");
     EXPECT_EQ(pill("Set Delimiter for File Save"), ",");

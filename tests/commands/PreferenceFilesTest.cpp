@@ -5,11 +5,11 @@
 #include "core/EncodingUtilities.h"
 #include "core/PathUtilities.h"
 #include "model/TableModel.h"
+#include "tests/support/TestFolder.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -42,20 +42,12 @@ protected:
         commands.populate(nullptr);
     }
 
-    static void write(QString const& path, QByteArray const& bytes) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    QString write(QString const& name, QByteArray const& bytes) const { return directory.write(name, bytes); }
+    QByteArray read(QString const& name) const { return directory.read(name); }
 
-    static QByteArray read(QString const& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
+    QList<QByteArray> lines(QString const& path) const { return read(path).split('\n'); }
 
-    static QList<QByteArray> lines(QString const& path) { return read(path).split('\n'); }
-
-    static std::vector<ExtensionData> extensions(QByteArray const& rows) {
+    std::vector<ExtensionData> extensions(QByteArray const& rows) const {
         write(Utilities::getExtensionsFilepath(), rows);
         TableModel model;
         model.loadCSV(Utilities::getExtensionsFilepath(), false, false, ",", ",", EncodingType::Utf8,
@@ -68,7 +60,7 @@ protected:
         ASSERT_TRUE(PreferenceFiles::updateShortcutsFile(commands));
     }
 
-    QTemporaryDir directory;
+    TestFolder directory;
     bool const isolated = qputenv("XDG_DATA_HOME", directory.path().toLocal8Bit());
     QString const settingsPath = Utilities::getSettingsFilepath();
     QString const shortcutsPath = Utilities::getShortcutsFilepath();

@@ -1,7 +1,6 @@
 #include "core/DelimiterUtilities.h"
 
-#include <QFile>
-#include <QTemporaryDir>
+#include "tests/support/TestFolder.h"
 
 using namespace Utilities;
 
@@ -65,13 +64,9 @@ TEST(DelimiterUtilities, DetectsTheDelimiterOfAFile) {
         {"", ","},
         {QByteArray(9999, 'x') + "|" + ";;", "|"}, // only 10000 bytes are looked at
     };
-    QTemporaryDir folder;
-    QString const path = folder.filePath("sample");
+    TestFolder const folder;
     for (auto const& [content, delimiter] : cases) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray(content).replace('~', '\x1F'));
-        file.close();
+        QString const path = folder.write("sample", QByteArray(content).replace('~', '\x1F'));
         EXPECT_EQ(getDelimiterFromAutoDetect(path), delimiter) << content.left(40).toStdString();
     }
     EXPECT_EQ(getDelimiterFromAutoDetect(""), ",");

@@ -1,7 +1,6 @@
 #include "core/EncodingUtilities.h"
 
-#include <QFile>
-#include <QTemporaryDir>
+#include "tests/support/TestFolder.h"
 
 #include <map>
 
@@ -90,13 +89,9 @@ TEST(EncodingUtilities, GuessesByteOrderFromZeros) {
                                      {Utf16LE, ".a.b", Utf16LE},
                                      {Utf16, QByteArray(1000, 'x') + ".a.a", Utf16GuessedLE},
                                      {Utf16, QByteArray(998, 'x') + ".a.a", Utf16GuessedBE}};
-    QTemporaryDir folder;
-    QString const path = folder.filePath("sample.csv");
+    TestFolder const folder;
     for (auto [given, content, guessed] : cases) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content.replace('.', '\0'));
-        file.close();
+        QString const path = folder.write("sample.csv", content.replace('.', '\0'));
         EXPECT_EQ(guessEncodingFromFile(given, path), guessed) << content.toPercentEncoding().toStdString();
     }
     EXPECT_EQ(guessEncodingFromFile(Utf16, folder.filePath("missing.csv")), Utf16);

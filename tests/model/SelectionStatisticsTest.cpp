@@ -3,8 +3,10 @@
 #include "model/SelectionMembership.h"
 #include "tests/core/RangeMakers.h"
 #include "tests/model/TableModelFixture.h"
+#include "tests/support/HeldReads.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 namespace {
 
@@ -80,6 +82,12 @@ TEST_F(SelectionStatisticsTest, SumsInTheBackgroundAsItDoesAtOnce) {
     }
     EXPECT_EQ(sumOf({column(0)}), "Sum: 4,498,500      Mean: 1,499.5");
     EXPECT_EQ(sumOf({column(1)}), "Sum: -      Mean: -");
+    model.setAndApplyHiddenRowsList({10, 2999});
+    model.setAndApplyHiddenColsList({1});
+    EXPECT_TRUE(sumOf({column(0)}).startsWith("Sum: 4,495,491 "));
+    QString const inBackground = sumOf({column(1)});
+    EXPECT_EQ(inBackground, model.getSelectionSumMeanStr());
+    EXPECT_TRUE(inBackground.startsWith("Sum: 1,123,872.75 "));
 }
 
 TEST_F(SelectionStatisticsTest, ALaterSelectionTakesOverAndAReloadStopsTheSum) {
@@ -95,9 +103,13 @@ TEST_F(SelectionStatisticsTest, ALaterSelectionTakesOverAndAReloadStopsTheSum) {
     EXPECT_EQ(sumOf({column(1)}), "Sum: 400,000      Mean: 2");
     EXPECT_EQ(finished.count(), 1);
 
-    statistics.start(&model);
+    HeldReads reads;
+    QSignalSpy loaded(&model, &TableModel::loadFinishedSignal);
+    reads.hold();
     load(text, true);
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(statistics.isRunning());
+    statistics.start(&model);
+    QTRY_VERIFY(!statistics.isRunning());
     EXPECT_EQ(finished.count(), 1);
+    reads.release();
+    EXPECT_TRUE(loaded.wait());
 }

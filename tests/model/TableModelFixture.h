@@ -1,10 +1,9 @@
 #pragma once
 
 #include "model/TableModel.h"
+#include "tests/support/TestFolder.h"
 
 #include <QAbstractItemModelTester>
-#include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -19,22 +18,11 @@ protected:
         QObject::disconnect(&model, &QAbstractItemModel::layoutChanged, &tester, nullptr);
     }
 
-    QString write(QByteArray const& content, char const* name = "table.csv") const {
-        QFile file(directory.filePath(QString::fromLatin1(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return file.fileName();
-    }
-
-    static QByteArray read(QString const& path) {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
+    QByteArray read(QString const& path) const { return directory.read(path); }
 
     void load(QByteArray const& content, bool async = false, bool readOnly = false) {
-        model.loadCSV(write(content), async, readOnly, QStringLiteral(","), QStringLiteral(","), EncodingType::Utf8,
-                      ParsingStandard::Rfc4180);
+        model.loadCSV(directory.write("table.csv", content), async, readOnly, QStringLiteral(","), QStringLiteral(","),
+                      EncodingType::Utf8, ParsingStandard::Rfc4180);
     }
 
     QString text(int row, int col, int role = Qt::DisplayRole) const {
@@ -42,11 +30,12 @@ protected:
     }
 
     /// The whole grid, cells by blanks and rows by bars, "-" for an empty cell.
-    std::string shown() const {
+    std::string shown() const { return shown(model.rowCount(), model.columnCount()); }
+    std::string shown(int rows, int cols) const {
         std::string result;
-        for (int row = 0; row < model.rowCount(); ++row) {
+        for (int row = 0; row < rows; ++row) {
             result += row ? "|" : "";
-            for (int col = 0; col < model.columnCount(); ++col) {
+            for (int col = 0; col < cols; ++col) {
                 std::string const cell = text(row, col).toStdString();
                 result += (col ? " " : "") + (cell.empty() ? "-" : cell);
             }
@@ -54,7 +43,7 @@ protected:
         return result;
     }
 
-    QTemporaryDir directory;
+    TestFolder directory;
     TableModel model;
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };

@@ -98,7 +98,7 @@ TEST_F(TableModelLoadingTest, SavesAndSavesAfterEachEdit) {
     EXPECT_EQ(read(other).trimmed(), "A;b\n;c");
     EXPECT_EQ(model.getSavedRowCountRaw(), 2);
 
-    ASSERT_TRUE(directory.remove());
+    ASSERT_TRUE(QDir(directory.path()).removeRecursively());
     model.setData(model.index(0, 0), "B");
     model.saveAfterEdit();
     ASSERT_EQ(failed.size(), 1);

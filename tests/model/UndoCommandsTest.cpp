@@ -13,7 +13,6 @@
 #include "model/undo/MoveCellContentsCommand.h"
 #include "model/undo/MoveLinesCommand.h"
 #include "model/undo/PasteCommand.h"
-#include "model/undo/RemoveAllFilteredOutAndHiddenDataCommand.h"
 #include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
 #include "model/undo/RemoveLinesCommand.h"
 #include "model/undo/ReplaceLineBreaksCommand.h"
@@ -32,7 +31,8 @@
 
 namespace {
 
-using Make = TableUndoCommand* (*)(TableModel*, RangeVector const&);
+using Command = TableUndoCommand;
+using Make = Command* (*)(TableModel*, RangeVector const&);
 
 struct Case {
     char const* text; ///< the class name
@@ -62,6 +62,12 @@ Range excluding(Range range, int col) {
     return range;
 }
 
+/// The command on the selection.
+template <class Made, auto... arguments>
+Command* made(TableModel* m, RangeVector const& s) {
+    return new Made(m, s, arguments..., true);
+}
+
 template <Axis axis, CellShift shift>
 TableUndoCommand* shifted(TableModel* m, RangeVector const& s) {
     return new WriteCellsCommand(m, s, shiftedCells(*m, s, axis, shift), true);
@@ -75,67 +81,49 @@ constexpr Make clearRestOfRow = shifted<Axis::Rows, CellShift::ClearRest>;
 
 Case const cases[] = {
     {"SetModelDataCommand", "C1,1", "C1,1*",
-     [](TableModel* m, RangeVector const&) -> TableUndoCommand* {
+     [](auto* m, auto&) -> Command* {
          return new SetModelDataCommand(m, {filled("C1,1*", "X")}, {filled("C0,0", "E"), filled("C1,1", "-")}, true,
                                         true);
      },
      "E a1 a2 a3 -|b0 X b2 b3 -|c0 c1 - c3 -|d0 é - - -|- - - - -"},
     {"SetModelDataCommand", "C0,0", "C0,0*",
-     [](TableModel* m, RangeVector const&) -> TableUndoCommand* {
-         return new SetModelDataCommand(m, {filled("C6,6", "far")}, false);
-     },
+     [](auto* m, auto&) -> Command* { return new SetModelDataCommand(m, {filled("C6,6", "far")}, false); },
      "a0 a1 a2 a3 - - -|b0 b1 b2 b3 - - -|c0 c1 - c3 - - -|d0 é - - - - -|- - - - - - -|- - - - - - -|- - - - - - far"},
     {"SetModelDataCommand", "R1,0", "R1,0*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          auto* command = new SetModelDataCommand(m, {excluding(filled("R1,0", "z"), 2)}, true);
          command->setSelectionCells(s);
          return command;
      },
      "a0 a1 a2 a3 - -|z z z z z z|c0 c1 - c3 - -|d0 é - - - -|- - - - - -"},
     {"SetModelDataCommand", "K1,1", "C0,0*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          auto* command = new SetModelDataCommand(m, {withLine("K1,1", {"p", "q"})}, true);
          command->setSelectionCells({filled("C0,0*", "")}, s);
          return command;
      },
      "a0 a1 a2 a3 -|b0 p b2 b3 -|c0 q - c3 -|d0 - - - -|- - - - -"},
     {"SetModelDataCommand", "T0,0", "T0,0*",
-     [](TableModel* m, RangeVector const&) -> TableUndoCommand* {
-         return new SetModelDataCommand(m, {filled("T0,0", "t")}, false);
-     },
+     [](auto* m, auto&) -> Command* { return new SetModelDataCommand(m, {filled("T0,0", "t")}, false); },
      "t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t"},
     {"PasteCommand", "C1,1 C2,2", "C2,1* C1,2",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          return new PasteCommand(m, {filled("C8,9", "P"), filled("C9,8", "Q")}, s, true);
      },
      "a0 a1 a2 a3 -|b0 b1 P b3 -|c0 Q - c3 -|d0 é - - -|- - - - -"},
     {"PasteCommand", "C2,3 C1,1", "C2,3*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new PasteCommand(m, {filled("C0,0", "one")}, s, true);
-     },
+     [](auto* m, auto& s) -> Command* { return new PasteCommand(m, {filled("C0,0", "one")}, s, true); },
      "a0 a1 a2 a3 -|b0 b1 b2 b3 -|c0 c1 - one -|d0 é - - -|- - - - -"},
-    {"MoveCellContentsCommand", "C1,1 C1,2", "C2,0* C2,1",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new MoveCellContentsCommand(m, s, 1, -1, true);
-     },
+    {"MoveCellContentsCommand", "C1,1 C1,2", "C2,0* C2,1", made<MoveCellContentsCommand, 1, -1>,
      "a0 a1 a2 a3 -|b0 - - b3 -|b1 b2 - c3 -|d0 é - - -|- - - - -"},
-    {"MoveCellContentsCommand", "R2,1", "R2,3*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new MoveCellContentsCommand(m, s, 0, 2, true);
-     },
+    {"MoveCellContentsCommand", "R2,1", "R2,3*", made<MoveCellContentsCommand, 0, 2>,
      "a0 a1 a2 a3 - - -|b0 b1 b2 b3 - - -|c0 - - c1 - c3 -|d0 é - - - - -|- - - - - - -"},
-    {"DuplicateCellContentsCommand", "C0,1 C1,1", "C1,1* C2,1",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new DuplicateCellContentsCommand(m, s, Direction::Down, true);
-     },
+    {"DuplicateCellContentsCommand", "C0,1 C1,1", "C1,1* C2,1", made<DuplicateCellContentsCommand, Direction::Down>,
      "a0 a1 a2 a3 -|b0 a1 b2 b3 -|c0 b1 - c3 -|d0 é - - -|- - - - -"},
-    {"DuplicateCellContentsCommand", "K3,0", "K2,0*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new DuplicateCellContentsCommand(m, s, Direction::Left, true);
-     },
+    {"DuplicateCellContentsCommand", "K3,0", "K2,0*", made<DuplicateCellContentsCommand, Direction::Left>,
      "a0 a1 a3 a3 -|b0 b1 b3 b3 -|c0 c1 c3 c3 -|d0 é - - -|- - - - -"},
     {"ReplaceLineBreaksCommand", "C0,0", "C0,0*",
-     [](TableModel* m, RangeVector const&) -> TableUndoCommand* {
+     [](auto* m, auto&) -> Command* {
          RangeVector cells{Range(2, 1, RangeIndexType::Raw), Range(1, 2, RangeIndexType::Raw)};
          std::erase_if(
              cells, [m](Range const& cell) { return cell.row >= m->rowCountRaw() || cell.col >= m->columnCountRaw(); });
@@ -146,123 +134,64 @@ Case const cases[] = {
          return new ReplaceLineBreaksCommand(m, cells);
      },
      "a0 a1 a2 a3 -|b0 b1 one line b3 -|c0 one line - c3 -|d0 é - - -|- - - - -"},
-    {"InsertRowsCommand", "R1,1 C3,0", "C5,0 R1,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new InsertRowsCommand(m, s, 2, true, true);
-     },
+    {"InsertRowsCommand", "R1,1 C3,0", "C5,0 R1,1*", made<InsertRowsCommand, 2, true>,
      "a0 a1 a2 a3 -|- - - - -|- - - - -|b0 b1 b2 b3 -|c0 c1 - c3 -|- - - - -|- - - - -|d0 é - - -|- - - - -"},
-    {"InsertRowsCommand", "C4,0 C0,2", "C6,0* C1,2",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new InsertRowsCommand(m, s, 1, false, true);
-     },
+    {"InsertRowsCommand", "C4,0 C0,2", "C6,0* C1,2", made<InsertRowsCommand, 1, false>,
      "a0 a1 a2 a3 -|- - - - -|b0 b1 b2 b3 -|c0 c1 - c3 -|d0 é - - -|- - - - -|- - - - -"},
-    {"InsertColsCommand", "C0,0 K2,1", "C0,0* K3,1",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new InsertColsCommand(m, s, 1, true, true);
-     },
+    {"InsertColsCommand", "C0,0 K2,1", "C0,0* K3,1", made<InsertColsCommand, 1, true>,
      "- a0 a1 - a2 a3 -|- b0 b1 - b2 b3 -|- c0 c1 - - c3 -|- d0 é - - - -|- - - - - - -"},
-    {"RemoveRowsCommand", "C2,1 R0,0", "R0,0 C2,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new RemoveRowsCommand(m, s, 1, true); },
-     "b0 b1 b2 b3 -|d0 é - - -|- - - - -"},
+    {"RemoveRowsCommand", "C2,1 R0,0", "R0,0 C2,1*", made<RemoveRowsCommand, 1>, "b0 b1 b2 b3 -|d0 é - - -|- - - - -"},
     {"RemoveRowsCommand", "C1,1", "C0,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          return new RemoveRowsCommand(m, s, std::vector<int>{3, 0, 1, 4, 99}, true);
      },
      "c0 c1 - c3 -"},
-    {"RemoveRowsCommand", "T0,0", "T0,0*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new RemoveRowsCommand(m, s, 1, true); }, ""},
-    {"RemoveRowsCommand", "R3,1 C4,0", "C2,0 R2,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new RemoveRowsCommand(m, s, 1, true); },
+    {"RemoveRowsCommand", "T0,0", "T0,0*", made<RemoveRowsCommand, 1>, ""},
+    {"RemoveRowsCommand", "R3,1 C4,0", "C2,0 R2,1*", made<RemoveRowsCommand, 1>,
      "a0 a1 a2 a3 -|b0 b1 b2 b3 -|c0 c1 - c3 -"},
-    {"RemoveColsCommand", "K4,0 K2,1", "K2,0* K2,1",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new RemoveColsCommand(m, s, 1, true); },
+    {"RemoveColsCommand", "K4,0 K2,1", "K2,0* K2,1", made<RemoveColsCommand, 1>,
      "a0 a1 a3|b0 b1 b3|c0 c1 c3|d0 é -|- - -"},
-    {"RemoveColsCommand", "K3,0 C1,0", "K0,0*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new RemoveColsCommand(m, s, 2, true); },
-     "a2|b2|-|-|-"},
-    {"MoveRowsRelativeCommand", "R0,1 C1,1", "R2,1* C3,1",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new MoveRowsRelativeCommand(m, s, 2, true);
-     },
+    {"RemoveColsCommand", "K3,0 C1,0", "K0,0*", made<RemoveColsCommand, 2>, "a2|b2|-|-|-"},
+    {"MoveRowsRelativeCommand", "R0,1 C1,1", "R2,1* C3,1", made<MoveRowsRelativeCommand, 2>,
      "c0 c1 - c3 -|d0 é - - -|a0 a1 a2 a3 -|b0 b1 b2 b3 -|- - - - -"},
-    {"MoveRowsRelativeCommand", "C3,1 C1,0", "C0,0 C2,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new MoveRowsRelativeCommand(m, s, -7, true);
-     },
+    {"MoveRowsRelativeCommand", "C3,1 C1,0", "C0,0 C2,1*", made<MoveRowsRelativeCommand, -7>,
      "b0 b1 b2 b3 -|a0 a1 a2 a3 -|d0 é - - -|c0 c1 - c3 -|- - - - -"},
-    {"MoveColsRelativeCommand", "C0,1 C0,3", "C0,4* C0,6",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new MoveColsRelativeCommand(m, s, 3, true);
-     },
+    {"MoveColsRelativeCommand", "C0,1 C0,3", "C0,4* C0,6", made<MoveColsRelativeCommand, 3>,
      "a0 a2 - - a1 - a3|b0 b2 - - b1 - b3|c0 - - - c1 - c3|d0 - - - é - -|- - - - - - -"},
-    {"MoveColsRelativeCommand", "K1,0 C0,2", "K2,0* C0,3",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new MoveColsRelativeCommand(m, s, 1, true);
-     },
+    {"MoveColsRelativeCommand", "K1,0 C0,2", "K2,0* C0,3", made<MoveColsRelativeCommand, 1>,
      "a0 a3 a1 a2 -|b0 b3 b1 b2 -|c0 c3 c1 - -|d0 - é - -|- - - - -"},
-    {"MoveRowsAbsoluteCommand", "R0,0 C3,1", "R1,0* C2,1",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new MoveRowsAbsoluteCommand(m, s, 2, true);
-     },
+    {"MoveRowsAbsoluteCommand", "R0,0 C3,1", "R1,0* C2,1", made<MoveRowsAbsoluteCommand, 2>,
      "b0 b1 b2 b3 -|a0 a1 a2 a3 -|d0 é - - -|c0 c1 - c3 -|- - - - -"},
-    {"MoveColsAbsoluteCommand", "K2,0 K3,0", "K0,0* K1,0",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new MoveColsAbsoluteCommand(m, s, 0, true);
-     },
+    {"MoveColsAbsoluteCommand", "K2,0 K3,0", "K0,0* K1,0", made<MoveColsAbsoluteCommand, 0>,
      "a2 a3 a0 a1 -|b2 b3 b0 b1 -|- c3 c0 c1 -|- - d0 é -|- - - - -"},
-    {"DuplicateRowsCommand", "R0,1 R1,0 C3,2", "R3,0 R2,1* C6,2",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new DuplicateRowsCommand(m, s, 1, true); },
+    {"DuplicateRowsCommand", "R0,1 R1,0 C3,2", "R3,0 R2,1* C6,2", made<DuplicateRowsCommand, 1>,
      "a0 a1 a2 a3 -|b0 b1 b2 b3 -|a0 a1 a2 a3 -|b0 b1 b2 b3 -|c0 c1 - c3 -|d0 é - - -|d0 é - - -|- - - - -"},
-    {"DuplicateColsCommand", "K1,0 C2,0 C0,3", "C2,2 K3,0* C0,8",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new DuplicateColsCommand(m, s, 2, true); },
+    {"DuplicateColsCommand", "K1,0 C2,0 C0,3", "C2,2 K3,0* C0,8", made<DuplicateColsCommand, 2>,
      "a0 a1 a0 a1 a0 a1 a2 a3 a3 a3 -|b0 b1 b0 b1 b0 b1 b2 b3 b3 b3 -|c0 c1 c0 c1 c0 c1 - c3 c3 c3 -|d0 é d0 é d0 é - "
      "- - - -|- - - - - - - - - - -"},
-    {"RemoveEmptyRowsColsAtEndCommand", "C1,1", "C1,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new RemoveEmptyRowsColsAtEndCommand(m, s, true);
-     },
+    {"RemoveEmptyRowsColsAtEndCommand", "C1,1", "C1,1*", made<RemoveEmptyRowsColsAtEndCommand>,
      "a0 a1 a2 a3|b0 b1 b2 b3|c0 c1 - c3|d0 é - -"},
-    {"SetLineEndingCommand", "C1,1", "C1,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new SetLineEndingCommand(m, s, LineEndingType::Windows, true);
-     },
-     nullptr},
-    {"SetEncodingCommand", "C1,1", "C1,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new SetEncodingCommand(m, s, EncodingType::Utf16LE, true);
-     },
-     nullptr},
+    {"SetLineEndingCommand", "C1,1", "C1,1*", made<SetLineEndingCommand, LineEndingType::Windows>, nullptr},
+    {"SetEncodingCommand", "C1,1", "C1,1*", made<SetEncodingCommand, EncodingType::Utf16LE>, nullptr},
     {"SetEncodingCommand", "C1,1", "C1,1*", // which has no é
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new SetEncodingCommand(m, s, EncodingType::Iso8859_5, true);
-     },
+     made<SetEncodingCommand, EncodingType::Iso8859_5>,
      "a0 a1 a2 a3 -|b0 b1 b2 b3 -|c0 c1 - c3 -|d0 ? - - -|- - - - -"},
-    {"SetParsingStandardCommand", "C1,1", "C1,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new SetParsingStandardCommand(m, s, ParsingStandard::AllQuotes, true);
-     },
+    {"SetParsingStandardCommand", "C1,1", "C1,1*", made<SetParsingStandardCommand, ParsingStandard::AllQuotes>,
      nullptr},
     {"SetDelimiterCommand", "C1,1", "C1,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new SetDelimiterCommand(m, s, QStringLiteral(";"), true);
-     },
-     nullptr},
-    {"TransposeTableCommand", "R2,1 C0,1", "C1,0 K2,0*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* { return new TransposeTableCommand(m, s, true); },
+     [](auto* m, auto& s) -> Command* { return new SetDelimiterCommand(m, s, QStringLiteral(";"), true); }, nullptr},
+    {"TransposeTableCommand", "R2,1 C0,1", "C1,0 K2,0*", made<TransposeTableCommand>,
      "a0 b0 c0 d0 -|a1 b1 c1 é -|a2 b2 - - -|a3 b3 c3 - -|- - - - -"},
     {"ChangeSelectionCommand", "R1,1 C0,0", "C2,2*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
-         return new ChangeSelectionCommand(m, s, rangesFrom("C2,2*"));
-     },
-     nullptr},
+     [](auto* m, auto& s) -> Command* { return new ChangeSelectionCommand(m, s, rangesFrom("C2,2*")); }, nullptr},
     {"WriteCellsCommand", "K1,1 C0,0", "C0,0 K1,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          return new WriteCellsCommand(m, s, changedTexts(*m, s, [](QString const& text) { return text.toUpper(); }),
                                       true);
      },
      "A0 a1 a2 a3 -|b0 B1 b2 b3 -|c0 C1 - c3 -|d0 É - - -|- - - - -"},
     {"WriteCellsCommand", "C0,0", "C0,0*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          return new WriteCellsCommand(
              m, s, changedTexts(*m, rangesFrom("C5,6 C6,5"), [](QString const&) { return QStringLiteral("x"); }), true);
      },
@@ -278,19 +207,19 @@ Case const cases[] = {
     {"WriteCellsCommand", "C0,1", "C0,1*", clearRestOfRow,
      "a0 - - - -|b0 b1 b2 b3 -|c0 c1 - c3 -|d0 é - - -|- - - - -"},
     {"WriteCellsCommand", "C0,1 C0,2 C1,1 C1,2 C2,1 C2,2", "C0,1* C1,1 C0,2 C1,2 C0,3 C1,3",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          auto* command = new WriteCellsCommand(m, s, transposedCells(*m, s), true);
          command->setSelectionCells(transposedRanges(s), s);
          return command;
      },
      "a0 a1 b1 c1 -|b0 a2 b2 - -|c0 - - c3 -|d0 é - - -|- - - - -"},
     {"ApplyHiddenRowsCommand", "R1,0 C3,1", "C0,1*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          return new ApplyHiddenRowsCommand(m, s, HiddenLines(*m, Axis::Rows).withSelected(), true);
      },
      "a0 a1 a2 a3 -|c0 c1 - c3 -|- - - - -"},
     {"ApplyHiddenColsCommand", "C1,1", "C1,0*",
-     [](TableModel* m, RangeVector const& s) -> TableUndoCommand* {
+     [](auto* m, auto& s) -> Command* {
          return new ApplyHiddenColsCommand(m, s, HiddenLines(*m, Axis::Columns).withSelected(), true);
      },
      "a0 a2 a3 -|b0 b2 b3 -|c0 - c3 -|d0 - - -|- - - -"},
@@ -363,17 +292,7 @@ protected:
         ((text += " " + std::to_string(static_cast<int>(numbers))), ...);
     }
 
-    std::string table() const {
-        std::string result;
-        for (int row = 0; row < model.rowCountModel(); ++row) {
-            result += row ? "|" : "";
-            for (int col = 0; col < model.columnCountModel(); ++col) {
-                std::string const cell = text(row, col).toStdString();
-                result += (col ? " " : "") + (cell.empty() ? "-" : cell);
-            }
-        }
-        return result;
-    }
+    std::string table() const { return shown(model.rowCountModel(), model.columnCountModel()); }
 
     QUndoStack stack;
 };
@@ -474,48 +393,6 @@ TEST_F(UndoCommands, ManyPlacesAreInsertedAndRemovedInOnePass) {
     }
 }
 
-TEST_F(UndoCommands, WhatIsHiddenCanBeRemovedAndComesBackHidden) {
-    for (int const standing : {Concealed, ConcealedAndTransposed}) {
-        prepare(standing);
-        model.setSelection(modelCell(2, 1));
-        std::string const before = state();
-        std::string const shownBefore = table();
-        stack.push(new RemoveAllFilteredOutAndHiddenDataCommand(&model, model.getSelection(), true));
-        EXPECT_EQ(table(), shownBefore);
-        EXPECT_EQ(model.rowCountRaw(), 4);
-        EXPECT_EQ(model.columnCountRaw(), 3);
-        EXPECT_FALSE(model.hasHiddenLines());
-        stack.undo();
-        EXPECT_EQ(state(), before);
-    }
-}
-
-TEST_F(UndoCommands, HidingKeepsWhatIsLeftOfTheSelectionOrTheCellNextToIt) {
-    struct {
-        char const* selection;
-        std::vector<int> hiddenRows;
-        char const* expected;
-    } const cases[] = {
-        {"C0,0* C1,1 C3,2", {1}, "C0,0* C2,2"},
-        {"C2,1*", {1, 2}, "C0,1*"},
-        {"K1,0*", {0, 1}, "K1,0*"},
-        {"R0,0* R4,0", {0}, "R3,0*"},
-    };
-    for (auto const& test : cases) {
-        prepare(AsLoaded);
-        RangeVector const ranges = rangesFrom(test.selection);
-        model.setSelection(modelCell(ranges.front().row, ranges.front().col), ranges);
-        std::string const before = textOf(model.getSelection());
-        stack.push(new ApplyHiddenRowsCommand(&model, model.getSelection(), test.hiddenRows, true));
-        EXPECT_EQ(textOf(model.getSelection()), test.expected);
-        stack.undo();
-        EXPECT_EQ(textOf(model.getSelection()), before);
-        stack.redo();
-        EXPECT_EQ(textOf(model.getSelection()), test.expected);
-        stack.clear();
-    }
-}
-
 TEST_F(UndoCommands, TheSortArrowLeavesWithAnEditAndComesBackWithItsUndo) {
     prepare(AsLoaded);
     QSignalSpy const headers(&model, &TableModel::refreshHeadersSignal);
@@ -566,7 +443,9 @@ TEST_F(UndoCommands, AnEditCostsOneRefreshHoweverManyCells) {
     for (int i = 0; i < 16; ++i)
         cells.push_back(filled(("C" + std::to_string(i / 4) + "," + std::to_string(i % 4)).c_str(), "same"));
     stack.push(new SetModelDataCommand(&model, cells, true));
-    EXPECT_EQ(changes.count(), 1);
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes[0][0].toModelIndex(), model.index(0, 0));
+    EXPECT_EQ(changes[0][1].toModelIndex(), model.index(model.rowCount() - 1, model.columnCount() - 1));
 }
 
 TEST_F(UndoCommands, ACommandStaysUndoableWhenItsAutomaticSaveFails) {

@@ -1,8 +1,8 @@
 #include "core/EncodingUtilities.h"
 #include "storage/EditableDataContainer.h"
+#include "tests/support/TestFolder.h"
 
-#include <QFile>
-#include <QTemporaryDir>
+#include <new>
 
 using namespace std::string_literals;
 
@@ -39,6 +39,9 @@ public:
         hasBom = true;
         bom.assign(mark.begin(), mark.end());
     }
+    bool saveWithoutMemory() {
+        return replaceFile([](AtomicFileWriter&) -> bool { throw std::bad_alloc(); });
+    }
     std::string row(int index, GetRowColMaskType type = NoMask, std::vector<int> const& mask = {}) const {
         Bytes out;
         getRowCSVString(out, index, type, mask);
@@ -56,11 +59,10 @@ protected:
     std::string saved(bool transposed = false, std::vector<int> const& rowMask = {},
                       std::vector<int> const& colMask = {}) {
         EXPECT_TRUE(table.saveCSV(folder.filePath("t.csv"), false, transposed, rowMask, colMask));
-        QFile file(folder.filePath("t.csv"));
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "none";
+        return folder.read("t.csv").toStdString();
     }
 
-    QTemporaryDir folder;
+    TestFolder folder;
     Container table;
 };
 
@@ -92,9 +94,7 @@ TEST_F(Saving, EveryStandardLineEndingAndWidth) {
                 EXPECT_EQ(container.row(0), spelled(c.first + lineEnd, encoding)) << static_cast<int>(encoding);
                 EXPECT_EQ(container.row(1), spelled(c.second + lineEnd, encoding)) << static_cast<int>(encoding);
                 ASSERT_TRUE(container.saveCSV(folder.filePath("t.csv"), false, false, {}, {}));
-                QFile file(folder.filePath("t.csv"));
-                ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-                EXPECT_EQ(file.readAll().toStdString(), container.row(0) + container.row(1));
+                EXPECT_EQ(folder.read("t.csv").toStdString(), container.row(0) + container.row(1));
             }
 }
 
@@ -209,8 +209,11 @@ TEST_F(Saving, AFailureSaysWhyAndKeepsThePathAndTheFile) {
     auto const good = saved();
     auto const bad = folder.filePath("no/t.csv");
     EXPECT_FALSE(table.saveCSV(bad, false, false, {}, {}));
-    EXPECT_EQ(table.getLastSaveError(), "No such file or directory.");
+    EXPECT_EQ(table.getLastSaveError(), "There is no folder " + folder.filePath("no") + ".");
     EXPECT_EQ(table.getFilepath(), folder.filePath("t.csv"));
+    EXPECT_FALSE(table.saveWithoutMemory());
+    EXPECT_EQ(table.getLastSaveError(), "There is not enough memory to save the file.");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("t.csv"));
     EXPECT_EQ(saved(), good);
     EXPECT_TRUE(table.getLastSaveError().isEmpty());
 }

@@ -1,7 +1,7 @@
 #include "storage/EditableDataContainer.h"
+#include "tests/support/TestFolder.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -19,12 +19,7 @@ constexpr std::size_t largeBytes = 0x1800000;
 
 class ScannerLoading : public testing::Test {
 protected:
-    QString write(std::string const& bytes) {
-        QFile file(folder.filePath(QStringLiteral("table.csv")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
-        return file.fileName();
-    }
+    QString write(std::string const& bytes) { return folder.write("table.csv", QByteArray::fromStdString(bytes)); }
 
     /// Notes every signal of a container as text, in order.
     static void listen(EditableDataContainer& container, std::vector<std::string>& heard) {
@@ -45,7 +40,7 @@ protected:
         return table;
     }
 
-    QTemporaryDir folder;
+    TestFolder folder;
 };
 
 struct Reading {

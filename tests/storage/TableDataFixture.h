@@ -1,28 +1,14 @@
 #pragma once
 
 #include "storage/TableData.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
+#include "tests/support/TestFolder.h"
 
 /// A TableData with files of its own.
 class TableDataFixture : public testing::Test {
 protected:
-    QString path(char const* name) const { return directory.filePath(QString::fromLatin1(name)); }
-
-    QString write(char const* name, QByteArray const& content) const {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return file.fileName();
-    }
-
-    static QByteArray read(QString const& path) {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
+    QString path(QString const& name) const { return directory.filePath(name); }
+    QString write(QString const& name, QByteArray const& content) const { return directory.write(name, content); }
+    QByteArray read(QString const& name) const { return directory.read(name); }
 
     void load(QByteArray const& content, EncodingType encoding = EncodingType::Utf8) {
         open(write("table.csv", content), false, encoding);
@@ -46,6 +32,6 @@ protected:
         return result;
     }
 
-    QTemporaryDir directory;
+    TestFolder directory;
     TableData data;
 };

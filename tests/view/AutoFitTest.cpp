@@ -38,15 +38,6 @@ TEST(ColumnSample, KeepsTheFiveLongestTextsUntilOneIsTooLong) {
 
 class AutoFit : public TableFixture {
 protected:
-    void loadText(QByteArray const& text) {
-        ASSERT_TRUE(file.open());
-        file.write(text);
-        file.flush();
-        view.resize(640, 480);
-        view.loadCSV(file.fileName(), false);
-        view.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
-    }
     void type(int row, int col, QString const& text) { model().setData(model().index(row, col), text); }
     static QString words(int count) { return QStringLiteral("word ").repeated(count).trimmed(); }
 };

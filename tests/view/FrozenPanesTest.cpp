@@ -39,15 +39,28 @@ protected:
             EXPECT_EQ(placeIn(left(), line, 1).height(), placeIn(view, line, 1).height());
         }
         QPoint const body = view.viewport()->pos();
-        QSize const cross(view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2),
-                          view.rowHeight(0) + view.rowHeight(1));
+        int const row = view.getNumHeaderRows() - 1;
+        int const col = view.getNumHeaderCols() - 1;
+        QSize const cross(view.columnViewportPosition(col) + colsBar().value() + view.columnWidth(col),
+                          view.rowViewportPosition(row) + rowsBar().value() + view.rowHeight(row));
         EXPECT_EQ(corner().geometry(), QRect(body, cross));
         EXPECT_EQ(top().y(), body.y());
         EXPECT_EQ(top().height(), cross.height() + 2);
         EXPECT_EQ(left().x(), body.x());
         EXPECT_EQ(left().width(), cross.width());
-        EXPECT_EQ(placeIn(corner(), 1, 2), placeIn(top(), 1, 2).translated(colsBar().value(), 0));
-        EXPECT_EQ(placeIn(corner(), 1, 2), placeIn(left(), 1, 2).translated(0, rowsBar().value()));
+        EXPECT_EQ(placeIn(corner(), row, col), placeIn(top(), row, col).translated(colsBar().value(), 0));
+        EXPECT_EQ(placeIn(corner(), row, col), placeIn(left(), row, col).translated(0, rowsBar().value()));
+    }
+    /// From a point of a band to another one, which can lie outside.
+    void drag(AbstractTableView& band, QPoint from, QPoint to) {
+        QTest::mousePress(band.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+        QMouseEvent move(QEvent::MouseMove, to, band.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(band.viewport(), &move);
+        QTest::mouseRelease(band.viewport(), Qt::LeftButton, Qt::NoModifier, to);
+    }
+    QPoint inCorner(AbstractTableView& shown, int row, int col) {
+        return corner().viewport()->mapFrom(&view, placeIn(shown, row, col).center());
     }
 };
 
@@ -89,6 +102,50 @@ TEST_F(FrozenPanes, StayInStepWithTheViewBeneath) {
     view.goToBottom();
     view.goToFarRight();
     expectInStep("the last cell");
+}
+
+TEST_F(FrozenPanes, KeysMoveThroughTwoHeaderRowsAndAHeaderColumnAndOutOfThemToTheStartOfTheBody) {
+    view.setNumberOfHeaderColumns(1, false);
+    struct {
+        int row, col;
+        Qt::Key key;
+        int newRow, newCol;
+        bool keepsRows, keepsCols; ///< where the body is scrolled to
+    } const cases[] = {
+        {0, 0, Qt::Key_Down, 1, 0, false, true},   {1, 0, Qt::Key_Down, 2, 0, false, true},
+        {1, 0, Qt::Key_Right, 1, 1, true, false},  {0, 0, Qt::Key_Tab, 0, 1, true, false},
+        {1, 0, Qt::Key_Return, 2, 0, false, true}, {1, 0, Qt::Key_Up, 0, 0, false, true},
+        {0, 0, Qt::Key_Up, 0, 0, true, true},      {1, 0, Qt::Key_Left, 1, 0, true, true},
+    };
+    for (AbstractTableView* const shown :
+         std::initializer_list<AbstractTableView*>{&view, &top(), &left(), &corner()}) {
+        for (auto const& test : cases) {
+            select(test.row, test.col);
+            rowsBar().setValue(1200);
+            colsBar().setValue(560);
+            QTest::keyClick(shown, test.key);
+            EXPECT_EQ(model().getMainCell(), Range(test.newRow, test.newCol, RangeIndexType::Model));
+            EXPECT_EQ(rowsBar().value(), test.keepsRows ? 1200 : 0) << test.row << test.key;
+            EXPECT_EQ(colsBar().value(), test.keepsCols ? 560 : 0) << test.row << test.key;
+            QApplication::processEvents();
+            expectInStep("a key");
+        }
+    }
+    select(2, 1); // the first row and column that are no header
+    for (auto const& [code, bar] : {std::pair(Qt::Key_Down, &rowsBar()), std::pair(Qt::Key_Right, &colsBar())}) {
+        bar->setValue(560);
+        key(code);
+        EXPECT_GT(bar->value(), 0);
+        EXPECT_LT(bar->value(), 560);
+    }
+    // A move in the body stops at the band, not beneath it.
+    select(52, 5);
+    rowsBar().setValue(view.verticalHeader()->sectionPosition(52) - top().height() + 2);
+    key(Qt::Key_Up);
+    EXPECT_GE(placeIn(view, 51, 5).top(), top().geometry().bottom() - 2);
+    EXPECT_GT(rowsBar().value(), 0);
+    QApplication::processEvents();
+    expectInStep("a move up to the band");
 }
 
 TEST_F(FrozenPanes, TheBandsAreWhereTheViewIsBeforeAnyOfThemIsPainted) {
@@ -183,39 +240,17 @@ TEST_F(FrozenPanes, LabelsInABandResizeAndSelectAndADragEndsWithTheBand) {
 
 TEST_F(FrozenPanes, ADragOutOfABandGoesOnInTheBody) {
     view.wheelScroll(Axis::Rows, 240);
-    auto const dragFrom = [this](AbstractTableView& band, QPoint from, QPoint to) {
-        QTest::mousePress(band.viewport(), Qt::LeftButton, Qt::NoModifier, from);
-        QMouseEvent move(QEvent::MouseMove, to, band.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(band.viewport(), &move);
-        QTest::mouseRelease(band.viewport(), Qt::LeftButton, Qt::NoModifier, to);
-    };
     QPoint const body = top().viewport()->mapFrom(&view, placeIn(view, 14, 6).center());
-    dragFrom(top(), top().visualRect(model().index(1, 5)).center(), body);
+    drag(top(), top().visualRect(model().index(1, 5)).center(), body);
     EXPECT_TRUE(model().cellInSelection(Range(14, 6, RangeIndexType::Model)));
     EXPECT_EQ(model().numSelectedCells(), 14 * 2);
     EXPECT_EQ(model().getMainCell(), Range(1, 5, RangeIndexType::Model));
-    dragFrom(left(), left().visualRect(model().index(15, 2)).center(),
-             left().viewport()->mapFrom(&view, placeIn(view, 16, 4).center()));
+    drag(left(), left().visualRect(model().index(15, 2)).center(),
+         left().viewport()->mapFrom(&view, placeIn(view, 16, 4).center()));
     EXPECT_EQ(model().numSelectedCells(), 2 * 3);
 }
 
-/// From a cell of a band to a point of it, which can lie outside.
-class BandDrags : public FrozenPanes {
-protected:
-    void drag(AbstractTableView& band, QPoint from, QPoint to) {
-        QTest::mousePress(band.viewport(), Qt::LeftButton, Qt::NoModifier, from);
-        QMouseEvent move(QEvent::MouseMove, to, band.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(band.viewport(), &move);
-        QTest::mouseRelease(band.viewport(), Qt::LeftButton, Qt::NoModifier, to);
-    }
-    QPoint inCorner(AbstractTableView& shown, int row, int col) {
-        return corner().viewport()->mapFrom(&view, placeIn(shown, row, col).center());
-    }
-};
-
-TEST_F(BandDrags, FromTheCornerGoOnInWhatIsUnderThePointer) {
+TEST_F(FrozenPanes, DragsFromTheCornerGoOnInWhatIsUnderThePointer) {
     view.scrollToCell(100, 20, false, false, Axis::Both);
     QApplication::processEvents();
     int const row = view.rowAt(view.viewport()->height() - 5) - 1;
@@ -233,7 +268,7 @@ TEST_F(BandDrags, FromTheCornerGoOnInWhatIsUnderThePointer) {
     }
 }
 
-TEST_F(BandDrags, OnTheEdgeOfTheHeaderRowsDoNotScroll) {
+TEST_F(FrozenPanes, DragsOnTheEdgeOfTheHeaderRowsDoNotScroll) {
     view.scrollToCell(100, 0, false, false, Axis::Both);
     int const scrolled = rowsBar().value();
     drag(top(), top().visualRect(model().index(1, 5)).center(), QPoint(5, top().viewport()->height() - 1));

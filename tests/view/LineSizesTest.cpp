@@ -67,11 +67,24 @@ TEST_P(LineSizesTest, SizesGoWithTheirLinesPastConcealedOnes) {
     view.enforceTableSize();
     setSizes();
     std::vector<int> const shown = sizes(8);
+    auto const check = [&](QUndoCommand* command, std::vector<int> const& expected) {
+        view.pushUndoCommand(command);
+        EXPECT_EQ(sizes(int(expected.size())), expected) << qPrintable(command->text());
+        view.undo();
+        EXPECT_EQ(sizes(8), shown);
+    };
+    Axis const axis = GetParam();
     std::vector<int> const rawLines{3, 4, 5}; // lines 2 and 3 as they are shown
-    view.pushUndoCommand(new RemoveLinesCommand(GetParam(), &model(), linesAt({2, 3}), rawLines, true));
-    EXPECT_EQ(sizes(6), (std::vector<int>{0, 1, 4, 5, 6, 7}));
-    view.undo();
-    EXPECT_EQ(sizes(8), shown);
+    check(new RemoveLinesCommand(axis, &model(), linesAt({2, 3}), rawLines, true), {0, 1, 4, 5, 6, 7});
+    check(new InsertLinesCommand(axis, &model(), linesAt({3}), 1, true, true), {0, 1, 2, -1, 3, 4, 5, 6, 7});
+    check(new MoveLinesRelativeCommand(axis, &model(), linesAt({2}), 1, true), {0, 1, 3, 2, 4, 5, 6, 7});
+    RangeType const line = isRows() ? RangeType::Row : RangeType::Column;
+    model().setSelection(Range(2, 2, RangeIndexType::Model),
+                         {Range(2, line, RangeIndexType::Model), Range(3, line, RangeIndexType::Model)});
+    isRows() ? view.setRowHeights(105) : view.setColWidths(105);
+    isRows() ? model().showAllRows() : model().showAllCols();
+    view.enforceTableSize();
+    EXPECT_EQ(sizes(), (std::vector<int>{0, 0, 1, 5, 4, 5, 4, 5, 6, 7}));
 }
 
 TEST_P(LineSizesTest, BoundsHold) {
@@ -124,6 +137,27 @@ TEST_P(LineSizesTest, AGridOfLargeLinesEndsWhereItsPixelsDo) {
     EXPECT_EQ(fallback(), large);
     view.redo();
     EXPECT_TRUE(fits()) << fallback();
+}
+
+TEST_P(LineSizesTest, LinesTooLargeForAGridAreShownSmallerAndKeepTheirSizes) {
+    constexpr int large = 500000;
+    constexpr int many = 5000;
+    view.setMaximumRowHeight(large, false);
+    view.pushUndoCommand(new InsertLinesCommand(GetParam(), &model(), linesAt({5}), many, true, true));
+    model().setSelection({Range(RangeType::Table, RangeIndexType::Model)}, true);
+    isRows() ? view.setRowHeights(large) : view.setColWidths(large);
+    isRows() ? view.enforceAutoFitRowHeights({}) : view.enforceAutoFitColWidths({});
+    LineSizeStore const& kept = model().getTableData().lineSizes(GetParam());
+    EXPECT_EQ(kept.sizedTotal(), qint64(large) * kept.sizedCount());
+    qint64 shown = 0;
+    for (int line = 0; line < header().count(); ++line)
+        shown += header().sectionSize(line);
+    EXPECT_EQ(shown, header().length());
+    EXPECT_GE(kept.sizedCount(), many);
+    EXPECT_GT(header().sectionSize(1), fallback());
+    view.undo();
+    isRows() ? view.enforceAutoFitRowHeights({}) : view.enforceAutoFitColWidths({});
+    EXPECT_EQ(header().sectionSize(1), large);
 }
 
 TEST_P(LineSizesTest, SelectedLinesAndDefaultsAreSetByHand) {

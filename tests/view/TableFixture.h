@@ -13,13 +13,17 @@
 class TableFixture : public testing::Test {
 protected:
     void load(int rows, int cols) {
-        ASSERT_TRUE(file.open());
+        QByteArray text;
         for (int row = 0; row < rows; ++row) {
-            QByteArray line;
             for (int col = 0; col < cols; ++col)
-                line += (col > 0 ? "," : "") + QByteArray::number(row) + ':' + QByteArray::number(col);
-            file.write(line + '\n');
+                text += (col > 0 ? "," : "") + QByteArray::number(row) + ':' + QByteArray::number(col);
+            text += '\n';
         }
+        loadText(text);
+    }
+    void loadText(QByteArray const& text) {
+        ASSERT_TRUE(file.open());
+        file.write(text);
         file.flush();
         view.resize(640, 480);
         view.loadCSV(file.fileName(), false);

@@ -1,26 +1,17 @@
 #include "app/Application.h"
-#include "app/MainWindow.h"
-#include "app/PaneView.h"
 #include "app/TabBar.h"
-#include "app/launcher/PromptChain.h"
-#include "core/PathUtilities.h"
-#include "model/undo/SetModelDataCommand.h"
-#include "tests/support/MsgBoxAnswers.h"
+#include "tests/app/WindowFixture.h"
 #include "tests/support/Notices.h"
 #include "view/FileDialog.h"
 
 #include <QDialog>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFile>
 #include <QFileOpenEvent>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -35,23 +26,11 @@ protected:
     }
     ~SecondStartTest() override { FileDialog::setAnswer({}); }
 
-    QString write(QString const& name, QByteArray const& bytes = "1,2\n") const {
-        QString const path = directory.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-    QByteArray read(QString const& name) const {
-        QFile file(directory.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
+    QString write(QString const& name, QByteArray const& bytes = "1,2\n") const { return directory.write(name, bytes); }
+    QByteArray read(QString const& name) const { return directory.read(name); }
     void openAndChange(QString const& name) {
         window->openFile(write(name));
-        TableModel& model = *window->getActiveTable()->tableModel();
-        RangeVector cells{Range(0, 0, RangeIndexType::Model)};
-        cells[0].value = "changed";
-        window->getActiveTable()->pushUndoCommand(new SetModelDataCommand(&model, cells, true));
+        change(*window->getActiveTable(), "changed");
     }
     void secondStart(QString const& file) {
         app.onMessageReceived(2, directory.path().toUtf8() + "<gridwright<" + file.toUtf8());
@@ -76,9 +55,10 @@ protected:
                                           : testing::AssertionFailure() << qPrintable(open());
     }
 
+    OwnPreferences preferences;
     Application& app = *static_cast<Application*>(qApp);
     QPointer<MainWindow> window;
-    QTemporaryDir directory;
+    TestFolder directory;
     MsgBoxAnswers box;
 };
 
