@@ -347,6 +347,35 @@ TEST_F(DataCommands, NothingToDoLeavesTheTableUnchanged) {
     }
 }
 
+TEST_F(DataCommands, ClearingAsksBeforeItEmptiesCellsThatWereTakenOutOfTheSelection) {
+    struct Answer {
+        char const* label;
+        char const* expected;
+    };
+    open("a,b\n1,2\n3,4\n");
+    QUndoStack const& stack = *table()->undoStack();
+    for (auto const& [label, expected] :
+         {Answer{"Leave Them Out", "- -|- 2|- -"}, {"Change All", "- -|- -|- -"}, {"Cancel", "a b|1 2|3 4"}}) {
+        SCOPED_TRACE(label);
+        select("T0,0");
+        ASSERT_TRUE(model().removeCellFromSelection(1, 1));
+        box.next(label);
+        window.runCommand("Clear Cell Contents");
+        EXPECT_EQ(box.texts().value(box.texts().size() - 1),
+                  "1 cell that was taken out of the selection would be changed too.");
+        EXPECT_EQ(stored(), expected);
+        EXPECT_EQ(stack.index(), label == QLatin1String("Cancel") ? 0 : 1);
+        window.runCommand("Undo");
+        EXPECT_EQ(stored(), "a b|1 2|3 4");
+        EXPECT_FALSE(model().getSelectedSet().covers(1, 1)) << "the selection is that of before";
+    }
+    ::change(*table(), QString(), 1, 1);
+    select("T0,0");
+    ASSERT_TRUE(model().removeCellFromSelection(1, 1));
+    window.runCommand("Clear Cell Contents");
+    EXPECT_EQ(stored(), "- -|- -|- -") << "nothing is asked about a cell that is empty";
+}
+
 TEST_F(DataCommands, UuidsFillTheSelectedCellsEachWithItsOwn) {
     select("C0,0 C1,0");
     window.runCommand("Fill Selected Cells with UUID/GUID");
