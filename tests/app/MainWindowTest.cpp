@@ -310,11 +310,15 @@ TEST_F(WindowFlows, AWindowWhoseSecondQuestionIsCanceledKeepsWhatIsLeft) {
     EXPECT_TRUE(window.close());
 }
 
-TEST_F(WindowFlows, TheStatusBarTellsOfTheActiveTableOnly) {
+TEST_F(WindowFlows, StatusBarAndCommandsKnowOfTheActiveTableOnly) {
     using Label = StatusBar::Label;
     openAll({"a", "b"});
-    auto const labels = [this] {
+    select("R1,0");
+    window.runCommand("Hide Selected Row(s)");
+    auto const labels = [this] { // and which commands are live
         QStringList texts;
+        for (Command const& command : window.getCommands().sorted())
+            texts << (command.action->isEnabled() ? command.name : QString());
         for (std::size_t i = 0; i < StatusBar::labelCount; ++i)
             texts << label(Label(i));
         return texts;
@@ -322,6 +326,11 @@ TEST_F(WindowFlows, TheStatusBarTellsOfTheActiveTableOnly) {
     TableView& behind = *tableOf("a");
     TableModel& data = *behind.tableModel();
     QStringList const before = labels();
+    EXPECT_TRUE(before.contains("Show All Hidden Row(s)"));
+    QSignalSpy loaded(window.getPaneView(), &PaneView::tableLoadedSignal);
+    behind.readFileAgain();
+    EXPECT_TRUE(loaded.count() > 0 || loaded.wait());
+    EXPECT_EQ(labels(), before);
     data.setSelection(modelCell(1, 0), rangesFrom("C1,0 C1,1"));
     behind.pushUndoCommand(new SetModelDataCommand(&data, data.getSelectedSet(), "longer than before", true));
     behind.pushUndoCommand(new InsertRowsCommand(&data, data.getSelectedSet(), 1, true, true));
