@@ -3,8 +3,11 @@
 
 #include <QDir>
 
+#include <csignal>
+
 int main(int argc, char** argv) {
     constexpr int primaryTimeoutMs = 1000;
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow fails its save, and the program lives
     qputenv("QT_AUTO_SCREEN_SCALE_FACTOR", "1");
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     Application application(argc, argv, true, SingleApplication::PerUser, primaryTimeoutMs);

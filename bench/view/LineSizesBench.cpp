@@ -93,6 +93,13 @@ void moveARow(benchmark::State& state) {
     thereAndBack(state, [](TableModel* model) { return new MoveRowsRelativeCommand(model, rowThree, 2, true); });
 }
 
+void moveHalfOfTheRows(benchmark::State& state) {
+    RangeVector rows;
+    for (int row = 0; row < millionRows; row += 2)
+        rows.push_back(Range(row, RangeType::Row, RangeIndexType::Model));
+    thereAndBack(state, [&](TableModel* model) { return new MoveRowsRelativeCommand(model, rows, 1, true); });
+}
+
 void sortTheRows(benchmark::State& state) {
     thereAndBack(state, [](TableModel* model) {
         return new SortCommand(model, SortData{SortType::Ascending, Axis::Rows, 0});
@@ -107,4 +114,5 @@ BENCHMARK(insertARow)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
 BENCHMARK(insertAtFortyPlaces)->DenseRange(0, 3)->Iterations(3)->Unit(benchmark::kMillisecond);
 BENCHMARK(removeARow)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
 BENCHMARK(moveARow)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
+BENCHMARK(moveHalfOfTheRows)->DenseRange(0, 1)->Iterations(3)->Unit(benchmark::kMillisecond);
 BENCHMARK(sortTheRows)->DenseRange(0, 1)->Iterations(2)->Unit(benchmark::kMillisecond);

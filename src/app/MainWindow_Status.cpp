@@ -65,7 +65,8 @@ void MainWindow::updateStatusBar() {
     labelBar->setText(Label::Filters, StatusBar::filtersText({}, {}));
     onSelectionSizeChanged(activeTable->tableModel()->getSelectionSize());
     onMainCellLengthChanged(activeTable->getMainCell(true).value.toString().size());
-    onTableSizeChanged(model.rowCountRaw(), model.columnCountRaw(), model.rowCountModel(), model.columnCountModel());
+    TableSize const size = model.getShownSize();
+    onTableSizeChanged(size.rawRows, size.rawCols, size.modelRows, size.modelCols);
 }
 
 void MainWindow::onSelectionSizeChanged(RangeSize const& size) {

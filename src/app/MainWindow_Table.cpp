@@ -9,6 +9,7 @@
 #include "model/undo/RemoveLinesCommand.h"
 #include "model/undo/SetModelDataCommand.h"
 #include "model/undo/TransposeTableCommand.h"
+#include "view/MsgBox.h"
 #include "view/TableView.h"
 
 template <class Command, class... Arguments>
@@ -106,6 +107,13 @@ void MainWindow::commandMoveCellContentsRight() {
 }
 
 void MainWindow::commandTransposeTable() {
+    TableModel const& model = *settledModel();
+    if (model.rowCountRaw() > model.getLoadLimits().columns) {
+        MsgBox::inform(this, theme,
+                       tr("This table has too many rows to be transposed. A table can show no more than %L1 columns.")
+                           .arg(model.getLoadLimits().columns));
+        return;
+    }
     push<TransposeTableCommand>();
 }
 

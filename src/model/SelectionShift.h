@@ -48,7 +48,6 @@ public:
 
     RangeSet const& baseSelection() const { return base; }
     std::vector<SelectionType> const& steps() const { return shiftSteps; }
-    SelectionType lastDirection() const { return lastShiftDirection; }
 
     /// `bounds` with the last long jumps of this growth known, for each step is made anew from the base and a jump can
     /// have to look at a million cells. Needs both.

@@ -6,6 +6,11 @@
 #include <QElapsedTimer>
 
 SelectionStatistics::SelectionStatistics(QObject* parent) : QObject(parent), worker(new QObject) {
+    // Longer than from one key to the next while the key is held down.
+    constexpr int restMilliseconds = 50;
+    restTimer.setSingleShot(true);
+    restTimer.setInterval(restMilliseconds);
+    connect(&restTimer, &QTimer::timeout, this, &SelectionStatistics::begin);
     sliceTimer.setInterval(0);
     connect(&sliceTimer, &QTimer::timeout, this, &SelectionStatistics::copySlice);
     worker->moveToThread(&thread);
@@ -31,6 +36,12 @@ QString SelectionStatistics::text(double sum, qint64 count) {
 void SelectionStatistics::start(TableModel const* newModel) {
     stop();
     model = newModel;
+    restTimer.start();
+}
+
+void SelectionStatistics::begin() {
+    if (model.isNull() || model->getTableData().isLoading())
+        return stop();
     walk.emplace(model->getSelectedSet(), GridSize{model->rowCountModel(), model->columnCountModel()});
     codec = CellCodec(model->getEncoding());
     totalSum = 0;
@@ -43,18 +54,18 @@ void SelectionStatistics::start(TableModel const* newModel) {
 void SelectionStatistics::stop() {
     ++number;
     openSlices = 0;
+    restTimer.stop();
     sliceTimer.stop();
     walk.reset();
+    model = nullptr;
 }
 
 void SelectionStatistics::copySlice() {
-    constexpr qint64 sliceMilliseconds = 5;
+    constexpr qint64 sliceMilliseconds = 2;
     constexpr std::size_t sliceBytes = std::size_t(1) << 20;
     constexpr int mostWaiting = 8; // slices that the thread has not come to yet
-    if (model->getTableData().isLoading()) {
-        stop();
-        return;
-    }
+    if (model.isNull() || model->getTableData().isLoading())
+        return stop();
     if (openSlices >= mostWaiting)
         return;
     QElapsedTimer clock;
@@ -99,7 +110,7 @@ void SelectionStatistics::add(int at, double sum, qint64 count, bool last) {
     totalSum += sum;
     totalCount += count;
     if (last) {
-        walk.reset();
+        stop();
         emit finishedSignal(text(totalSum, totalCount));
     }
 }

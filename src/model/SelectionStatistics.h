@@ -4,6 +4,7 @@
 #include "storage/CellCodec.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QThread>
 #include <QTimer>
@@ -17,7 +18,8 @@ class TableModel;
 
 /// Sums the numbers of a large selection in the background. A table may change at any moment and is not locked, so only
 /// the GUI thread reads it: it copies the bytes of the selected cells in short slices between other events, and a
-/// thread turns them into numbers. Lives in the GUI thread; one sum at a time.
+/// thread turns them into numbers. Nothing of it happens before the frame that shows the selection: it begins when the
+/// selection has rested for a moment. Lives in the GUI thread; one sum at a time.
 class SelectionStatistics : public QObject {
     Q_OBJECT
 
@@ -28,10 +30,10 @@ public:
     explicit SelectionStatistics(QObject* parent = nullptr);
     ~SelectionStatistics() override;
 
-    /// Starts anew with the selection of `model`, which has to outlive the work or stop().
+    /// Starts anew, a moment later, with the selection of `model`. Ends without a word if the model goes or loads.
     void start(TableModel const* model);
     void stop();
-    bool isRunning() const { return walk.has_value(); }
+    bool isRunning() const { return !model.isNull(); }
 
 signals:
     /// The text for the whole selection. Not sent for a selection that was stopped.
@@ -44,12 +46,14 @@ private:
         std::vector<std::size_t> ends;
     };
 
+    void begin();
     void copySlice();
     void add(int number, double sum, qint64 count, bool last);
 
-    TableModel const* model = nullptr;
+    QPointer<TableModel const> model; ///< null while nothing is summed
     std::optional<SelectedCellWalk> walk;
     CellCodec codec;
+    QTimer restTimer; ///< until the selection has rested
     QTimer sliceTimer;
     QThread thread;
     QObject* worker; ///< lives in the thread

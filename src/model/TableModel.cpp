@@ -148,9 +148,10 @@ QVariant TableModel::dataRaw(QModelIndex const& index) const {
 
 void TableModel::emitCellChanged(Range const& cell) {
     Range const visible = getModelRange(cell);
+    if (visible.row < 0 || visible.row >= viewRowCount || visible.col < 0 || visible.col >= viewColCount)
+        return;
     QModelIndex const at = index(visible.row, visible.col);
-    if (at.isValid())
-        emit dataChanged(at, at);
+    emit dataChanged(at, at);
 }
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -13,6 +13,7 @@
 #include "model/ProvisionalText.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
+#include "model/TableSize.h"
 #include "storage/TableData.h"
 
 #include <QAbstractTableModel>
@@ -109,6 +110,8 @@ public:
     int columnCountRaw() const { return tableData.numRawCols(); }
     int getSavedRowCountRaw() const { return savedRowCountRaw; } ///< at the last load or save
     int getSavedColCountRaw() const { return savedColCountRaw; }
+    /// The size that the data would have if the text of a pending edit stood in the cells that show it.
+    TableSize getShownSize() const;
     /// Makes the grid as large as data, selection, buffers and minimums ask, and keeps the main cell inside.
     void enforceTableSize();
     /// Pulls selection and grid back after rows have been removed from the data. `mainCellChanged` tells whether the
@@ -317,6 +320,7 @@ public:
     LoadResult const& getLoadResult() const { return tableData.getLoadResult(); }
     /// How many lines a load takes. The grid offers no empty lines beyond them either.
     void setLoadLimits(LoadLimits limits);
+    LoadLimits const& getLoadLimits() const { return gridLimits; }
     /// The name of the file, "untitled" without one.
     QString getTableName() const;
     /// Lets a scanner that waits at a progress report go on.

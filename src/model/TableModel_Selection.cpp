@@ -85,7 +85,19 @@ QModelIndexList TableModel::getSelectionIndexes() const {
 }
 
 void TableModel::setProvisionalText(std::optional<ProvisionalText> text) {
+    TableSize const before = getShownSize();
     provisional = std::move(text);
+    TableSize const now = getShownSize();
+    if (now != before)
+        emit tableSizeChangedSignal(now.rawRows, now.rawCols, now.modelRows, now.modelCols);
+}
+
+TableSize TableModel::getShownSize() const {
+    TableSize size{rowCountRaw(), columnCountRaw(), rowCountModel(), columnCountModel()};
+    CellRect const reach = provisional ? provisional->reach() : CellRect{};
+    if (!reach.isEmpty())
+        size.growTo(reach.bottom, reach.right);
+    return size;
 }
 
 bool TableModel::setPendingSelectionCorner(Range const& corner, bool isFirst) {

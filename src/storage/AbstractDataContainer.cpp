@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QTextCodec>
 
+#include <new>
 #include <utility>
 
 namespace {
@@ -287,12 +288,23 @@ QString AbstractDataContainer::formatSaveErrorReason(QString reason, QString con
 }
 
 bool AbstractDataContainer::failSave(AtomicFileWriter const& file, QString const& fallback) {
-    lastSaveError = formatSaveErrorReason(file.errorString(), fallback);
+    // The writer's sentences name file and folder, which stay.
+    lastSaveError = file.errorString().isEmpty() ? formatSaveErrorReason({}, fallback) : file.errorString();
     return false;
 }
 
 bool AbstractDataContainer::replaceFile(std::function<bool(AtomicFileWriter&)> const& writeLines) {
     lastSaveError.clear();
+    notKept.clear();
+    try {
+        return replaceFileUnlessFull(writeLines);
+    } catch (std::bad_alloc const&) {
+        lastSaveError = QStringLiteral("There is not enough memory to save the file.");
+        return false;
+    }
+}
+
+bool AbstractDataContainer::replaceFileUnlessFull(std::function<bool(AtomicFileWriter&)> const& writeLines) {
     if (filepath.isEmpty()) {
         lastSaveError = QStringLiteral("No file path was specified.");
         return false;
@@ -305,6 +317,7 @@ bool AbstractDataContainer::replaceFile(std::function<bool(AtomicFileWriter&)> c
         return failSave(file, QStringLiteral("The file could not be written completely."));
     if (!file.commit())
         return failSave(file, QStringLiteral("The temporary save file could not replace the original file."));
+    notKept = file.notKept();
     return true;
 }
 

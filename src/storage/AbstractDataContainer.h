@@ -6,6 +6,7 @@
 #include <QMutex>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QWaitCondition>
 
 #include <atomic>
@@ -98,6 +99,8 @@ public:
     Bytes const& getBom() const { return bom; }
     /// One sentence for the user about the last failed save, empty after a good one.
     QString getLastSaveError() const { return lastSaveError; }
+    /// Sentences on what the last save could not keep of the former file's attributes.
+    QStringList getNotKept() const { return notKept; }
     /// How the last load has ended.
     LoadResult const& getLoadResult() const { return loadResult; }
     void setLoadLimits(LoadLimits limits) { loadLimits = limits; }
@@ -168,10 +171,12 @@ protected:
     bool hasBom = false;
     Bytes bom; ///< the mark found at the load; a save writes it back if it still fits the encoding
     QString lastSaveError;
+    QStringList notKept; ///< of the last save
     LoadResult loadResult;
     LoadLimits loadLimits;
     std::atomic<bool> quit = false;
 
 private:
+    bool replaceFileUnlessFull(std::function<bool(AtomicFileWriter&)> const& writeLines);
     bool failSave(AtomicFileWriter const& file, QString const& fallback);
 };

@@ -22,6 +22,8 @@ public:
     std::vector<char> encode(QString const& text) const;
     /// Whether the bytes are any text, without making it where that can be told from less.
     bool hasText(std::string_view bytes) const;
+    /// Whether hasText asks for no more than that there are bytes.
+    bool anyByteIsText() const { return codec == nullptr; }
     /// Whether a cell of nothing but bytes below 128 is the same text as in ASCII, and is written so.
     bool keepsAscii() const;
 

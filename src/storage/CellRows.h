@@ -31,6 +31,11 @@ public:
         return row < rows.size() && col < rows[row].cells ? rows[row].cell(col) : std::string_view();
     }
 
+    /// Whether a cell is not empty, without a look at its bytes.
+    bool holdsBytes(std::size_t row, std::size_t col) const {
+        return row < rows.size() && col < rows[row].cells && !rows[row].cell(col).empty();
+    }
+
     /// Shrinks by destroying rows at the end, grows by rows without cells.
     void resize(std::size_t count);
     void insertRows(std::size_t at, std::size_t count);

@@ -1,6 +1,7 @@
 #include "storage/ConcealedList.h"
 
 #include <algorithm>
+#include <climits>
 #include <iterator>
 
 int ConcealedList::countBelow(int raw) const {
@@ -38,6 +39,13 @@ ConcealedList::Indexes ConcealedList::toRaw(int first, int last) const {
         lines.push_back(raw);
     }
     return lines;
+}
+
+int ConcealedList::shownRun(int raw, int step) const {
+    auto const next = raws.begin() + countBelow(raw);
+    if (step > 0)
+        return next == raws.end() ? INT_MAX : *next - raw;
+    return next == raws.begin() ? INT_MAX : raw - *(next - 1);
 }
 
 int ConcealedList::toModel(int raw) const {

@@ -19,6 +19,9 @@ public:
     int toRaw(int model) const;
     /// The raw indexes of the shown lines from the `first`-th to the `last`-th, which are not negative.
     Indexes toRaw(int first, int last) const;
+    /// How many lines from a shown one on stand together without a concealed one between, upwards with a `step` of -1.
+    /// INT_MAX for all the rest.
+    int shownRun(int raw, int step) const;
     /// The model index of a line; -1 for a concealed or negative one.
     int toModel(int raw) const;
     /// As toModel, but a concealed line answers for the nearest shown one above it (0 if there is none), and a line

@@ -1,5 +1,6 @@
 #include "storage/EditableDataContainer.h"
 
+#include "storage/BlockJump.h"
 #include "storage/MaskCursor.h"
 #include "storage/ScannerFile.h"
 
@@ -62,6 +63,13 @@ EditableDataContainer::~EditableDataContainer() = default;
 
 std::string_view EditableDataContainer::cellView(int row, int col) const {
     return row < 0 || col < 0 ? std::string_view() : rows.cell(row, col);
+}
+
+int EditableDataContainer::skipInCol(LineWalk const& walk, int col, bool filled) const {
+    auto const holdsBytes = [&](int row) {
+        return row >= 0 && col >= 0 && rows.holdsBytes(static_cast<std::size_t>(row), static_cast<std::size_t>(col));
+    };
+    return skipByCell(holdsBytes)(walk, filled);
 }
 
 AbstractDataContainer::Bytes EditableDataContainer::getValue(int row, int col, bool) const {

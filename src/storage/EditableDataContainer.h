@@ -17,6 +17,7 @@ class ScannerFile;
 struct CellRect;
 struct LineDialect;
 struct ScannerDialect;
+struct LineWalk;
 struct ScannerJob;
 struct ScannerResult;
 
@@ -33,6 +34,9 @@ public:
     Bytes getValue(int row, int col, bool ignoreMaps = false) const override;
     /// As getValue, without a copy; valid until the row changes.
     std::string_view cellView(int row, int col) const;
+    /// The first row of the walk whose cell of that column holds no bytes, or with `filled` false holds some; the end
+    /// of the walk if there is none.
+    int skipInCol(LineWalk const& walk, int col, bool filled) const;
     int numRows() const override { return numRowsStored; }
     int numCols() const override { return numColsStored; }
     int numColsInRow(int row) const override;

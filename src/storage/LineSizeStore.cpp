@@ -17,6 +17,11 @@ int unpack(int value) {
     return std::abs(value) - 1;
 }
 
+/// What a line adds to the total of those with a size of their own.
+std::int64_t sizeOf(int value) {
+    return value == 0 ? 0 : unpack(value);
+}
+
 } // namespace
 
 int LineSizeStore::at(int raw) const {
@@ -28,8 +33,20 @@ void LineSizeStore::set(int raw, int value) {
         return;
     if (raw >= end())
         packed.resize(std::size_t(raw) + 1, 0);
-    packed[std::size_t(raw)] = value;
+    int& line = packed[std::size_t(raw)];
+    sized += (value != 0) - (line != 0);
+    total += sizeOf(value) - sizeOf(line);
+    line = value;
     trim();
+}
+
+void LineSizeStore::recount() {
+    sized = 0;
+    total = 0;
+    for (int const value : packed) {
+        sized += value != 0;
+        total += sizeOf(value);
+    }
 }
 
 void LineSizeStore::trim() {
@@ -37,6 +54,11 @@ void LineSizeStore::trim() {
         packed.pop_back();
     if (packed.empty())
         packed.shrink_to_fit();
+}
+
+int LineSizeStore::nextSized(int raw) const {
+    auto const from = packed.begin() + std::clamp(raw, 0, end());
+    return int(std::find_if(from, packed.end(), [](int value) { return value != 0; }) - packed.begin());
 }
 
 std::optional<int> LineSizeStore::size(int raw) const {
@@ -64,6 +86,7 @@ void LineSizeStore::resetFrom(int raw) {
     if (raw < end()) {
         packed.resize(std::size_t(std::max(raw, 0)));
         trim();
+        recount();
     }
 }
 
@@ -76,6 +99,7 @@ bool LineSizeStore::changeAll(Change change) {
         value = wanted;
     }
     trim();
+    recount();
     return changed;
 }
 
@@ -130,6 +154,8 @@ LineSizeStore LineSizeStore::take(Blocks const& blocks) {
     if (!blocks.empty())
         packed.resize(std::size_t(kept));
     trim();
+    total -= taken.total;
+    sized -= taken.sized;
     return taken;
 }
 
@@ -154,6 +180,7 @@ void LineSizeStore::putBack(Blocks const& blocks, LineSizeStore const& taken) {
         appendOwn(int(all.size()) + end() - source);
     packed = std::move(all);
     trim();
+    recount();
 }
 
 void LineSizeStore::move(int from, int to) {
@@ -187,4 +214,5 @@ void LineSizeStore::reorder(std::vector<int> const& order, int first) {
         ordered[std::size_t(first) + line] = at(order[line]);
     packed = std::move(ordered);
     trim();
+    recount();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -15,6 +16,11 @@ public:
     bool areDefault() const { return packed.empty(); }
     /// The line behind the last one with a size of its own.
     int end() const { return int(packed.size()); }
+    /// How many lines have a size of their own, and what these make together.
+    int sizedCount() const { return sized; }
+    std::int64_t sizedTotal() const { return total; }
+    /// The first line from `raw` on with a size of its own; end() if there is none.
+    int nextSized(int raw) const;
     /// No value for the default.
     std::optional<int> size(int raw) const;
     /// Whether the user has given the line its size.
@@ -26,7 +32,7 @@ public:
     void reset(int raw);
     /// From the line on all have the default.
     void resetFrom(int raw);
-    void clear() { packed.clear(); }
+    void clear() { *this = LineSizeStore(); }
     /// Lines smaller than that fall back to the default; other bounds hold for those that the user has sized. True if
     /// any has.
     bool dropBelow(int leastByHand, int leastFitted);
@@ -53,9 +59,12 @@ private:
     int at(int raw) const;
     void set(int raw, int value);
     void trim();
+    void recount();
     template <typename Change>
     bool changeAll(Change change);
 
     // The size plus one, negative if it was set by hand; 0 for the default. Four bytes a line: a fit sizes millions.
     std::vector<int> packed;
+    int sized = 0;
+    std::int64_t total = 0;
 };

@@ -22,6 +22,7 @@
 
 class CellPatch;
 class CellRegion;
+struct LineWalk;
 class EditableDataContainer;
 class ReplacedCells;
 class TakenLines;
@@ -326,6 +327,8 @@ private:
     CellRegion storedCells(CellRegion const& model) const;
     QString textAt(int row, int col) const;
     bool hasTextRaw(int row, int col) const;
+    int skipShownRows(LineWalk walk, int rawCol, bool filled) const;
+    int skipRawRows(LineWalk const& walk, int col, bool filled) const;
     void convertTable(CellCodec const& from);
     void rebuildWordDelimiterLookup();
     void signalSize();

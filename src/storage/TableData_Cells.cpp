@@ -6,6 +6,7 @@
 #include "storage/TableData.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 QString TableData::textAt(int row, int col) const {
@@ -180,11 +181,36 @@ int TableData::nextBlockLine(int modelRow, int modelCol, Direction direction) co
     if (direction == Direction::Up || direction == Direction::Down) {
         int const rawCol = getRawFromModelCol(modelCol);
         return blockJump(modelRow, step, numModelRows(),
-                         [&](int row) { return hasTextRaw(getRawFromModelRow(row), rawCol); });
+                         [&](LineWalk const& walk, bool filled) { return skipShownRows(walk, rawCol, filled); });
     }
     int const rawRow = getRawFromModelRow(modelRow);
     return blockJump(modelCol, step, numModelCols(),
-                     [&](int col) { return hasTextRaw(rawRow, getRawFromModelCol(col)); });
+                     skipByCell([&](int col) { return hasTextRaw(rawRow, getRawFromModelCol(col)); }));
+}
+
+/// As the skip of blockJump, for Model rows of a raw column.
+int TableData::skipShownRows(LineWalk walk, int rawCol, bool filled) const {
+    ConcealedList const& concealed = along(Axis::Rows).concealed;
+    if (transposed || !editableContainer)
+        return skipByCell([&](int row) { return hasTextRaw(getRawFromModelRow(row), rawCol); })(walk, filled);
+    while (walk.at != walk.end) {
+        // Rows that follow one another here as they are stored.
+        int const raw = concealed.toRaw(walk.at);
+        int const count = std::min(concealed.shownRun(raw, walk.step), std::abs(walk.end - walk.at));
+        LineWalk const stored{raw, walk.step, raw + count * walk.step};
+        int const reached = skipRawRows(stored, rawCol, filled);
+        walk.at += reached - raw;
+        if (reached != stored.end)
+            break;
+    }
+    return walk.at;
+}
+
+/// Where each byte is a text nothing but bytes is counted.
+int TableData::skipRawRows(LineWalk const& walk, int col, bool filled) const {
+    if (!transposed && editableContainer && codec.anyByteIsText())
+        return editableContainer->skipInCol(walk, col, filled);
+    return skipByCell([&](int row) { return hasTextRaw(row, col); })(walk, filled);
 }
 
 Range TableData::getNextBlockLocation(Range const& range, Direction direction) const {
@@ -195,9 +221,10 @@ Range TableData::getNextBlockLocation(Range const& range, Direction direction) c
     if (range.indexType == RangeIndexType::Model)
         moving = nextBlockLine(range.row, range.col, direction);
     else if (vertical)
-        moving = blockJump(moving, step, numRawRows(), [&](int row) { return hasTextRaw(row, range.col); });
+        moving = blockJump(moving, step, numRawRows(),
+                           [&](LineWalk const& walk, bool filled) { return skipRawRows(walk, range.col, filled); });
     else
-        moving = blockJump(moving, step, numRawCols(), [&](int col) { return hasTextRaw(range.row, col); });
+        moving = blockJump(moving, step, numRawCols(), skipByCell([&](int col) { return hasTextRaw(range.row, col); }));
     return target;
 }
 

@@ -86,8 +86,6 @@ public:
     virtual void setCellBorderRange(RangeVector const& ranges);
     void setCellBorderRange(Range const& range) { setCellBorderRange(RangeVector{range}); }
     void clearCellBorderRange() { setCellBorderRange(RangeVector()); }
-    std::vector<int> const& getRowLineHighlightIndexes() const { return rowLineHighlightIndexes; }
-    std::vector<int> const& getColLineHighlightIndexes() const { return colLineHighlightIndexes; }
     RangeVector const& getCellBorderRanges() const { return cellBorderRanges; }
     QColor getHighlightedLineColor() const { return highlightedLineColor; }
     void setHighlightedLineColor(QColor const& color);

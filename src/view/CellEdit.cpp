@@ -5,8 +5,7 @@
 
 #include <utility>
 
-CellEdit::CellEdit(TableModel& model, bool overwrite)
-    : model(model), editRanges(model.getSelectedSet()), overwriteEdit(overwrite) {
+CellEdit::CellEdit(TableModel& model) : model(model), editRanges(model.getSelectedSet()) {
     copyWithoutValues(editMainRange, model.getMainCell());
     if (editRanges.isEmpty())
         editRanges = RangeVector{editMainRange};

@@ -15,13 +15,11 @@ class TableModel;
 /// edit is pending, and refers to the model.
 class CellEdit {
 public:
-    /// Remembers the selection and the main cell. With `overwrite` the edit replaces the main cell's text instead of
-    /// extending it.
-    CellEdit(TableModel& model, bool overwrite);
+    /// Remembers the selection and the main cell.
+    explicit CellEdit(TableModel& model);
 
     Range const& mainRange() const { return editMainRange; }
     RangeSet const& ranges() const { return editRanges; }
-    bool isOverwrite() const { return overwriteEdit; }
     bool isTextChanged() const { return cellTextChanged; }
     bool isMultiCell() const { return !editRanges.isSingleCell(); }
 
@@ -38,6 +36,5 @@ private:
     CellRegion cells;    ///< as far as the grid goes
     Range editMainRange;
     QString lastText;
-    bool overwriteEdit;
     bool cellTextChanged = false;
 };

@@ -22,7 +22,6 @@ public:
     void setNumRows(int count);
     void setNumCols(int count);
     int getNumRows() const { return numRows; }
-    int getNumCols() const { return numCols; }
     /// Shows the table of `main`.
     void takeModelOf(AbstractTableView const& main);
     bool hasModel() const { return tableModel() != nullptr; }

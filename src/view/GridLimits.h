@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 
 /// How many rows and columns a grid can show. Qt counts the pixels from the first line to the last in an int.
 namespace GridLimits {
@@ -16,6 +17,12 @@ constexpr int linesOf(int defaultSize) {
 /// The size of the lines of a grid whose data have `dataLines`: as wanted, or as much as lets all of them be shown.
 constexpr int sizeOf(int wantedSize, int dataLines) {
     return std::min(wantedSize, std::max(linesOf(dataLines), 1));
+}
+
+/// The most that lines with sizes of their own may take, of which there are `count` with `total` pixels together: the
+/// half that the others leave.
+constexpr int mostOf(int count, std::int64_t total) {
+    return total <= INT_MAX / 2 ? INT_MAX : sizeOf(INT_MAX, count);
 }
 
 constexpr LoadLimits of(int defaultRowHeight, int defaultColumnWidth) {

@@ -25,8 +25,6 @@ public:
     /// A drag along the labels ends at this many sections; negative for no limit. Sections far behind the limit do not
     /// exist in this header.
     void setSectionLimit(int limit);
-    /// While set, a release ends a drag of sections.
-    void setArrayDragArmed(bool on) { arrayDragArmed = on; }
     /// The context menu offers the commands among `actions`.
     void setupContextMenus(CommandActions const& actions);
     /// As wide (with Qt::Horizontal, high) as another header; null for as wide as the labels ask.

@@ -75,6 +75,16 @@ int LineSizes::size(int line) const {
     return header().sectionSize(line);
 }
 
+/// Not as the headers show it.
+int LineSizes::ownSize(int line) const {
+    return store().size(rawLine(line)).value_or(defaultSize());
+}
+
+/// What a line with a size of its own is shown at most in.
+int LineSizes::mostShown() const {
+    return GridLimits::mostOf(store().sizedCount(), store().sizedTotal());
+}
+
 int LineSizes::defaultSize() const {
     return header().defaultSectionSize();
 }
@@ -139,7 +149,7 @@ void LineSizes::fit(int line, int size) {
 }
 
 void LineSizes::widen(int line, int size) {
-    if (this->size(line) < size)
+    if (ownSize(line) < size)
         fit(line, size);
 }
 
@@ -149,12 +159,12 @@ void LineSizes::reset(int line) {
 }
 
 void LineSizes::keepAbove(int line, int leastByHand) {
-    if (size(line) < (isByHand(line) ? leastByHand : defaultSize()))
+    if (ownSize(line) < (isByHand(line) ? leastByHand : defaultSize()))
         reset(line);
 }
 
 void LineSizes::cut(int line, int most) {
-    if (size(line) <= most)
+    if (ownSize(line) <= most)
         return;
     if (isByHand(line))
         setByHand(line, most);
@@ -167,6 +177,9 @@ void LineSizes::pretend(int line, int size) {
 }
 
 void LineSizes::showAt(int line, int size) {
+    // Of all lines, when they are shown.
+    if (givenMost != nothing || mostShown() != nothing)
+        return outdate();
     QScopedValueRollback<bool> const guard(showing, true);
     for (Shown& each : shown) {
         if (line >= each.header->count() || each.header->sectionSize(line) == size)
@@ -218,6 +231,10 @@ bool LineSizes::show() {
         shownRevision = revision;
         outdate();
     }
+    if (int const most = mostShown(); most != givenMost) {
+        givenMost = most;
+        outdate();
+    }
     bool changed = !layoutChanging && wantedDefault > 0 && givenDefault != boundDefault();
     if (changed)
         giveDefault();
@@ -237,11 +254,25 @@ bool LineSizes::showPending(Shown& each) {
     if (from >= each.header->count() || (each.uniform && store().areDefault()))
         return false;
     QuietHeader const quiet(*each.header);
-    if (!store().areDefault() || from > 0)
+    constexpr int many = 8; // sections for each that has a size of its own
+    if (from > 0 || store().sizedCount() > each.header->count() / many)
         return resizeSections(each, from);
-    each.header->setDefaultSectionSize(each.header->defaultSectionSize());
-    each.uniform = true;
+    resizeFew(each);
     return true;
+}
+
+/// A header gives all of its sections the default in no time; the others are told one by one.
+void LineSizes::resizeFew(Shown& each) {
+    QHeaderView& header = *each.header;
+    LineSizeStore const& sizes = store();
+    TableData const& data = table->getTableData();
+    header.setDefaultSectionSize(header.defaultSectionSize());
+    for (int raw = sizes.nextSized(0); raw < sizes.end(); raw = sizes.nextSized(raw + 1)) {
+        int const line = axis == Axis::Rows ? data.getModelFromRawRow(raw, false) : data.getModelFromRawCol(raw, false);
+        if (line >= 0 && line < header.count())
+            header.resizeSection(line, std::min(*sizes.size(raw), givenMost));
+    }
+    each.uniform = sizes.areDefault();
 }
 
 bool LineSizes::resizeSections(Shown& each, int from) {
@@ -259,7 +290,7 @@ bool LineSizes::resizeSections(Shown& each, int from) {
     for (int line = from; line < count && (!wasUniform || raw < sizes.end()); ++line, ++raw) {
         for (; hidden != concealed.end() && *hidden == raw; ++hidden)
             ++raw;
-        int const wanted = sizes.size(raw).value_or(fallback);
+        int const wanted = std::min(sizes.size(raw).value_or(fallback), givenMost);
         each.uniform = each.uniform && wanted == fallback;
         if (header.sectionSize(line) == wanted)
             continue;

@@ -13,7 +13,8 @@ class TableModel;
 
 /// The heights of the rows or the widths of the columns of a table as its views show them. The sizes are kept in the
 /// table, by line (see LineSizeStore); the headers of the view and of its bands take them from there, and a size that a
-/// header gets from anybody else is one that the user has given. Lines are Model.
+/// header gets from anybody else is one that the user has given. Where all sizes together are more pixels than Qt can
+/// count, large ones are shown smaller; the table keeps them. Lines are Model.
 class LineSizes : public QObject {
     Q_OBJECT
 
@@ -82,9 +83,12 @@ private:
     int boundDefault() const;
     void giveDefault();
     void add(QHeaderView& header);
+    int mostShown() const;
+    int ownSize(int line) const;
     void showAt(int line, int size);
     bool showPending(Shown& each);
     bool resizeSections(Shown& each, int from);
+    void resizeFew(Shown& each);
     void outdate();
     void onResized(std::size_t at, int line, int size);
 
@@ -95,5 +99,6 @@ private:
     bool layoutChanging = false;
     int wantedDefault = 0; ///< none yet
     int givenDefault = 0;  ///< what the headers were last told; they have bounds of their own
+    int givenMost = nothing;
     quint64 shownRevision = 0;
 };

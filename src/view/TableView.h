@@ -193,8 +193,6 @@ public:
 
     // Labels.
 
-    bool isShowRowLabels() const { return showRowLabels; }
-    bool isShowColLabels() const { return showColLabels; }
     void setShowRowLabels(bool on);
     void setShowColLabels(bool on);
     /// The number of the first row.
@@ -486,7 +484,7 @@ private:
     QString mainText() const;
     bool resolveEditPathForLargeMainCell(bool& usePane);
     bool askForEditorPane();
-    void beginEdit(bool overwrite);
+    void beginEdit();
     void openCellEditor(bool overwrite, bool startEmpty, QKeyEvent* event);
     void cancelEditingIfEditorWasNotCreated();
     void setEditStateOfAllViews(bool open, QuickEdit* editor);

@@ -116,7 +116,7 @@ void TableView::startEditing(bool overwrite, bool cursorAtEnd) {
         return;
     scrollToMainCell(true, true);
     deselectAllButTheMainCell();
-    beginEdit(overwrite);
+    beginEdit();
     if (usePane)
         emit startOffCellEditSignal(overwrite, !largeCellCursorAtFront && cursorAtEnd);
     else
@@ -135,7 +135,7 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
     if (!skipLoad && !resolveEditPathForLargeMainCell(usePane))
         return;
     scrollToMainCell(true, true);
-    beginEdit(overwrite);
+    beginEdit();
     if (!usePane) {
         openCellEditor(overwrite, skipLoad, fromInputMethod ? nullptr : event);
         return;
@@ -147,8 +147,8 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
     onCellTextEdited(event->text());
 }
 
-void TableView::beginEdit(bool overwrite) {
-    pendingEdit.emplace(*tableModel(), overwrite);
+void TableView::beginEdit() {
+    pendingEdit.emplace(*tableModel());
     setEditStateOfAllViews(true, nullptr);
     emit addContextSignal(Context::CellEditing);
 }

@@ -112,10 +112,16 @@ TEST_F(RangeContentsTest, WritesThroughEveryIndexSpace) {
 TEST_F(RangeContentsTest, ExistingCellsAloneAreSignalledAndNothingGrows) {
     model.concealRawRows({1});
     model.enforceTableSize();
-    RangeVector ranges{Range(0, 0, Model), Range(1, 1, Raw), line(RangeType::Row, 1, 0, {"no"}), Range(2, 2, Raw)};
+    RangeVector ranges{Range(0, 0, Model),
+                       Range(1, 1, Raw),
+                       line(RangeType::Row, 1, 0, {"no"}),
+                       Range(2, 2, Raw),
+                       Range(1, model.columnCount(), Model),
+                       Range(9, 0, Model)};
     for (Range& range : ranges)
         range.value = "new";
     ranges[0].oldValue = "old";
+    ranges[4].value = ranges[5].value = QString();
     QSignalSpy const changed(&model, &QAbstractItemModel::dataChanged);
     model.populateExistingCells(ranges, false);
     EXPECT_EQ(changed.size(), 2);

@@ -3,8 +3,10 @@
 #include "model/SelectionMembership.h"
 #include "tests/core/RangeMakers.h"
 #include "tests/model/TableModelFixture.h"
+#include "tests/support/HeldReads.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 namespace {
 
@@ -101,9 +103,13 @@ TEST_F(SelectionStatisticsTest, ALaterSelectionTakesOverAndAReloadStopsTheSum) {
     EXPECT_EQ(sumOf({column(1)}), "Sum: 400,000      Mean: 2");
     EXPECT_EQ(finished.count(), 1);
 
-    statistics.start(&model);
+    HeldReads reads;
+    QSignalSpy loaded(&model, &TableModel::loadFinishedSignal);
+    reads.hold();
     load(text, true);
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(statistics.isRunning());
+    statistics.start(&model);
+    QTRY_VERIFY(!statistics.isRunning());
     EXPECT_EQ(finished.count(), 1);
+    reads.release();
+    EXPECT_TRUE(loaded.wait());
 }

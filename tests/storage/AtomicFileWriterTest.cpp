@@ -1,5 +1,7 @@
 #include "storage/AtomicFileWriter.h"
 
+#include "storage/TemporaryNames.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -115,8 +117,9 @@ TEST_F(AtomicFile, FollowsSymbolicLinks) {
     EXPECT_EQ(content("sub/made"), "new");
     EXPECT_EQ(replaceBy(path("legacy"), "new"), "");
     EXPECT_EQ(unlink((raw("sub/") + "\xFF.csv").constData()), 0);
-    EXPECT_EQ(replaceBy(path("lost"), "new"), "No such file or directory");
-    EXPECT_EQ(replaceBy(path("loop1"), "new"), "The symbolic link leads back to itself.");
+    EXPECT_EQ(replaceBy(path("lost"), "new"), "There is no folder " + path("nowhere").toStdString() + ".");
+    EXPECT_EQ(replaceBy(path("loop1"), "new"),
+              "The symbolic link " + path("loop1").toStdString() + " leads back to itself.");
     for (auto const* link : {"link2", "sub/link1", "dangling", "legacy", "lost", "loop1"})
         EXPECT_TRUE(QFileInfo(path(link)).isSymbolicLink()) << link;
 }
@@ -129,10 +132,11 @@ TEST_F(AtomicFile, RefusesWhatIsNoRegularFile) {
     EXPECT_EQ(replaceBy("/dev/full", "x"), notRegular);
     EXPECT_EQ(replaceBy(folder.path(), "x"), directory);
     EXPECT_EQ(replaceBy(path("new/"), "x"), directory);
-    EXPECT_EQ(replaceBy(path("fifo/a"), "x"), "Not a directory");
-    EXPECT_EQ(replaceBy(path("no/a"), "x"), "No such file or directory");
-    EXPECT_EQ(replaceBy(path(QString(300, 'n')), "x"), "File name too long");
-    EXPECT_EQ(replaceBy(path(QStringLiteral("a") + QChar(0) + "b"), "x"), "Invalid argument");
+    EXPECT_EQ(replaceBy(path("fifo/a"), "x"), path("fifo").toStdString() + " is not a folder.");
+    EXPECT_EQ(replaceBy(path("no/a"), "x"), "There is no folder " + path("no").toStdString() + ".");
+    EXPECT_THAT(replaceBy(path(QString(300, 'n')), "x"), testing::EndsWith("n is too long."));
+    EXPECT_EQ(replaceBy(path(QStringLiteral("a") + QChar(0) + "b"), "x"),
+              path("a?b").toStdString() + " cannot be the name of a file.");
     EXPECT_EQ(entries(), QStringList("fifo"));
 }
 
@@ -145,8 +149,11 @@ TEST_F(AtomicFile, RespectsPermissions) {
     chmod(raw("closed").constData(), 0555);
     chmod(raw(".").constData(), 0777);
     EXPECT_TRUE(trueInChild([&] {
-        return setgid(65534) == 0 && setuid(65534) == 0 && replaceBy(path("closed/a"), "x") == "Permission denied" &&
-               replaceBy(path("readonly"), "x") == "Permission denied";
+        return setgid(65534) == 0 && setuid(65534) == 0 &&
+               replaceBy(path("closed/a"), "x") ==
+                   "The folder " + path("closed").toStdString() + " may not be written." &&
+               replaceBy(path("readonly"), "x") ==
+                   "The file " + path("readonly").toStdString() + " may not be written.";
     }));
     EXPECT_EQ(content("closed/a") + content("readonly"), "oldold");
     EXPECT_EQ(QDir(path("closed")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList("a"));
@@ -164,7 +171,8 @@ TEST_F(AtomicFile, AFileTooLargeForTheProcessLeavesTheOldOne) {
         std::signal(SIGXFSZ, SIG_IGN);
         rlimit const limit{100000, 100000};
         return setrlimit(RLIMIT_FSIZE, &limit) == 0 &&
-               replaceBy(path("a"), std::string(200000, 'x')) == "File too large";
+               replaceBy(path("a"), std::string(200000, 'x')) ==
+                   "The file " + path("a").toStdString() + " would be larger than it may be.";
     }));
     EXPECT_EQ(content("a"), "old");
     EXPECT_EQ(entries(), QStringList("a"));
@@ -175,7 +183,9 @@ TEST_F(AtomicFile, AFullDiskLeavesTheOldFile) {
         GTEST_SKIP() << "needs the right to mount";
     make("a", QByteArray(30000, 'o'));
     for (int const size : {40000, 65536, 1000000}) {
-        EXPECT_EQ(replaceBy(path("a"), std::string(size, 'x')), "No space left on device") << size;
+        EXPECT_EQ(replaceBy(path("a"), std::string(size, 'x')),
+                  "No space is left on the disk that holds " + folder.path().toStdString() + ".")
+            << size;
         EXPECT_EQ(content("a"), std::string(30000, 'o'));
         EXPECT_EQ(entries(), QStringList("a"));
     }
@@ -201,6 +211,64 @@ TEST_F(AtomicFile, WorksThroughANamedFileToo) {
     EXPECT_EQ(content("a"), "new");
     EXPECT_EQ(modeOf("a"), 0604);
     EXPECT_EQ(entries(), QStringList("a"));
+}
+
+// The killed process leaves a name of its own behind; those of the living and of others are nobody's business.
+TEST_F(AtomicFile, RemovesWhatKilledSavesHaveLeft) {
+    auto const own = newTemporaryName();
+    auto const parts = own.split('-');
+    auto const named = [&](QByteArray const& space, QByteArray const& process, QByteArray const& start) {
+        return ".gridwright-" + space + '-' + process + '-' + start + "-1a.tmp";
+    };
+    auto const child = fork();
+    if (child == 0)
+        _exit(0);
+    waitpid(child, nullptr, 0);
+    auto const gone = QByteArray::number(child);
+    auto const dead = named(parts[1], gone, parts[3]), reused = named(parts[1], parts[2], "1");
+    for (auto const& name : {dead, reused})
+        EXPECT_TRUE(isAbandonedName(name)) << name.constData();
+    QStringList kept{own, named("00000000", gone, "1"), dead + "x", ".gridwright-1a.tmp"};
+    for (auto const& name : kept) {
+        EXPECT_FALSE(isAbandonedName(name.toLatin1()));
+        make(name, "kept");
+    }
+    make(dead, "dead");
+    make(reused, "dead");
+    EXPECT_EQ(replaceBy(path("a"), "new"), "");
+    kept.append("a");
+    EXPECT_THAT(entries(), testing::UnorderedElementsAreArray(kept));
+}
+
+TEST_F(AtomicFile, ATargetThatIsAnotherOneThanExpectedIsLeftAlone) {
+    for (auto const way : {AtomicFileWriter::Way::Replace, AtomicFileWriter::Way::InPlace}) {
+        make("a", "old");
+        auto const expected = FileStamp::of(path("a"));
+        AtomicFileWriter first(path("a"), {way, expected});
+        ASSERT_TRUE(first.open() && first.write("first") && first.commit()) << first.errorString().toStdString();
+        EXPECT_EQ(first.stamp(), FileStamp::of(path("a")));
+        AtomicFileWriter second(path("a"), {way, expected});
+        EXPECT_FALSE(second.open() && second.write("second") && second.commit());
+        EXPECT_EQ(second.outcome(), AtomicFileWriter::Outcome::TargetChanged);
+        EXPECT_EQ(content("a"), "first");
+        AtomicFileWriter third(path("a"), {way, first.stamp()});
+        EXPECT_TRUE(third.open() && third.write("third") && third.commit());
+    }
+    EXPECT_EQ(entries(), QStringList("a"));
+}
+
+TEST_F(AtomicFile, WritesThroughToAllNamesOfAFile) {
+    make("a", "a longer old text", 0640);
+    ASSERT_EQ(link(raw("a").constData(), raw("b").constData()), 0);
+    EXPECT_EQ(AtomicFileWriter::linkCount(path("a")), 2);
+    EXPECT_EQ(AtomicFileWriter::linkCount(path("none")), 0);
+    AtomicFileWriter file(path("a"), {AtomicFileWriter::Way::InPlace, {}});
+    ASSERT_TRUE(file.open() && file.write("new"));
+    EXPECT_EQ(content("b"), "a longer old text");
+    EXPECT_TRUE(file.commit());
+    EXPECT_EQ(content("a") + content("b"), "newnew");
+    EXPECT_EQ(modeOf("a"), 0640);
+    EXPECT_EQ(entries(), QStringList({"a", "b"}));
 }
 
 TEST_F(AtomicFile, AProcessKilledAtAnyMomentLeavesOneOfTheTwoFiles) {

@@ -1,5 +1,6 @@
 #include "storage/ConcealedList.h"
 
+#include <climits>
 #include <random>
 
 namespace {
@@ -48,6 +49,16 @@ TEST(ConcealedList, MapsAsWalkingOverTheTableWould) {
             int const nearest = nearestShownAbove(shown, raw);
             ASSERT_EQ(list.toNearestModel(raw, static_cast<int>(shown.size())), nearest);
             ASSERT_EQ(list.toModel(raw), list.contains(raw) ? -1 : nearest);
+        }
+        for (int const raw : shown) {
+            int const down = list.shownRun(raw, 1);
+            int const up = list.shownRun(raw, -1);
+            int const first = up == INT_MAX ? 0 : raw - up + 1;
+            int const end = down == INT_MAX ? count : raw + down;
+            ASSERT_TRUE(first == 0 || list.contains(first - 1));
+            ASSERT_TRUE(end == count || list.contains(end));
+            for (int line = first; line < end; ++line)
+                ASSERT_FALSE(list.contains(line));
         }
     }
 }

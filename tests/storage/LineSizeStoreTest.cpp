@@ -22,14 +22,21 @@ public:
     int random(int below) { return int(generator() % unsigned(below)); }
     void expectSame(char const* after) {
         int last = 0;
+        int sized = 0;
+        int total = 0;
         for (int raw = 0; raw < int(model.size()) + 5; ++raw) {
             Line const line = raw < int(model.size()) ? model[std::size_t(raw)] : Line();
             ASSERT_EQ(store.size(raw).value_or(-1), line.size) << after << " line " << raw;
             ASSERT_EQ(store.isByHand(raw), line.byHand) << after << " line " << raw;
             last = line.size >= 0 ? raw + 1 : last;
+            sized += line.size >= 0;
+            total += std::max(line.size, 0);
+            ASSERT_EQ(raw < store.end() && store.nextSized(raw) == raw, line.size >= 0) << after;
         }
         ASSERT_EQ(store.end(), last) << after;
         ASSERT_EQ(store.areDefault(), last == 0);
+        ASSERT_EQ(store.sizedCount(), sized) << after;
+        ASSERT_EQ(store.sizedTotal(), total) << after;
     }
     LineSizeStore::Blocks randomBlocks() {
         LineSizeStore::Blocks blocks;

@@ -2,6 +2,8 @@
 #include "storage/EditableDataContainer.h"
 #include "tests/support/TestFolder.h"
 
+#include <new>
+
 using namespace std::string_literals;
 
 namespace {
@@ -36,6 +38,9 @@ public:
     void setMark(std::string const& mark) {
         hasBom = true;
         bom.assign(mark.begin(), mark.end());
+    }
+    bool saveWithoutMemory() {
+        return replaceFile([](AtomicFileWriter&) -> bool { throw std::bad_alloc(); });
     }
     std::string row(int index, GetRowColMaskType type = NoMask, std::vector<int> const& mask = {}) const {
         Bytes out;
@@ -204,8 +209,11 @@ TEST_F(Saving, AFailureSaysWhyAndKeepsThePathAndTheFile) {
     auto const good = saved();
     auto const bad = folder.filePath("no/t.csv");
     EXPECT_FALSE(table.saveCSV(bad, false, false, {}, {}));
-    EXPECT_EQ(table.getLastSaveError(), "No such file or directory.");
+    EXPECT_EQ(table.getLastSaveError(), "There is no folder " + folder.filePath("no") + ".");
     EXPECT_EQ(table.getFilepath(), folder.filePath("t.csv"));
+    EXPECT_FALSE(table.saveWithoutMemory());
+    EXPECT_EQ(table.getLastSaveError(), "There is not enough memory to save the file.");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("t.csv"));
     EXPECT_EQ(saved(), good);
     EXPECT_TRUE(table.getLastSaveError().isEmpty());
 }

@@ -64,6 +64,8 @@ TEST_F(TableDataCells, BlockJumpsWalkTheSpaceOfTheRange) {
     data.concealRawRow(2);
     EXPECT_EQ(jump(cell(0, 0, raw), Down), cell(2, 0, raw));
     EXPECT_EQ(jump(cell(0, 2, model), Down), cell(3, 2, model));
+    EXPECT_EQ(jump(cell(3, 2, model), Up), cell(0, 2, model));
+    EXPECT_EQ(jump(cell(2, 0, model), Up), cell(0, 0, model));
     data.toggleTranspose();
     EXPECT_EQ(jump(cell(2, 0, model), Right), cell(2, 3, model));
     EXPECT_EQ(jump(cell(0, 4, raw), Down), cell(2, 4, raw));

@@ -296,7 +296,7 @@ TEST_F(TableDataSaving, AFailureLeavesItsReasonAndThePath) {
     QString const own = data.getFilepath();
     QSignalSpy ended(&data, &TableData::saveFinishedSignal);
     EXPECT_FALSE(data.saveCSV(path("no such folder/x.csv"), false, false));
-    EXPECT_EQ(data.getLastSaveError(), QStringLiteral("No such file or directory."));
+    EXPECT_EQ(data.getLastSaveError(), "There is no folder " + path("no such folder") + ".");
     EXPECT_EQ(ended.first().first().toString(), own);
     EXPECT_TRUE(data.saveCSV(false, false));
     EXPECT_TRUE(data.getLastSaveError().isEmpty());

@@ -36,6 +36,12 @@ protected:
         }
         return rows.join(' ');
     }
+    /// What is told of the size from now on, and the present size in front.
+    static void noteSizes(TableModel& model, QStringList& told) {
+        auto const note = [&told](int rows, int cols) { told << QStringLiteral("%1 x %2").arg(rows).arg(cols); };
+        note(model.rowCountRaw(), model.columnCountRaw());
+        QObject::connect(&model, &TableModel::tableSizeChangedSignal, &model, note);
+    }
     QString text(int row, int col) const { return model.index(row, col).data(Qt::EditRole).toString(); }
 
     QTemporaryFile file;
@@ -47,6 +53,7 @@ struct EditCase {
     char const* name;
     RangeVector selection;
     char const* after;
+    QString size;
 };
 
 RangeVector rowWithout(int row, int col) {
@@ -68,22 +75,31 @@ RangeVector mainAndOther(int row, int col) {
 
 TEST_F(CellEditTest, WritesEveryShapeOfSelectionWithOneCommandThatUndoTakesBackWhole) {
     QString const before = texts();
+    QStringList told;
+    noteSizes(model, told);
     std::vector<EditCase> const cases = {
-        {"cells", mainAndOther(2, 2), "x,b,c d,e,f g,h,x"},
-        {"beyond the data", mainAndOther(4, 4), "x,b,c,, d,e,f,, g,h,i,, ,,,, ,,,,x"},
-        {"row", rowWithout(1, 1), "a,b,c,,,,, x,x,x,x,x,x,x,x g,h,i,,,,,"},
+        {"cells", mainAndOther(2, 2), "x,b,c d,e,f g,h,x", "3 x 3"},
+        {"beyond the data", mainAndOther(4, 4), "x,b,c,, d,e,f,, g,h,i,, ,,,, ,,,,x", "5 x 5"},
+        {"row", rowWithout(1, 1), "a,b,c,,,,, x,x,x,x,x,x,x,x g,h,i,,,,,", "3 x 8"},
     };
     for (EditCase const& each : cases) {
         SCOPED_TRACE(each.name);
         model.setSelection(each.selection, true);
         model.enforceTableSize();
-        CellEdit edit(model, true);
+        CellEdit edit(model);
         edit.setText(QStringLiteral("w"), false);
         edit.setText(QStringLiteral("x"), false);
         // All cells show the text, and the data are as before.
         auto const [rows, cols] = std::pair(model.rowCount(), model.columnCount());
         QString const pending = texts(rows, cols);
         EXPECT_EQ(std::pair(model.rowCountRaw(), model.columnCountRaw()), std::pair(3, 3));
+        // The size that is told is what the cells need that show the text.
+        EXPECT_EQ(told.last(), each.size);
+        edit.setText(QString(), false);
+        EXPECT_EQ(told.last(), QStringLiteral("3 x 3"));
+        edit.setText(QStringLiteral("x"), true);
+        EXPECT_EQ(told.last(), each.size);
+        edit.setText(QStringLiteral("x"), false);
         EXPECT_EQ(model.getTableData().getValueModel(0, 0).toString(), "a");
         auto command = edit.finish();
         ASSERT_NE(command, nullptr);
@@ -98,7 +114,7 @@ TEST_F(CellEditTest, WritesEveryShapeOfSelectionWithOneCommandThatUndoTakesBackW
 
 TEST_F(CellEditTest, LeavesTheCellUnderAnEditorToTheEnd) {
     model.setSelection(mainAndOther(1, 1), true);
-    CellEdit edit(model, true);
+    CellEdit edit(model);
     edit.setText(QStringLiteral("x"), true);
     EXPECT_EQ(texts(), QStringLiteral("a,b,c d,x,f g,h,i"));
     stack.push(edit.finish().release());
@@ -107,15 +123,15 @@ TEST_F(CellEditTest, LeavesTheCellUnderAnEditorToTheEnd) {
 
 TEST_F(CellEditTest, MakesNoCommandForTheTextsThatWereThere) {
     model.setSelection(cellAt(1, 1));
-    CellEdit untouched(model, false);
+    CellEdit untouched(model);
     EXPECT_EQ(untouched.finish(), nullptr);
-    CellEdit edit(model, false);
+    CellEdit edit(model);
     edit.setText(QStringLiteral("ex"), true);
     edit.setText(QStringLiteral("e"), true);
     EXPECT_EQ(edit.finish(), nullptr);
     // One of two cells changes.
     model.setSelection(mainAndOther(1, 1), true);
-    CellEdit half(model, false);
+    CellEdit half(model);
     half.setText(QStringLiteral("a"), true);
     EXPECT_NE(half.finish(), nullptr);
 }

@@ -139,6 +139,27 @@ TEST_P(LineSizesTest, AGridOfLargeLinesEndsWhereItsPixelsDo) {
     EXPECT_TRUE(fits()) << fallback();
 }
 
+TEST_P(LineSizesTest, LinesTooLargeForAGridAreShownSmallerAndKeepTheirSizes) {
+    constexpr int large = 500000;
+    constexpr int many = 5000;
+    view.setMaximumRowHeight(large, false);
+    view.pushUndoCommand(new InsertLinesCommand(GetParam(), &model(), linesAt({5}), many, true, true));
+    model().setSelection({Range(RangeType::Table, RangeIndexType::Model)}, true);
+    isRows() ? view.setRowHeights(large) : view.setColWidths(large);
+    isRows() ? view.enforceAutoFitRowHeights({}) : view.enforceAutoFitColWidths({});
+    LineSizeStore const& kept = model().getTableData().lineSizes(GetParam());
+    EXPECT_EQ(kept.sizedTotal(), qint64(large) * kept.sizedCount());
+    qint64 shown = 0;
+    for (int line = 0; line < header().count(); ++line)
+        shown += header().sectionSize(line);
+    EXPECT_EQ(shown, header().length());
+    EXPECT_GE(kept.sizedCount(), many);
+    EXPECT_GT(header().sectionSize(1), fallback());
+    view.undo();
+    isRows() ? view.enforceAutoFitRowHeights({}) : view.enforceAutoFitColWidths({});
+    EXPECT_EQ(header().sectionSize(1), large);
+}
+
 TEST_P(LineSizesTest, SelectedLinesAndDefaultsAreSetByHand) {
     isRows() ? view.selectRow(2) : view.selectCol(2);
     isRows() ? view.setRowHeights(55) : view.setColWidths(55);

@@ -36,7 +36,7 @@ OptionListWidget::OptionListWidget(std::vector<OptionData> const& options, QStri
     auto* const content = new QWidget;
     rows.reserve(options.size());
     for (OptionData const& option : options) {
-        auto* const row = new OptionWidget(option, static_cast<int>(rows.size()), style, content);
+        auto* const row = new OptionWidget(option, style, content);
         connect(row, &OptionWidget::pressedSignal, this,
                 [this](OptionWidget const* pressed) { emit itemClicked(pressed->getData().response); });
         row->hide();

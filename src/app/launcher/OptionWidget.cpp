@@ -33,8 +33,8 @@ QLabel* makeTextLabel(int pointSize, QWidget* parent) {
 
 } // namespace
 
-OptionWidget::OptionWidget(OptionData const& data, int originalIndex, OptionStyle const& style, QWidget* parent)
-    : QWidget(parent), data(data), originalIndex(originalIndex), style(style) {
+OptionWidget::OptionWidget(OptionData const& data, OptionStyle const& style, QWidget* parent)
+    : QWidget(parent), data(data), style(style) {
     setFixedHeight(rowHeight(!data.description.isEmpty()));
     makeHtml();
     nameForAssistance();

@@ -15,14 +15,13 @@ class OptionWidget : public QWidget {
     Q_PROPERTY(bool selected READ isSelected)
 
 public:
-    /// `originalIndex` is the row's place without a query. `style` belongs to the list, and outlives the row.
-    OptionWidget(OptionData const& data, int originalIndex, OptionStyle const& style, QWidget* parent);
+    /// `style` belongs to the list, and outlives the row.
+    OptionWidget(OptionData const& data, OptionStyle const& style, QWidget* parent);
 
     /// Pixels of a row's height.
     static int rowHeight(bool withDescription);
 
     OptionData const& getData() const { return data; }
-    int getOriginalIndex() const { return originalIndex; }
     int getScore() const { return score; }
     void setScore(int newScore) { score = newScore; }
     /// The text in HTML, with the matched characters marked.
@@ -51,7 +50,6 @@ private:
     void nameForAssistance();
 
     OptionData data;
-    int originalIndex;
     OptionStyle const& style;
     int score = -1;
     std::vector<int> positions; ///< of the matched characters

@@ -39,16 +39,6 @@ public:
     Indexes rawFromModel(Indexes const& lines) const {
         return rows ? model.getRawFromModelRows(lines) : model.getRawFromModelCols(lines);
     }
-    /// How many lines in front of a (Raw) line are not concealed.
-    int visibleInFront(int raw) const {
-        if (raw >= rawCount())
-            return modelCount();
-        TableData const& data = model.getTableData();
-        int const exact = rows ? data.getModelFromRawRow(raw) : data.getModelFromRawCol(raw);
-        if (exact >= 0)
-            return exact;
-        return (rows ? data.getModelFromRawRow(raw, true) : data.getModelFromRawCol(raw, true)) + 1;
-    }
     int numEmptyRawAtEnd() const { return rows ? model.numEmptyRowsRawAtEnd() : model.numEmptyColumnsRawAtEnd(); }
 
     // Changes of the data and the grid.
