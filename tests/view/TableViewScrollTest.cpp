@@ -23,6 +23,10 @@ protected:
 
 TEST_F(TableViewScroll, TheWheelGoesByWholeRowsOrByPixels) {
     Settings settings;
+    settings.setValue(SettingType::FreezeHeaderRows, false);
+    settings.setValue(SettingType::AutoFitColumnWidth, false);
+    settings.setValue(SettingType::SnapToColumnAfterScrolling, true);
+    settings.setValue(SettingType::SnapToRowAfterScrolling, true);
     view.propagateSettings(settings);
     load(500, 60);
     wheel({0, -120});
