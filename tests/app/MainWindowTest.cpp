@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMetaMethod>
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QToolButton>
 
 #include <sys/stat.h>
@@ -288,6 +289,38 @@ TEST_F(WindowFlows, TheTabToTheLeftFollowsOneThatIsClosedAndOthersLeaveTheActive
         EXPECT_TRUE(table()->hasFocus());
         window.commandCloseAllFiles();
     }
+}
+
+TEST_F(WindowFlows, EachTabTellsTheNameTheFileAndTheStateOfItsTableWhereverItIsMoved) {
+    openAll({"a", "b", "c"});
+    QTabBar& bar = *window.findChild<TabBar*>()->findChild<QTabBar*>();
+    auto const texts = [&bar] {
+        QStringList all;
+        for (int i = 0; i < bar.count(); ++i)
+            all << bar.tabText(i);
+        return all.join(' ');
+    };
+    ::change(*tableOf("a"), "x");
+    ::change(*tableOf("b"), "y");
+    EXPECT_EQ(texts(), "\u25CF a.csv \u25CF b.csv c.csv");
+    tableOf("a")->undo();
+    EXPECT_EQ(texts(), "a.csv \u25CF b.csv c.csv");
+    tableOf("a")->redo();
+    bar.moveTab(0, 2);
+    EXPECT_EQ(tabs(), "bca");
+    EXPECT_EQ(title(), "c");
+    EXPECT_TRUE(window.saveFile(tableOf("b")));
+    EXPECT_TRUE(window.saveFileUnder(tableOf("a"), directory.filePath("d.csv"), false));
+    EXPECT_EQ(texts(), "b.csv c.csv d.csv");
+    EXPECT_EQ(title(), "c");
+    EXPECT_EQ(bar.tabToolTip(2), directory.filePath("d.csv"));
+    bar.setCurrentIndex(0);
+    EXPECT_EQ(cell(0, 0), "y");
+    window.commandNewFile();
+    EXPECT_EQ(texts(), "b.csv untitled c.csv d.csv");
+    emit bar.tabCloseRequested(2);
+    EXPECT_EQ(texts(), "b.csv untitled d.csv");
+    EXPECT_EQ(title(), "untitled - Gridwright");
 }
 
 TEST_F(WindowFlows, AWindowWhoseSecondQuestionIsCanceledKeepsWhatIsLeft) {
