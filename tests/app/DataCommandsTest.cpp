@@ -303,7 +303,6 @@ Table const tables[] = {
      {{}, {0}, 0, 1},
      "(t) h c a b|(u) i 1 2 3",
      {
-         {"Sort Selected Row - Ascending", "C0,1", "(t) a b c h|(u) 2 3 1 i"},
          {"Sort Selected Row - Descending", "C1,0", "(t) h b a c|(u) i 3 2 1"},
          {"Select Entire Row(s) (Header Excluded)", "C0,2", nullptr, "R0,1*"},
          {"Select Left To Start of Row (Header Excluded)", "C1,3", nullptr, "C1,1 C1,2 C1,3*"},
