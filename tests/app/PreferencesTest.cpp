@@ -6,6 +6,7 @@
 #include "view/FrozenTableView.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QSettings>
@@ -427,6 +428,20 @@ TEST_F(PreferenceWindowTest, ASettingWithoutARowInTheFileStaysInForceUntilTheFil
     window->onPreferenceChanged(settingsPath);
     EXPECT_TRUE(inForce(SettingType::ShadeEveryOtherRow));
     EXPECT_TRUE(inForce(SettingType::ShowTabBar));
+}
+
+TEST_F(PreferenceWindowTest, AWarningThatIsNoLongerWantedIsSoAtTheNextStartToo) {
+    replace(settingsPath, "Setting,User Value\nAuto-Fit Row Height,true\nSuppress Auto-Fit Warnings,\n");
+    window->onPreferenceChanged(settingsPath);
+    MsgBox::setAnswer([](MsgBox const& box) {
+        box.checkBox()->setChecked(true);
+        return box.buttons()[0];
+    });
+    window->openFile(write("a.csv", QByteArray("1\n").repeated(10001)));
+    MsgBox::setAnswer({});
+    EXPECT_EQ(settingsRow("Suppress Auto-Fit Warnings"), "true");
+    EXPECT_TRUE(MainWindow().getSettings().getValueBool(SettingType::SuppressAutoFitWarnings));
+    TableView::setSuppressAutoFitWarnings(false);
 }
 
 TEST_F(PreferenceWindowTest, ASettingThatTheUserPutIntoTheFileHimselfReplacesOneThatCouldNotBeWritten) {

@@ -282,3 +282,15 @@ TEST_F(SecondStartTest, OfAPathThatDoesNotExistIsToldWithoutAQuestion) {
     Notices::press(*window, "Dismiss");
     EXPECT_EQ(Notices::texts(*window), QStringList());
 }
+
+TEST_F(SecondStartTest, GoesToTheWindowUsedLastAndWhereThatIsGoneToAnother) {
+    for (int i = 0; i < 2; ++i)
+        app.createNewInstance(true, {});
+    EXPECT_TRUE(app.getMainWindows()[1]->close());
+    write("a.csv");
+    secondStart("a.csv");
+    EXPECT_TRUE(comesTo("untitled | a.csv"));
+    EXPECT_TRUE(app.getMainWindows()[1]->close());
+    secondStart("a.csv");
+    EXPECT_TRUE(comesTo("a.csv"));
+}
