@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <utility>
 
@@ -66,11 +67,12 @@ void NoticeLine::arrange() {
     bool const isBelow = beside < readableLetters * fontMetrics().averageCharWidth();
     row->setDirection(isBelow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     buttons->setDirection(buttonWidth() > width ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    static QRegularExpression const folderEnd(QStringLiteral("(?<=.)/")); // not the root: its slash alone says nothing
     QStringList shown;
     for (QString const& path : std::as_const(paths)) {
         shown << label->fontMetrics()
                      .elidedText(path, Qt::ElideMiddle, isBelow ? width : beside)
-                     .replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
+                     .replace(folderEnd, QStringLiteral("/\u200B"));
     }
     QString const text = sentence.arg(shown.join(QStringLiteral(", ")));
     if (label->text() != text) {
