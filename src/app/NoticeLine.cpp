@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 #include <QBoxLayout>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -85,6 +85,14 @@ void NoticeLine::arrange() {
 void NoticeLine::resizeEvent(QResizeEvent* event) {
     QFrame::resizeEvent(event);
     arrange();
+}
+
+void NoticeLine::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        emit leftSignal();
+    } else {
+        QFrame::keyPressEvent(event);
+    }
 }
 
 void NoticeLine::changeEvent(QEvent* event) {

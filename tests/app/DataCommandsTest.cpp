@@ -9,6 +9,8 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 
+#include <tuple>
+
 namespace {
 
 using DataCommands = WindowFixture;
@@ -109,6 +111,7 @@ Table const tables[] = {
          {"Copy Main Cell Contents to All Selected Cells", "C0,1 C2,1 C5,0", "h i j|a x ú|- i -|a x ú|b - -|i - -"},
          {"Duplicate Selected Cell Contents Down", "C1,1", "h i j|a x ú|- x -|a x ú|b - -", "C2,1*"},
          {"Duplicate Selected Cell Contents Left", "K2,0", "h j j|a ú ú|- - -|a ú ú|b - -", "K1,0*"},
+         {"Duplicate Selected Cell Contents Up", "C1,1", "h x j|a x ú|- - -|a x ú|b - -", "C0,1*"},
          {"Transpose Selected Cells", "C0,0 C0,1 C1,0 C1,1", "h a j|i x ú|- - -|a x ú|b - -"},
          {"Transpose Table", "R1,0 C0,2", "h a - a b|i x - x -|j ú - ú -", "K1,0* C2,0"},
          {"Insert Cells, Move Rest of Row Right", "C1,1", "h i j -|a - x ú|- - - -|a x ú -|b - - -"},
@@ -130,7 +133,12 @@ Table const tables[] = {
          {"Duplicate Row(s)", "R0,0 R1,0", "h i j|a x ú|h i j|a x ú|- - -|a x ú|b - -", "R2,0* R3,0"},
          {"Duplicate Column(s)", "K1,0 C0,2", "h i j i j|a x ú x ú|- - - - -|a x ú x ú|b - - - -", "K3,0* C0,4"},
          {"Duplicate Row(s) Multiple Times", "C0,1", "h i j|h i j|h i j|a x ú|- - -|a x ú|b - -", "C1,1*", "2"},
+         {"Move Row(s) Up", "R0,0 R1,0", nullptr},
+         {"Move Column(s) Left", "C2,0 C3,1", nullptr, nullptr},
+         {"Move Row(s) Just Above Row ...", "R1,0 C2,2", nullptr, nullptr, "1"},
          {"Move Row(s) Down", "R0,0 C1,2", "- - -|h i j|a x ú|a x ú|b - -", "R1,0* C2,2"},
+         {"Move Row(s) Up", "R2,0 R6,0", "h i j|- - -|a x ú|a x ú|b - -", "R1,0* R6,0"},
+         {"Move Column(s) Left", "K1,0 K5,0", "i h j|x a ú|- - -|x a ú|- b -", "K0,0* K5,0"},
          {"Move Row(s) Up", "C2,1 R4,0", "h i j|- - -|a x ú|b - -|a x ú", "C1,1* R3,0"},
          {"Move Column(s) Right", "K0,0 C1,1", "j h i|ú a x|- - -|ú a x|- b -", "K1,0* C1,2"},
          {"Move Column(s) Left", "K2,0", "h j i|a ú x|- - -|a ú x|b - -", "K1,0*"},
@@ -192,10 +200,26 @@ Table const tables[] = {
          {"Go to Bottom", "C4,2", nullptr, "C6,2*"},
          {"Go to Far Left", "C4,2", nullptr, "C4,0*"},
          {"Go to Far Right", "C4,2", nullptr, "C4,3*"},
+         {"Move Selection Up", "C4,2", nullptr, "C3,2*"},
+         {"Move Selection Down", "C4,2", nullptr, "C5,2*"},
+         {"Move Selection Left", "C4,2", nullptr, "C4,1*"},
+         {"Move Selection Right", "C4,2", nullptr, "C4,3*"},
+         {"Move Selection Up by a Block", "C6,2", nullptr, "C4,2*"},
          {"Move Selection Down by a Block", "C4,0 C4,2", nullptr, "C6,0* C6,2"},
          {"Move Selection Left by a Block", "C4,3", nullptr, "C4,0*"},
+         {"Move Selection Right by a Block", "C2,0", nullptr, "C2,3*"},
+         {"Select Up", "C4,2", nullptr, "C3,2 C4,2*"},
+         {"Select Down", "C4,2", nullptr, "C4,2* C5,2"},
+         {"Select Left", "C4,2", nullptr, "C4,1 C4,2*"},
+         {"Select Right", "C4,2", nullptr, "C4,2* C4,3"},
          {"Select Up by a Block", "C6,3", nullptr, "C4,3 C5,3 C6,3*"},
+         {"Select Down by a Block", "C4,1", nullptr, "C4,1* C5,1 C6,1"},
+         {"Select Left by a Block", "C4,2", nullptr, "C4,0 C4,1 C4,2*"},
          {"Select Right by a Block", "C2,1", nullptr, "C2,1* C2,2 C2,3"},
+         {"Sort Selected Cells Horizontally - Ascending", "R1,1",
+          "- n m n|k x x y|b 2 z 2|- - - -|a 10 y 10|b 2 z 2|k x y x"},
+         {"Sort Selected Cells Vertically - Ascending", "C2,2 C4,2",
+          "- n m n|k x y x|b 2 y 2|- - - -|a 10 z 10|b 2 z 2|k x y x"},
          {"Insert Row(s) Before", "R0,0", "- - - -|- n m n|k x y x|b 2 z 2|- - - -|a 10 y 10|b 2 z 2|k x y x"},
      }},
     {"h,i,j,k\na,1,p,x\nb,2,q,y\nc,3,r,z\nd,4,s,w\n",
@@ -259,7 +283,10 @@ Table const tables[] = {
          {"Remove All Filtered Out and Hidden Data", "C2,2", "h j k|a p x|c r z|d s w"},
          {"Go to Cell", "C0,0", nullptr, "C24,7*", "c8, 25"},
          {"Go to Cell", "C3,1", nullptr, "C1,1*", "2"},
+         {"Go to Cell", "C2,2", nullptr, "C2,0*", "c1"},
          {"Go to Bottom", "C0,1", nullptr, "C3,1*"},
+         {"Go to Far Right", "C1,0", nullptr, "C1,2*"},
+         {"Select Right to End of Row", "C1,0", nullptr, "C1,0* C1,1 C1,2"},
          {"Select From Main Cell To ...", "C1,1", nullptr, "C1,1* C1,2 C2,1 C2,2 C3,1 C3,2", "4 3"},
          {"Select Down to Bottom of Column", "C1,1", nullptr, "C1,1* C2,1 C3,1"},
          {"Invert Selection by Columns (Header Excluded)", "K0,0", nullptr, "K1,0* K2,0"},
@@ -274,6 +301,16 @@ Table const tables[] = {
          {"Select Up to Top of Column (Header Excluded)", "C3,1", nullptr, "C1,1 C2,1 C3,1*"},
          {"Invert Selection by Rows (Header Excluded)", "R1,0", nullptr, "R2,0* R3,0"},
          {"Show All Hidden Row(s)", "C2,1", "t u|h i|c 1|a 2|b 3", "C3,1*"},
+     }},
+    {"t,h,c,a,b\nu,i,1,2,3\n",
+     {{}, {0}, 0, 1},
+     "(t) h c a b|(u) i 1 2 3",
+     {
+         {"Sort Selected Row - Descending", "C1,0", "(t) h b a c|(u) i 3 2 1"},
+         {"Select Entire Row(s) (Header Excluded)", "C0,2", nullptr, "R0,1*"},
+         {"Select Left To Start of Row (Header Excluded)", "C1,3", nullptr, "C1,1 C1,2 C1,3*"},
+         {"Invert Selection by Columns (Header Excluded)", "K1,0", nullptr, "K2,0* K3,0"},
+         {"Show All Hidden Column(s)", "C1,2", "t h c a b|u i 1 2 3", "C1,3*"},
      }},
     {"h,i,j\na,3,1\nb,2,3\nc,1,2\n",
      {{1}, {1}, 1, 0},
@@ -295,6 +332,43 @@ Table const tables[] = {
          {"Remove Empty Row(s)", "C0,0", "h (i) j|(a (1) -)|a (1) -|a (2) -|- (3) -|a (1) -"},
          {"Hide Empty Row(s)", "C0,0", "h (i) j|(a (1) -)|a (1) -|a (2) -|- (3) -|(- (-) -)|a (1) -"},
          {"Remove Empty Rows (Based on Selected Columns Only)", "C0,0", "h (i) j|(a (1) -)|a (1) -|a (2) -|a (1) -"},
+     }},
+    {"h,a,a,a,,,a\ni,1,1,2,3,,1\nj,,,,,,\n",
+     {{1}, {1}, 0, 1},
+     "h (a) a a - - a|(i (1) 1 2 3 - 1)|j (-) - - - - -",
+     {
+         {"Select Duplicate Column(s)", "C0,0", nullptr, "K5,0*"},
+         {"Remove Duplicate Column(s)", "C0,0", "h (a) a a - -|(i (1) 1 2 3 -)|j (-) - - - -"},
+         {"Select Duplicate Columns (Based on Selected Rows Only)", "C0,0", nullptr, "K2,0* K4,0 K5,0"},
+         {"Remove Duplicate Columns (Based on Selected Rows Only)", "C0,0", "h (a) a -|(i (1) 1 3)|j (-) - -"},
+         {"Remove Empty Column(s)", "C0,0", "h (a) a a - a|(i (1) 1 2 3 1)|j (-) - - - -"},
+         {"Hide Empty Column(s)", "C0,0", "h (a) a a - (-) a|(i (1) 1 2 3 (-) 1)|j (-) - - - (-) -"},
+         {"Remove Empty Columns (Based on Selected Rows Only)", "C0,0", "h (a) a a a|(i (1) 1 2 1)|j (-) - - -"},
+     }},
+    {"h,,j\na,,1\n,,\nb,,2\n",
+     {{2, 3}, {1, 2}, 1, 0},
+     "h (-) (j)|a (-) (1)|(- (-) (-))|(b (-) (2))",
+     {
+         {"Show Empty Row(s)", "C0,0", "h (-) (j)|a (-) (1)|- (-) (-)|(b (-) (2))"},
+         {"Show Empty Column(s)", "C0,0", "h - (j)|a - (1)|(- - (-))|(b - (2))"},
+         {"Show Hidden Row(s) in Selection", "C1,0", "h (-) (j)|a (-) (1)|- (-) (-)|b (-) (2)"},
+         {"Show Hidden Column(s) in Selection", "K0,0", "h - j|a - 1|(- - -)|(b - 2)"},
+         {"Remove All Filtered Out and Hidden Data", "C0,0", "h|a"},
+     }},
+    {"h,Two words, x ,-007\n",
+     {{}, {}, 0, 0},
+     "h Two words  x  -007",
+     {
+         {"Upper Case", "C0,1", "h TWO WORDS  x  -007"},
+         {"Lower Case", "C0,1", "h two words  x  -007"},
+         {"Title Case", "C0,1", "h Two Words  x  -007"},
+         {"Upper Camel Case", "C0,1", "h TwoWords  x  -007"},
+         {"Lower Camel Case", "C0,1", "h twoWords  x  -007"},
+         {"Upper Snake Case", "C0,1", "h TWO_WORDS  x  -007"},
+         {"Lower Snake Case", "C0,1", "h two_words  x  -007"},
+         {"Convert to Acronym", "C0,1", "h TW  x  -007"},
+         {"Trim Selected Cell(s)", "C0,1 C0,2", "h Two words x -007"},
+         {"Remove Leading Zeros", "R0,0", "h Two words  x  -7"},
      }},
 };
 
@@ -344,6 +418,35 @@ TEST_F(DataCommands, NothingToDoLeavesTheTableUnchanged) {
     }
 }
 
+TEST_F(DataCommands, ClearingAsksBeforeItEmptiesCellsThatWereTakenOutOfTheSelection) {
+    struct Answer {
+        char const* label;
+        char const* expected;
+    };
+    open("a,b\n1,2\n3,4\n");
+    QUndoStack const& stack = *table()->undoStack();
+    for (auto const& [label, expected] :
+         {Answer{"Leave Them Out", "- -|- 2|- -"}, {"Change All", "- -|- -|- -"}, {"Cancel", "a b|1 2|3 4"}}) {
+        SCOPED_TRACE(label);
+        select("T0,0");
+        ASSERT_TRUE(model().removeCellFromSelection(1, 1));
+        box.next(label);
+        window.runCommand("Clear Cell Contents");
+        EXPECT_EQ(box.texts().value(box.texts().size() - 1),
+                  "1 cell that was taken out of the selection would be changed too.");
+        EXPECT_EQ(stored(), expected);
+        EXPECT_EQ(stack.index(), label == QLatin1String("Cancel") ? 0 : 1);
+        window.runCommand("Undo");
+        EXPECT_EQ(stored(), "a b|1 2|3 4");
+        EXPECT_FALSE(model().getSelectedSet().covers(1, 1)) << "the selection is that of before";
+    }
+    ::change(*table(), QString(), 1, 1);
+    select("T0,0");
+    ASSERT_TRUE(model().removeCellFromSelection(1, 1));
+    window.runCommand("Clear Cell Contents");
+    EXPECT_EQ(stored(), "- -|- -|- -") << "nothing is asked about a cell that is empty";
+}
+
 TEST_F(DataCommands, UuidsFillTheSelectedCellsEachWithItsOwn) {
     select("C0,0 C1,0");
     window.runCommand("Fill Selected Cells with UUID/GUID");
@@ -354,24 +457,71 @@ TEST_F(DataCommands, UuidsFillTheSelectedCellsEachWithItsOwn) {
 }
 
 TEST_F(DataCommands, TabsAreReachedByNumberAndClosedButForTheCurrentOne) {
-    open("1\n", "a.csv");
-    open("2\n", "b.csv");
-    open("3\n", "c.csv");
+    for (int tab = 1; tab <= 10; ++tab)
+        open(QByteArray::number(tab) + '\n', QString("%1.csv").arg(tab));
+    for (int tab = 1; tab <= 10; ++tab) {
+        window.runCommand(QString("Switch to Tab %1").arg(tab));
+        EXPECT_EQ(shown(), std::to_string(tab));
+    }
+    for (auto const& [side, expected] : {std::pair("Right", "1"), std::pair("Left", "10"), std::pair("Left", "9")}) {
+        window.runCommand(QString("Switch to Tab on the ") + side);
+        EXPECT_EQ(shown(), expected);
+    }
+    window.runCommand("Close File");
+    EXPECT_EQ(shown(), "8");
     window.runCommand("Switch to Tab 2");
-    EXPECT_EQ(shown(), "2");
-    window.runCommand("Switch to Tab 9");
+    window.runCommand("Switch to Tab 10");
     EXPECT_EQ(shown(), "2");
     QGuiApplication::clipboard()->setText("before");
     window.runCommand("Copy File Name to Clipboard");
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "b.csv");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "2.csv");
     window.runCommand("Copy Folder Path to Clipboard");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), directory.path());
     window.runCommand("Copy File Path to Clipboard");
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), directory.filePath("b.csv"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), directory.filePath("2.csv"));
 
     window.runCommand("Close All Files Except Current");
     EXPECT_EQ(window.getPaneView()->getTables().size(), 1U);
     EXPECT_EQ(shown(), "2");
+}
+
+TEST_F(DataCommands, EachCommandForHeadersChangesItsOwnOnlyAndOnlyInItsTable) {
+    auto const state = [this] {
+        TableView const& of = *table();
+        return QString("%1 %2 %3%4 %5%6")
+            .arg(of.getNumHeaderRows())
+            .arg(of.getNumHeaderCols())
+            .arg(int(of.areHeaderRowsFrozen()))
+            .arg(int(of.areHeaderColsFrozen()))
+            .arg(int(of.areHeaderRowsHighlighted()))
+            .arg(int(of.areHeaderColsHighlighted()));
+    };
+    open("1,2,3\n4,5,6\n7,8,9\n");
+    QString const untouched = state();
+    open("1,2,3\n4,5,6\n7,8,9\n", "b.csv");
+    select("C2,1");
+    for (auto const& [command, expected] : std::initializer_list<std::pair<char const*, char const*>>{
+             {"Set Headers to Selected Cell", "3 2 10 11"},
+             {"Remove Header Rows", "0 2 10 11"},
+             {"Set Header Rows to Selected Row", "3 2 10 11"},
+             {"Remove Header Columns", "3 0 10 11"},
+             {"Set Header Columns to Selected Column", "3 2 10 11"},
+             {"Toggle Freeze Header Rows and Columns", "3 2 11 11"},
+             {"Toggle Freeze Header Rows", "3 2 01 11"},
+             {"Toggle Freeze Header Rows and Columns", "3 2 11 11"},
+             {"Toggle Freeze Header Columns", "3 2 10 11"},
+             {"Toggle Freeze Header Rows", "3 2 00 11"},
+             {"Toggle Highlight Header Rows", "3 2 00 01"},
+             {"Toggle Highlight Header Columns", "3 2 00 00"},
+             {"Toggle Freeze Header Rows and Columns", "3 2 11 00"},
+             {"Toggle Freeze Header Rows and Columns", "3 2 00 00"},
+             {"Remove All Headers", "0 0 00 00"},
+         }) {
+        window.runCommand(command);
+        EXPECT_EQ(state(), expected) << command;
+    }
+    window.runCommand("Switch to Tab 1");
+    EXPECT_EQ(state(), untouched);
 }
 
 TEST_F(DataCommands, ClosingTheOthersStopsWhereTheUserCancels) {
@@ -399,7 +549,23 @@ TEST_F(DataCommands, ScrollingToAnEdgeLeavesTheSelectionAlone) {
     window.runCommand("Scroll to Top");
     window.runCommand("Scroll to Far Left");
     EXPECT_EQ(table.verticalScrollBar()->value() + table.horizontalScrollBar()->value(), 0);
+    auto const signOf = [](int value) { return (value > 0) - (value < 0); };
+    for (auto const& [direction, rows, cols] :
+         {std::tuple("Down", 1, 0), std::tuple("Right", 0, 1), std::tuple("Up", -1, 0), std::tuple("Left", 0, -1)}) {
+        int const top = table.verticalScrollBar()->value();
+        int const left = table.horizontalScrollBar()->value();
+        window.runCommand(QString("Scroll %1 One Screen").arg(direction));
+        EXPECT_EQ(signOf(table.verticalScrollBar()->value() - top), rows) << direction;
+        EXPECT_EQ(signOf(table.horizontalScrollBar()->value() - left), cols) << direction;
+    }
     EXPECT_EQ(textOf(model().getSelection()), "C3,3*");
+    for (auto const& [direction, rows, cols] :
+         {std::tuple("Down", 1, 0), std::tuple("Right", 0, 1), std::tuple("Up", -1, 0), std::tuple("Left", 0, -1)}) {
+        Range const before = model().getMainCell();
+        window.runCommand(QString("Go %1 One Screen").arg(direction));
+        EXPECT_EQ(signOf(model().getMainCell().row - before.row), rows) << direction;
+        EXPECT_EQ(signOf(model().getMainCell().col - before.col), cols) << direction;
+    }
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMetaMethod>
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QToolButton>
 
 #include <sys/stat.h>
@@ -290,6 +291,38 @@ TEST_F(WindowFlows, TheTabToTheLeftFollowsOneThatIsClosedAndOthersLeaveTheActive
     }
 }
 
+TEST_F(WindowFlows, EachTabTellsTheNameTheFileAndTheStateOfItsTableWhereverItIsMoved) {
+    openAll({"a", "b", "c"});
+    QTabBar& bar = *window.findChild<TabBar*>()->findChild<QTabBar*>();
+    auto const texts = [&bar] {
+        QStringList all;
+        for (int i = 0; i < bar.count(); ++i)
+            all << bar.tabText(i);
+        return all.join(' ');
+    };
+    ::change(*tableOf("a"), "x");
+    ::change(*tableOf("b"), "y");
+    EXPECT_EQ(texts(), "\u25CF a.csv \u25CF b.csv c.csv");
+    tableOf("a")->undo();
+    EXPECT_EQ(texts(), "a.csv \u25CF b.csv c.csv");
+    tableOf("a")->redo();
+    bar.moveTab(0, 2);
+    EXPECT_EQ(tabs(), "bca");
+    EXPECT_EQ(title(), "c");
+    EXPECT_TRUE(window.saveFile(tableOf("b")));
+    EXPECT_TRUE(window.saveFileUnder(tableOf("a"), directory.filePath("d.csv"), false));
+    EXPECT_EQ(texts(), "b.csv c.csv d.csv");
+    EXPECT_EQ(title(), "c");
+    EXPECT_EQ(bar.tabToolTip(2), directory.filePath("d.csv"));
+    bar.setCurrentIndex(0);
+    EXPECT_EQ(cell(0, 0), "y");
+    window.commandNewFile();
+    EXPECT_EQ(texts(), "b.csv untitled c.csv d.csv");
+    emit bar.tabCloseRequested(2);
+    EXPECT_EQ(texts(), "b.csv untitled d.csv");
+    EXPECT_EQ(title(), "untitled - Gridwright");
+}
+
 TEST_F(WindowFlows, AWindowWhoseSecondQuestionIsCanceledKeepsWhatIsLeft) {
     openAll({"a", "b", "c"});
     for (char const* const name : {"a", "b"}) {
@@ -310,11 +343,15 @@ TEST_F(WindowFlows, AWindowWhoseSecondQuestionIsCanceledKeepsWhatIsLeft) {
     EXPECT_TRUE(window.close());
 }
 
-TEST_F(WindowFlows, TheStatusBarTellsOfTheActiveTableOnly) {
+TEST_F(WindowFlows, StatusBarAndCommandsKnowOfTheActiveTableOnly) {
     using Label = StatusBar::Label;
     openAll({"a", "b"});
-    auto const labels = [this] {
+    select("R1,0");
+    window.runCommand("Hide Selected Row(s)");
+    auto const labels = [this] { // and which commands are live
         QStringList texts;
+        for (Command const& command : window.getCommands().sorted())
+            texts << (command.action->isEnabled() ? command.name : QString());
         for (std::size_t i = 0; i < StatusBar::labelCount; ++i)
             texts << label(Label(i));
         return texts;
@@ -322,6 +359,11 @@ TEST_F(WindowFlows, TheStatusBarTellsOfTheActiveTableOnly) {
     TableView& behind = *tableOf("a");
     TableModel& data = *behind.tableModel();
     QStringList const before = labels();
+    EXPECT_TRUE(before.contains("Show All Hidden Row(s)"));
+    QSignalSpy loaded(window.getPaneView(), &PaneView::tableLoadedSignal);
+    behind.readFileAgain();
+    EXPECT_TRUE(loaded.count() > 0 || loaded.wait());
+    EXPECT_EQ(labels(), before);
     data.setSelection(modelCell(1, 0), rangesFrom("C1,0 C1,1"));
     behind.pushUndoCommand(new SetModelDataCommand(&data, data.getSelectedSet(), "longer than before", true));
     behind.pushUndoCommand(new InsertRowsCommand(&data, data.getSelectedSet(), 1, true, true));
@@ -337,6 +379,26 @@ TEST_F(WindowFlows, TheStatusBarTellsOfTheActiveTableOnly) {
     EXPECT_EQ(label(Label::LineEnding), "Windows");
     window.setActiveTable(tableOf("b"));
     EXPECT_EQ(labels(), before);
+}
+
+TEST_F(WindowFlows, TheSizeInTheStatusBarFollowsATranspositionAndASelectionOfNothingHasNoSum) {
+    using Label = StatusBar::Label;
+    open("1,2,3\n4,5,6\n");
+    run("Transpose Table");
+    EXPECT_EQ(label(Label::TableSize), "3 rows x 2 columns");
+    run("Undo");
+    EXPECT_EQ(label(Label::TableSize), "2 rows x 3 columns");
+    model().setAndApplyHiddenRowsList({0});
+    run("Transpose Table");
+    EXPECT_EQ(label(Label::TableSize), "3 rows x 2 columns (3 rows x 1 column)");
+    run("Undo");
+    window.resize(4000, 600);
+    window.show();
+    run("Select All");
+    run("Hide Selected Row(s)");
+    EXPECT_EQ(label(Label::Stats), "Sum: -      Mean: -");
+    for (QLabel const* const each : window.getStatusBar()->findChildren<QLabel*>())
+        EXPECT_TRUE(each->isVisible()) << qPrintable(each->accessibleName()) << qPrintable(each->text());
 }
 
 TEST_F(WindowFlows, AReloadAfterASetEncodingReadsTheFileInItsOwnAndAfterTheSaveInTheNewOne) {
@@ -445,4 +507,5 @@ TEST(StatusBar, SizesAreWrittenWithSeparatorsPluralsAndWhatIsVisible) {
     EXPECT_EQ(StatusBar::tableSizeText(1, 1, 1, 1), "1 row x 1 column");
     EXPECT_EQ(StatusBar::tableSizeText(1234567, 0, 1234567, 0), "1,234,567 rows x 0 columns");
     EXPECT_EQ(StatusBar::tableSizeText(10, 2, 1, 2), "10 rows x 2 columns (1 row x 2 columns)");
+    EXPECT_EQ(StatusBar::tableSizeText(10, 3, 10, 2), "10 rows x 3 columns (10 rows x 2 columns)");
 }

@@ -40,14 +40,15 @@ TEST(Settings, TextOfEveryKindIsTakenIfItIsValid) {
         {"Font", "Noto Sans", "Noto Sans"},
         {"Font", "", "Liberation Sans"},
         {"Theme", "Light", "Light"},
-        {"UUID Type", "V7", "v7"},
+        {"UUID Type", " V7 ", "v7"},
         {"UUID Type", "v5", "v4"},
-        {"Behavior When File Is Changed Externally", "ask", "ask"},
+        {"Behavior When File Is Changed Externally", " Ask ", "ask"},
         {"Behavior When File Is Changed Externally", "never", "refresh"},
         {"Search Engine", "www.example.org/?q=", "www.example.org/?q="},
         {"Text Editor", "/bin/ed", "/bin/ed"},
         {"Encoding", "latin nonsense", "UTF-8"},
         {"Parsing Standard", "sparse quotes", "Sparse Quotes"},
+        {"Encoding", " utf-16le ", "UTF-16LE"},
         {"Line Ending", "Windows", "Windows"},
     };
     for (Case const& entry : cases) {

@@ -49,10 +49,13 @@ TEST(CellRegion, IsASetOfCells) {
         EXPECT_EQ((a | b).count(), std::int64_t(both.size()));
         EXPECT_EQ(CellRegion::ofCells({both.rbegin(), both.rend()}), a | b);
         EXPECT_EQ(((a - b) | (a & b)), a);
-        Cells clamped;
-        for (auto const& [row, col] : cellsOf(a))
-            clamped.emplace(std::min(row, 4), std::max(col, 3));
-        EXPECT_EQ(cellsOf(a.clampedTo({INT_MIN, 3, 4, INT_MAX})), clamped);
+        for (CellRect const& bounds : {CellRect{INT_MIN, 3, 4, INT_MAX}, CellRect{INT_MIN, 3, 4, 6},
+                                       CellRect{2, INT_MIN, INT_MAX, 4}, CellRect{2, 3, 4, 6}}) {
+            Cells clamped;
+            for (auto const& [row, col] : cellsOf(a))
+                clamped.emplace(std::clamp(row, bounds.top, bounds.bottom), std::clamp(col, bounds.left, bounds.right));
+            EXPECT_EQ(cellsOf(a.clampedTo(bounds)), clamped);
+        }
     }
 }
 

@@ -94,8 +94,12 @@ bool isBefore(QString const& a, QString const& b, bool descending) {
 
 QStringList sorted(QStringList const& texts, bool descending, bool caseSensitive = true) {
     TextOrderKeys keys(caseSensitive);
-    for (QString const& text : texts)
+    TextOrderKeys fromBytes(caseSensitive);
+    for (QString const& text : texts) {
         keys.add(text);
+        fromBytes.addAscii(text.toStdString());
+    }
+    EXPECT_EQ(fromBytes.sortedOrder(descending), keys.sortedOrder(descending));
     QStringList result;
     for (int const place : keys.sortedOrder(descending))
         result << texts[place];
@@ -122,6 +126,7 @@ TEST(TextOrderKeys, OrdersByTheFirstRuleThatDecides) {
     EXPECT_EQ(sorted({"  b", " c", "a", "   "}, false), QStringList({"a", " c", "  b", "   "}));
     EXPECT_EQ(sorted({"B", "a", "C", "b"}, false), QStringList({"B", "C", "a", "b"}));
     EXPECT_EQ(sorted({"B", "a", "C", "b"}, false, false), QStringList({"a", "B", "b", "C"}));
+    EXPECT_EQ(sorted({"Z", "[", "z", "a", "A", "@"}, false, false), QStringList({"@", "[", "a", "A", "Z", "z"}));
     EXPECT_EQ(sorted({"nan", "3", "-1"}, false), QStringList({"-1", "3", "nan"}));
     for (bool const descending : {false, true}) // equal values keep their order
         EXPECT_EQ(sorted({"1.0", "1", "1.00"}, descending), QStringList({"1.0", "1", "1.00"}));

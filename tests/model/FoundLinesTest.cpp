@@ -27,6 +27,7 @@ TEST_F(FoundLines, TheFirstOfEqualLinesStaysAndHeadersAreNoDuplicates) {
         {"h,i,j\n1,x,11\n11,y,1\n,z,111\n11,,1\n", Axis::Rows, &firstAndThird, {4}},
         {"h,x,y,x,x\nh,1,1,1,2\n", Axis::Columns, nullptr, {3}},
         {"h,x,y,z\nh,1,1,1\nh,2,2,3\n", Axis::Columns, nullptr, {}},
+        {"h,x,h\n1,2,1\n", Axis::Columns, nullptr, {}},
         {"h,1,11,1\nh,11,1,11\n", Axis::Columns, nullptr, {3}},
         {"h,1,11\nq,5,6\nh,11,1\n", Axis::Columns, &firstAndThird, {}},
         {"h,x,x,x\nq,5,6,7\nh,2,2,3\n", Axis::Columns, &firstAndThird, {2}},

@@ -418,6 +418,37 @@ TEST_F(UndoCommands, NoTextLeavesTheTableAtItsTopOrLeft) {
     EXPECT_TRUE(moves("K1,0*", 0, -1));
 }
 
+TEST_F(UndoCommands, WhatIsTakenOutOfALineStaysOutWhileLinesBesideItAreHidden) {
+    for (Axis const axis : {Axis::Rows, Axis::Columns}) {
+        bool const rows = axis == Axis::Rows;
+        load("a,b,c\nd,e,f\ng,h,i\n");
+        Range line(1, rows ? RangeType::Row : RangeType::Column, RangeIndexType::Model);
+        (rows ? line.excludedCols : line.excludedRows) = {2};
+        model.setSelection(modelCell(1, 1), RangeVector{line});
+        if (rows)
+            stack.push(new ApplyHiddenColsCommand(&model, model.getSelectedSet(), std::vector<int>{0}, true));
+        else
+            stack.push(new ApplyHiddenRowsCommand(&model, model.getSelectedSet(), std::vector<int>{0}, true));
+        auto const left = cellsOf(model.getSelection(), {3, 3});
+        EXPECT_EQ(left, (std::set<std::pair<int, int>>{{rows ? 1 : 0, rows ? 0 : 1}, {rows ? 1 : 2, rows ? 2 : 1}}));
+        stack.undo();
+        EXPECT_EQ(cellsOf(model.getSelection(), {3, 3}), cellsOf(RangeVector{line}, {3, 3}));
+    }
+}
+
+TEST_F(UndoCommands, ASelectionBehindTheDataComesBackIntoTheGrid) {
+    load("a,b\nc,d\n");
+    model.setSelection(modelCell(1, 60), rangesFrom("C1,60*"));
+    model.enforceTableSize();
+    stack.push(new ApplyHiddenRowsCommand(&model, model.getSelectedSet(), std::vector<int>{0}, true));
+    model.setSelection(modelCell(0, 0), rangesFrom("C0,0*"));
+    model.enforceTableSize();
+    ASSERT_LE(model.columnCount(), 60);
+    stack.undo();
+    EXPECT_EQ(textOf(model.getSelection()), "C1,60*");
+    EXPECT_GT(model.columnCount(), 60);
+}
+
 TEST_F(UndoCommands, RedoLeavesTheSelectionThatACommandWithoutOneLeft) {
     load("a,b\nc,d\n");
     model.setSelection(modelCell(0, 1), rangesFrom("C0,1*"));

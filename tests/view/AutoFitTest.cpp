@@ -97,6 +97,23 @@ TEST_F(AutoFit, WidensWithAnEditAndWithTyping) {
     EXPECT_EQ(view.columnWidth(1), before);
     view.redo();
     EXPECT_EQ(view.columnWidth(1), committed);
+    view.undo();
+    for (bool const commit : {true, false}) { // nothing is left of an edit that comes back to the text before
+        QString const text = model().index(1, 1).data().toString();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        key(Qt::Key_A);
+        auto* const again = view.findChild<QLineEdit*>();
+        ASSERT_NE(again, nullptr);
+        QTest::keyClicks(again, words(12));
+        EXPECT_GT(view.columnWidth(1), before * 3);
+        if (commit) {
+            again->selectAll();
+            QTest::keyClicks(again, text);
+        }
+        view.stopEditing(commit);
+        EXPECT_EQ(view.columnWidth(1), before) << commit;
+        EXPECT_EQ(model().index(1, 1).data().toString(), text);
+    }
 }
 
 TEST_F(AutoFit, EditorStaysInSightAsItsColumnGrowsPastTheEdge) {

@@ -277,6 +277,17 @@ TEST_F(FrozenPanes, DragsOnTheEdgeOfTheHeaderRowsDoNotScroll) {
     EXPECT_EQ(model().getMainCell(), Range(1, 5, RangeIndexType::Model));
 }
 
+TEST_F(FrozenPanes, ADragToTheFirstLineOfTheBodyShowsItWhole) {
+    for (auto const& [row, col] : {std::pair(2, 8), std::pair(20, 3)}) {
+        QScrollBar& bar = row == 2 ? rowsBar() : colsBar();
+        bar.setValue(10); // beneath the band by so much
+        press(10, 6);
+        dragTo(view.visualRect(model().index(row, col)).bottomRight() - QPoint(1, 1));
+        EXPECT_EQ(bar.value(), 0) << row;
+        release({});
+    }
+}
+
 TEST_F(FrozenPanes, AGrowingEditorOfABandStaysInSight) {
     view.setAutoFitColWidth(true, false);
     view.scrollToCell(100, 0, false, false, Axis::Rows);

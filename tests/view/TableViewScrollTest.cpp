@@ -22,6 +22,12 @@ protected:
 } // namespace
 
 TEST_F(TableViewScroll, TheWheelGoesByWholeRowsOrByPixels) {
+    Settings settings;
+    settings.setValue(SettingType::FreezeHeaderRows, false);
+    settings.setValue(SettingType::AutoFitColumnWidth, false);
+    settings.setValue(SettingType::SnapToColumnAfterScrolling, true);
+    settings.setValue(SettingType::SnapToRowAfterScrolling, true);
+    view.propagateSettings(settings);
     load(500, 60);
     wheel({0, -120});
     EXPECT_EQ(rowsBar().value(), 75 / rowHeight() * rowHeight());
@@ -30,10 +36,16 @@ TEST_F(TableViewScroll, TheWheelGoesByWholeRowsOrByPixels) {
     wheel({0, -120}, Qt::ShiftModifier);
     EXPECT_EQ(colsBar().value(), 250 / colWidth() * colWidth());
     view.scrollToTopLeft();
-    view.setSnapToColumnAfterScrolling(false);
-    view.setSnapToRowAfterScrolling(false);
+    settings.setValue(SettingType::SnapToColumnAfterScrolling, false);
+    view.propagateSettings(settings);
     wheel({-120, 0});
     EXPECT_EQ(colsBar().value(), 75) << "columns go by the amount of rows here";
+    wheel({0, -120});
+    EXPECT_EQ(rowsBar().value(), 75 / rowHeight() * rowHeight());
+    view.scrollToTopLeft();
+    settings.setValue(SettingType::SnapToColumnAfterScrolling, true);
+    settings.setValue(SettingType::SnapToRowAfterScrolling, false);
+    view.propagateSettings(settings);
     wheel({0, -120});
     EXPECT_EQ(rowsBar().value(), 75);
     view.scrollToTopLeft();
