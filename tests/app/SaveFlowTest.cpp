@@ -44,7 +44,11 @@ protected:
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
-    static void type(QString const& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    /// The first key opens an editor, which has the others.
+    static void type(QString const& text) {
+        for (QChar const each : text)
+            QTest::keyClicks(QApplication::focusWidget(), QString(each));
+    }
     static void enter() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
     /// Lets what waits for the user come up to the clock several times.
     static testing::AssertionResult waits(HeldClock const& clock) {

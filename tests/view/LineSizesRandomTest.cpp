@@ -148,6 +148,8 @@ public:
         auto names = now.visible(axis);
         int const from = random(int(names.size()));
         int const to = random(int(names.size()));
+        if (to == from)
+            return; // no step to undo
         int const name = names[std::size_t(from)];
         names.erase(names.begin() + from);
         names.insert(names.begin() + to, name);
