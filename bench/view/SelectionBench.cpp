@@ -9,7 +9,9 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QHeaderView>
 #include <QProcess>
+#include <QScrollBar>
 #include <QTemporaryFile>
 #include <QTest>
 #include <benchmark/benchmark.h>
@@ -123,6 +125,40 @@ void dragOverRectangle(benchmark::State& state) {
     model.setPendingCorners(Range(RangeType::None), Range(RangeType::None));
 }
 
+enum Step { ArrowKey, ShiftArrow, LabelRepaint, ScrolledFrame };
+
+/// Every second row of a table of a million, whole or as one cell, and a step that is taken again and again with them.
+void scatteredSelection(benchmark::State& state) {
+    LargeTable& table = largeTable(1'000'000, columns);
+    TableView& view = table.view;
+    TableModel& model = *view.tableModel();
+    bool const wholeRows = state.range(1) != 0;
+    RangeVector ranges;
+    for (int piece = 0; piece < int(state.range(0)); ++piece)
+        ranges.push_back(wholeRows ? Range(2 * piece, RangeType::Row, RangeIndexType::Model)
+                                   : Range(2 * piece, 3, RangeIndexType::Model));
+    view.verticalScrollBar()->setValue(0);
+    model.setSelection(Range(0, 3, RangeIndexType::Model), ranges);
+    QApplication::processEvents();
+    int count = 0;
+    for (auto _ : state) {
+        bool const there = count++ % 2 == 0;
+        switch (Step(state.range(2))) {
+        case ArrowKey: view.moveSelectionRelative(there ? 1 : -1, 0); break;
+        case ShiftArrow:
+            model.selectUpOrDown(there ? Direction::Down : Direction::Up, false, false, nullptr);
+            view.refreshView();
+            break;
+        case LabelRepaint:
+            view.verticalHeader()->viewport()->update();
+            benchmark::DoNotOptimize(model.isRowSelected(500'000 + count));
+            break;
+        case ScrolledFrame: view.verticalScrollBar()->setValue(there ? 40 : 0); break;
+        }
+        QApplication::processEvents();
+    }
+}
+
 /// Runs an act and another that takes it back; only the first, or only the second, is timed.
 void timeActOrBack(benchmark::State& state, LargeTable& table, bool back, std::function<void()> const& act,
                    std::function<void()> const& takeBack) {
@@ -194,6 +230,10 @@ void sameCells(benchmark::internal::Benchmark* bench) {
 
 BENCHMARK(selectDownAndGoOn)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(dragOverRectangle)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(scatteredSelection)
+    ->ArgsProduct({{1000, 500'000}, {0, 1}, {ArrowKey, ShiftArrow, LabelRepaint, ScrolledFrame}})
+    ->ArgNames({"pieces", "rows", "step"})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(typeIntoColumn)
     ->Args({1000000, 0})
     ->Args({1000000, 1})

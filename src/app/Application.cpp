@@ -8,6 +8,7 @@
 #include "app/WindowGeometry.h"
 #include "core/ModalHold.h"
 #include "core/PathUtilities.h"
+#include "view/TypingGuard.h"
 
 #include <QDir>
 #include <QFile>
@@ -91,7 +92,7 @@ void Application::onMessageReceived(quint32, QByteArray const& message) {
     if (ModalHold::isOpen() && activeMainWindow != nullptr) {
         alert(activeMainWindow); // something waits behind the question
     }
-    ModalHold::whenFree(this, [this, message] { carryOut(HandOverMessage::parse(message)); });
+    TypingGuard::whenStill(this, [this, message] { carryOut(HandOverMessage::parse(message)); });
 }
 
 void Application::carryOut(HandOverMessage const& handOver) {
@@ -189,7 +190,7 @@ void Application::closeProgram() {
 bool Application::event(QEvent* event) {
     if (event->type() == QEvent::FileOpen) {
         QString const file = static_cast<QFileOpenEvent*>(event)->file();
-        ModalHold::whenFree(this, [this, file] {
+        TypingGuard::whenStill(this, [this, file] {
             if (!file.isEmpty() && activeMainWindow != nullptr) {
                 activeMainWindow->openFile(file);
             }

@@ -29,7 +29,7 @@ public:
     bool event(QEvent* event) override;
 
 public slots:
-    /// Carries a later start out, after the questions that are open.
+    /// Carries a later start out, after the questions that are open and the text that the user types.
     void onMessageReceived(quint32 instanceId, QByteArray const& message);
     /// Opens a further window, centred or of the size of the one that asks.
     void createNewInstance(bool centred, QStringList const& files);

@@ -25,6 +25,10 @@ void GoneTables::keep(std::unique_ptr<TableView> table, bool edited) {
     userActed = false;
     qApp->installEventFilter(this); // again: it counts once
     kept.push_back({std::move(table), edited});
+    tell();
+}
+
+void GoneTables::tell() {
     QStringList paths;
     for (Kept const& each : kept)
         paths << QFileInfo(each.table->getFilepath()).absoluteFilePath();
@@ -52,9 +56,24 @@ void GoneTables::clear() {
 }
 
 void GoneTables::giveBack() {
-    std::vector<Kept> wanted = std::exchange(kept, {});
-    clear();
-    line->dismiss();
+    emitAll(std::exchange(kept, {}));
+}
+
+void GoneTables::giveBackEdited() {
+    std::vector<Kept> wanted;
+    for (Kept& each : std::exchange(kept, {}))
+        (each.edited ? wanted : kept).push_back(std::move(each));
+    if (!wanted.empty())
+        emitAll(std::move(wanted));
+}
+
+void GoneTables::emitAll(std::vector<Kept> wanted) {
+    if (kept.empty()) {
+        clear();
+        line->dismiss();
+    } else {
+        tell();
+    }
     for (Kept& each : wanted)
         emit takenBackSignal(each.table.release());
 }

@@ -23,6 +23,8 @@ public:
     NoticeLine* getLine() const { return line; }
     /// Takes over a table that stands in no window any more. `edited`: it held what its file never did.
     void keep(std::unique_ptr<TableView> table, bool edited);
+    /// Gives the tables with edits back unasked. The others are offered as before.
+    void giveBackEdited();
     /// Ends the offer, and the tables.
     void clear();
 
@@ -41,6 +43,8 @@ private:
     };
 
     void giveBack();
+    void emitAll(std::vector<Kept> wanted);
+    void tell();
 
     NoticeLine* line;
     std::vector<Kept> kept;

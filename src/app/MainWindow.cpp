@@ -108,7 +108,9 @@ void MainWindow::buildWidgets() {
     connect(paneView, &PaneView::tableLoadFailedSignal, this, &MainWindow::onTableLoadFailed);
     connect(goneTables, &GoneTables::takenBackSignal, this, &MainWindow::takeBack);
     for (NoticeLine const* const line : {goneTables->getLine(), missingFiles}) {
-        connect(line, &NoticeLine::dismissedSignal, this, [this] { activeTable->takeFocus(); });
+        for (auto const leaving : {&NoticeLine::dismissedSignal, &NoticeLine::leftSignal}) {
+            connect(line, leaving, this, [this] { activeTable->takeFocus(); });
+        }
     }
     setupLauncher();
 }
@@ -189,6 +191,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     QScopedValueRollback<bool> const walk(closing, true);
+    goneTables->giveBackEdited(); // to be asked about
     // The last table that closes leaves a new one behind.
     while (tabBar->count() > 1 || !isUntouchedEmptyTable(activeTable)) {
         if (!closeFile(activeTable)) {

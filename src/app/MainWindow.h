@@ -500,11 +500,14 @@ private:
     /// Tells that a table may not be saved to the file of another one, if so.
     bool refusesOpenFile(TableView const* table, QString const& path, bool visibleOnly);
     bool finishSaveFileAs(PendingSave const& save);
+    /// Asks if cells hold what the encoding of the new file cannot carry. The table may be gone afterwards.
+    bool mayLoseCharacters(PendingSave const& save);
     bool moveTo(PendingSave const& save);
     bool saveCopy(PendingSave const& save);
     bool askHowToOpenSavedCopy(QString const& path, bool& readOnly);
     // Changes by other programs (MainWindow_Watch.cpp).
     void setupWatch();
+    bool isTextOpen() const;
     void watchTable(TableView* table);
     void unwatchTable(TableView* table);
     void onWatchedFileGone(QString const& path);

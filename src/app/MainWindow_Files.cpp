@@ -13,6 +13,7 @@
 #include "core/PathUtilities.h"
 #include "view/FileDialog.h"
 #include "view/MsgBox.h"
+#include "view/TypingGuard.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -241,7 +242,7 @@ void MainWindow::onTableLoaded(TableView* table) {
     if (table == activeTable) {
         refreshActiveTable();
     }
-    tellIfNotReadWhole(table);
+    TypingGuard::whenStill(table, [this, table] { tellIfNotReadWhole(table); });
 }
 
 void MainWindow::onTableLoadFailed(TableView* table, QString const& reason) {
@@ -250,6 +251,7 @@ void MainWindow::onTableLoadFailed(TableView* table, QString const& reason) {
         reloads.remove(table);
     }
     watchedFiles->onLoadFailed(path);
+    FromOutside const acting; // most reloads are nothing that the user asked for
     MsgBox::inform(this, theme,
                    tr("This file can't be read again:\n%1\n\n%2\n\nThe table keeps what it had.").arg(path, reason));
 }

@@ -1,6 +1,7 @@
 // The menu bar, made from the command table.
 
 #include "app/MainWindow.h"
+#include "app/MenuArrow.h"
 #include "commands/Menus.h"
 #include "view/ContextMenuEntries.h"
 
@@ -23,6 +24,7 @@ void MainWindow::setupMenus() {
         addAction(actions.value(name));
     }
     menuBar()->setAccessibleName(tr("Menu bar"));
+    MenuArrow::tint(*menuBar(), theme.getTextColor());
 }
 
 void MainWindow::addToMenu(QMenu& menu, std::vector<MenuItem> const& items) {

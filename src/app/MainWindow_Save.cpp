@@ -10,7 +10,9 @@
 #include "core/EncodingUtilities.h"
 #include "core/PathUtilities.h"
 #include "model/LineBreakCells.h"
+#include "model/LossyCells.h"
 #include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
+#include "model/undo/SetEncodingCommand.h"
 #include "view/FileDialog.h"
 #include "view/MsgBox.h"
 #include "view/SaveFailureMessage.h"
@@ -206,21 +208,49 @@ bool MainWindow::refusesOpenFile(TableView const* table, QString const& path, bo
 }
 
 bool MainWindow::finishSaveFileAs(PendingSave const& save) {
-    if (!save.table || refusesOpenFile(save.table, save.path, save.visibleOnly)) {
+    if (!save.table || !mayLoseCharacters(save) || !save.table ||
+        refusesOpenFile(save.table, save.path, save.visibleOnly)) {
         return false; // the table went, or the file was opened, while a question was open
     }
     return save.visibleOnly ? saveCopy(save) : moveTo(save);
+}
+
+bool MainWindow::mayLoseCharacters(PendingSave const& save) {
+    TableModel& model = *save.table->tableModel();
+    CellRegion const cells = LossyCells::find(model, save.dialect.encoding, save.visibleOnly);
+    if (cells.isEmpty()) {
+        return true;
+    }
+    MsgBox box(this);
+    box.setTheme(theme);
+    box.setText(LossyCells::sentence(cells.count(), save.dialect.encoding));
+    box.nameFile(save.path);
+    QPushButton const* const change = box.addButton(tr("Change &Anyway"), QMessageBox::DestructiveRole);
+    QPushButton const* const show = box.addButton(tr("&Show Cells"), QMessageBox::ActionRole);
+    QPushButton* const cancel = box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(cancel);
+    box.conditionButtons();
+    box.exec();
+    if (save.table && box.clickedButton() == show && LossyCells::select(model, cells)) {
+        setActiveTable(save.table);
+        save.table->scrollToMainCell(true, true);
+    }
+    return box.clickedButton() == change;
 }
 
 bool MainWindow::moveTo(PendingSave const& save) {
     TableView* const table = save.table;
     TableModel& model = *table->tableModel();
     QString const before = table->getFilepath();
-    table->setExtensionData(save.dialect);
-    if (!model.saveCSV(save.path, false, false)) {
+    if (!model.saveCSV(save.path, save.dialect, false)) {
         MsgBox::inform(this, theme, buildSaveFailureMessage(save.path, model.getLastSaveError()));
         return false;
     }
+    // What is on the undo stack knows the cells in their present encoding.
+    if (save.dialect.encoding != model.getEncoding()) {
+        table->pushUndoCommand(SetEncodingCommand::afterSave(&model, save.dialect.encoding));
+    }
+    table->setExtensionData(save.dialect);
     table->undoStack()->setClean();
     if (before != save.path) {
         watchedFiles->remove(before);
@@ -234,19 +264,12 @@ bool MainWindow::moveTo(PendingSave const& save) {
     return true;
 }
 
-// The table keeps its own file and dialect; only the copy has those of its name. Its encoding is the table's, as cells
-// that are converted to and fro could lose characters.
+// The table keeps its own file and dialect; only the copy has those of its name.
 bool MainWindow::saveCopy(PendingSave const& save) {
     TableView* const table = save.table;
     TableModel& model = *table->tableModel();
     QString const own = table->getFilepath();
-    ExtensionData const before = presentOptions(model);
-    ExtensionData dialect = save.dialect;
-    dialect.encoding = before.encoding;
-    table->setExtensionData(dialect);
-    bool const saved = model.saveCSV(save.path, false, true);
-    table->setExtensionData(before);
-    if (!saved) {
+    if (!model.saveCSV(save.path, save.dialect, true)) {
         MsgBox::inform(this, theme, buildSaveFailureMessage(save.path, model.getLastSaveError()));
         return false;
     }

@@ -1,6 +1,7 @@
 // The preferences: read from their files, put in force in the window, changed by commands.
 
 #include "app/MainWindow.h"
+#include "app/MenuArrow.h"
 #include "app/PaneView.h"
 #include "app/PreferenceStartup.h"
 #include "app/PreferenceWatcher.h"
@@ -14,6 +15,7 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QMenuBar>
 #include <QPointer>
 #include <QTimer>
 #include <QUrl>
@@ -45,7 +47,10 @@ void MainWindow::loadSettingsFromFile() {
         PreferenceFiles::addUserSettings(model, settings);
         settingsWriter.restore(settings);
         theme = settings.getTheme();
-        if (!settings.isThemeKnown() && settings.getValueString(SettingType::Theme) != themeBefore) {
+        bool const isOther = settings.getValueString(SettingType::Theme) != themeBefore;
+        if (isOther && settings.isThemeKnown()) {
+            labelBar->clearMessage(); // which may still tell of the one before
+        } else if (isOther) {
             tellUnknownTheme();
         }
     }
@@ -89,6 +94,7 @@ void MainWindow::propagateSettings() {
     theme = settings.getTheme();
     tabBar->setVisible(settings.getValueBool(SettingType::ShowTabBar));
     emit setThemeSignal(theme);
+    MenuArrow::tint(*menuBar(), theme.getTextColor());
     paneView->propagateSettings(settings);
     if (Launcher* const launcher = paneView->getLauncher()) {
         launcher->setTheme(theme);

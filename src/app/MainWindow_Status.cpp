@@ -60,7 +60,11 @@ void MainWindow::updateDialectLabels() {
 
 void MainWindow::updateStatusBar() {
     TableModel const& model = *activeTable->tableModel();
-    labelBar->setText(Label::Mode, activeTable->isReadOnly() ? tr("Read-Only") : tr("Editable"));
+    QString const mode = activeTable->isReadOnly() ? tr("Read-Only") : tr("Editable");
+    QString const formerMode = labelBar->text(Label::Mode);
+    if (!formerMode.isEmpty() && mode != formerMode)
+        labelBar->clearMessage(); // it may speak of the other mode
+    labelBar->setText(Label::Mode, mode);
     updateDialectLabels();
     labelBar->setText(Label::Filters, StatusBar::filtersText({}, {}));
     onSelectionSizeChanged(activeTable->tableModel()->getSelectionSize());

@@ -9,8 +9,11 @@
 #include "model/undo/RemoveLinesCommand.h"
 #include "model/undo/SetModelDataCommand.h"
 #include "model/undo/TransposeTableCommand.h"
+#include "view/LeftOutQuestion.h"
 #include "view/MsgBox.h"
 #include "view/TableView.h"
+
+#include <QPointer>
 
 template <class Command, class... Arguments>
 void MainWindow::push(Arguments... arguments) {
@@ -38,8 +41,14 @@ void MainWindow::commandStopEditing() {
 }
 
 void MainWindow::commandClearCellContentsNavigate() {
-    TableModel* const model = activeTable->tableModel();
-    activeTable->pushUndoCommand(new SetModelDataCommand(model, model->getSelectedSet(), QString(), true));
+    QPointer<TableView> const table = activeTable;
+    std::optional<LeftOut> leftOut = LeftOut::Change;
+    if (!table->isReadOnly() && !table->isLoading())
+        leftOut = askAboutLeftOutCells(table, *table->tableModel(), QString());
+    if (!leftOut || table.isNull())
+        return;
+    TableModel* const model = table->tableModel();
+    table->pushUndoCommand(new SetModelDataCommand(model, model->getSelectedSet(), QString(), true, *leftOut));
 }
 
 void MainWindow::commandInsertRowsBefore() {

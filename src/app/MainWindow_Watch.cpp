@@ -2,15 +2,20 @@
 
 #include "app/GoneTables.h"
 #include "app/MainWindow.h"
+#include "app/NoticeLine.h"
 #include "app/PaneView.h"
 #include "app/SystemFileWatch.h"
 #include "app/TabBar.h"
 #include "app/WatchedFiles.h"
+#include "app/launcher/Launcher.h"
+#include "app/launcher/PromptChain.h"
 #include "core/ModalHold.h"
 #include "view/MsgBox.h"
 #include "view/TableView.h"
+#include "view/TypingGuard.h"
 
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
@@ -23,15 +28,22 @@ void MainWindow::setupWatch() {
     };
     tables.isOpen = [this](QString const& path) { return paneView->getTableView(path) != nullptr; };
     tables.hasUnsavedEdits = [this](QString const& path) { return hasUnsavedEdits(paneView->getTableView(path)); };
-    tables.isAsking = &ModalHold::isOpen;
+    tables.isAsking = [] { return ModalHold::isOpen() || TypingGuard::isTyping(); };
     tables.isLoading = [this](QString const& path) { return paneView->getTableView(path)->isLoading(); };
     watchedFiles = new WatchedFiles(*files, std::move(tables), watchTimings, this);
+    TypingGuard::addText(this, [this] { return isTextOpen(); });
     connect(files, &SystemFileWatch::fileChangedSignal, watchedFiles, &WatchedFiles::onFileChanged);
     connect(watchedFiles, &WatchedFiles::fileGoneSignal, this, &MainWindow::onWatchedFileGone);
     connect(watchedFiles, &WatchedFiles::askSignal, this, &MainWindow::askForReload);
     connect(watchedFiles, &WatchedFiles::askAboutUnsavedSignal, this, &MainWindow::askForReloadOverEdits);
     connect(watchedFiles, &WatchedFiles::reloadSignal, this,
             [this](QString const& path) { reloadChangedFile(paneView->getTableView(path)); });
+}
+
+bool MainWindow::isTextOpen() const {
+    Launcher const* const launcher = paneView->getLauncher();
+    return (activeTable != nullptr && activeTable->isEditing()) ||
+           (launcher != nullptr && !launcher->getEditor()->text().isEmpty());
 }
 
 void MainWindow::watchTable(TableView* table) {
@@ -58,7 +70,7 @@ void MainWindow::unwatchTable(TableView* table) {
 }
 
 // The table goes with its file. What it showed is kept, what is typed just now included, but must not be written to
-// the file anew.
+// the file anew. The rest of a text that the user pauses in must not come into another table.
 void MainWindow::onWatchedFileGone(QString const& path) {
     TableView* const table = paneView->getTableView(path);
     if (table->isLoading()) { // nothing is there yet
@@ -68,10 +80,13 @@ void MainWindow::onWatchedFileGone(QString const& path) {
     }
     bool const edited = hasUnsavedEdits(table);
     table->tableModel()->setSaveAfterEachEdit(false);
+    bool const wasInText = table == activeTable && isTextOpen();
+    bool const hadFocus = table == activeTable && (table->hasFocusInside() || paneView->isAncestorOf(focusWidget()));
     table->stopEditing();
-    bool const hadFocus = table->hasFocusInside();
     goneTables->keep(takeOut(table), edited);
-    if (hadFocus) {
+    if (wasInText) {
+        goneTables->getLine()->setFocus();
+    } else if (hadFocus) {
         activeTable->takeFocus();
     }
 }
@@ -102,8 +117,10 @@ void MainWindow::askForReloadOverEdits(QString const& path) {
                        tr("&Ignore"), QString());
 }
 
+// Also before a save that the user wants, this question is none that was expected.
 void MainWindow::askWhetherToReload(QString const& path, QString const& question, QString const& refusal,
                                     QString const& remark) {
+    FromOutside const acting;
     MsgBox box(this);
     box.setTheme(theme);
     box.setTextFormat(Qt::PlainText);
@@ -120,7 +137,7 @@ void MainWindow::askWhetherToReload(QString const& path, QString const& question
     } else if (box.clickedButton() == reload) {
         watchedFiles->onFileChanged(path);
     } else {
-        watchedFiles->recordWatchedFileState(path);
+        watchedFiles->ignoreChange(path);
     }
 }
 

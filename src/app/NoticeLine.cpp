@@ -2,9 +2,10 @@
 
 #include <QAccessible>
 #include <QBoxLayout>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <utility>
 
@@ -66,11 +67,12 @@ void NoticeLine::arrange() {
     bool const isBelow = beside < readableLetters * fontMetrics().averageCharWidth();
     row->setDirection(isBelow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     buttons->setDirection(buttonWidth() > width ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    static QRegularExpression const folderEnd(QStringLiteral("(?<=.)/")); // not the root: its slash alone says nothing
     QStringList shown;
     for (QString const& path : std::as_const(paths)) {
         shown << label->fontMetrics()
                      .elidedText(path, Qt::ElideMiddle, isBelow ? width : beside)
-                     .replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
+                     .replace(folderEnd, QStringLiteral("/\u200B"));
     }
     QString const text = sentence.arg(shown.join(QStringLiteral(", ")));
     if (label->text() != text) {
@@ -81,6 +83,14 @@ void NoticeLine::arrange() {
 void NoticeLine::resizeEvent(QResizeEvent* event) {
     QFrame::resizeEvent(event);
     arrange();
+}
+
+void NoticeLine::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        emit leftSignal();
+    } else {
+        QFrame::keyPressEvent(event);
+    }
 }
 
 void NoticeLine::changeEvent(QEvent* event) {

@@ -7,7 +7,8 @@ class QBoxLayout;
 class QLabel;
 class QPushButton;
 
-/// A line above the status bar that tells something without holding anybody up. It stays until it is dismissed.
+/// A line above the status bar that tells something without holding anybody up. It stays until it is dismissed. With
+/// the focus it takes no text; Tab leads to its buttons.
 class NoticeLine : public QFrame {
     Q_OBJECT
 
@@ -26,8 +27,11 @@ signals:
     void actionSignal();
     /// Nothing is told any more.
     void dismissedSignal();
+    /// Escape: the focus is to go elsewhere.
+    void leftSignal();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 

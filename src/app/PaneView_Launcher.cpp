@@ -51,8 +51,9 @@ void PaneView::moveAndResizeLauncher() {
     constexpr int widest = 750;
     constexpr int stripPadding = 20;
     constexpr int gap = 10;
-    int const panelWidth = std::min(std::max(static_cast<int>(shareOfPane * width()), narrowest), widest);
-    int const left = std::max((width() - panelWidth) / 2, 0);
+    int const wanted = std::clamp(static_cast<int>(shareOfPane * width()), narrowest, widest);
+    int const panelWidth = std::min(wanted, width()); // whole also in a pane that is narrower than it likes to be
+    int const left = (width() - panelWidth) / 2;
     QWidget const* const header = activeTable->horizontalHeader();
     int top = header->mapTo(this, QPoint(0, header->isVisible() ? header->height() : 0)).y();
     for (PrevOptionWidget* const strip : prevOptions) {

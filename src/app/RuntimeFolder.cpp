@@ -17,6 +17,8 @@ namespace {
 constexpr qsizetype longestName = sizeof("/0123456789012345678901234567890123456789abcd-2");
 constexpr qsizetype longestPath = sizeof(sockaddr_un::sun_path) - longestName;
 
+QString sessionsFolder = QStringLiteral("/run/user");
+
 bool isPrivate(struct stat const& info) {
     return S_ISDIR(info.st_mode) && info.st_uid == geteuid() && (info.st_mode & (S_IRWXG | S_IRWXO)) == 0;
 }
@@ -27,12 +29,17 @@ QStringList candidates(bool perUser) {
         return {common};
     }
     QStringList result;
-    QString const session = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    struct stat info = {};
-    if (session.startsWith('/') && ::stat(QFile::encodeName(session).constData(), &info) == 0 && isPrivate(info)) {
-        result.append(session + QStringLiteral("/gridwright"));
+    QString const user = QString::number(geteuid());
+    // A start that the session's environment does not reach, as from cron, finds the same folder by its usual name.
+    for (QString const& session : {qEnvironmentVariable("XDG_RUNTIME_DIR"), sessionsFolder + '/' + user}) {
+        struct stat info = {};
+        QString const folder = QDir::cleanPath(session) + QStringLiteral("/gridwright");
+        if (session.startsWith('/') && ::stat(QFile::encodeName(session).constData(), &info) == 0 && isPrivate(info) &&
+            !result.contains(folder)) {
+            result.append(folder);
+        }
     }
-    QString const own = common + '-' + QString::number(geteuid());
+    QString const own = common + '-' + user;
     return result << own << own + "-1" << own + "-2";
 }
 
@@ -51,6 +58,10 @@ bool RuntimeFolder::open(bool perUser) {
         }
     }
     return false;
+}
+
+void RuntimeFolder::setSessionsFolder(QString const& folder) {
+    sessionsFolder = folder;
 }
 
 void RuntimeFolder::close() {

@@ -4,9 +4,9 @@
 #include <QString>
 
 /// The folder in which the starts of the program find each other, and its lock, which the system releases when its
-/// holder dies. Of one user, in this order: "gridwright" in the run-time folder of the session, or "gridwright-UID",
-/// "gridwright-UID-1" and "gridwright-UID-2" in the temporary folder. A folder that another user owns or may enter, or
-/// that is a link, is passed over.
+/// holder dies. Of one user, in this order: "gridwright" in the run-time folder that the session names, and in the one
+/// where the system keeps it, "/run/user/UID"; or "gridwright-UID", "gridwright-UID-1" and "gridwright-UID-2" in the
+/// temporary folder. A folder that another user owns or may enter, or that is a link, is passed over.
 class RuntimeFolder {
 public:
     RuntimeFolder() = default;
@@ -22,6 +22,9 @@ public:
     /// Waits for the lock. False if another process keeps it, or if the file system has no locks.
     bool lock(QDeadlineTimer deadline);
     void unlock();
+
+    /// Where the system keeps the run-time folders of its users, by their number; for tests.
+    static void setSessionsFolder(QString const& folder);
 
     QString filePath(QString const& name) const { return path + QLatin1Char('/') + name; }
     bool isShared() const { return shared; }

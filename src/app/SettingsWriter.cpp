@@ -16,6 +16,12 @@ Settings readFile() {
     return settings;
 }
 
+/// A file without a row for a setting holds nothing of it.
+bool isInFile(Settings const& settings, SettingType type) {
+    return !settings.get(type).inFile ||
+           settings.convertValueToStringForFile(type) == readFile().convertValueToStringForFile(type);
+}
+
 } // namespace
 
 QString SettingsWriter::write(Settings const& settings, SettingType type) {
@@ -25,9 +31,13 @@ QString SettingsWriter::write(Settings const& settings, SettingType type) {
         return error;
     }
     unwritten.erase(type);
-    std::erase_if(unwritten, [&](auto const& each) {
-        return PreferenceFiles::writeSettingToFile(settings, each.first).isEmpty();
+    std::erase_if(unwritten, [](auto const& each) {
+        return PreferenceFiles::writeSettingToFile(each.second.inForce, each.first).isEmpty() &&
+               isInFile(each.second.inForce, each.first);
     });
+    if (!isInFile(settings, type)) {
+        unwritten.insert_or_assign(type, Unwritten{settings, readFile()});
+    }
     return {};
 }
 

@@ -6,8 +6,9 @@
 
 #include <map>
 
-/// Writes what a window's user sets into the settings file. What could not be written stays in force in the window, and
-/// is written with the next setting that is, unless the file has got another value for it by then.
+/// Writes what a window's user sets into the settings file. What could not be written, or has no row there, stays in
+/// force in the window, and is written with the next setting that is, unless the file has got another value for it by
+/// then.
 class SettingsWriter {
 public:
     /// Writes the value of `type`, and those that are still to be written. Empty, or a sentence on why it failed.

@@ -5,6 +5,9 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QPaintEvent>
+#include <QStyleOption>
+#include <QStylePainter>
 #include <QToolButton>
 
 #include <algorithm>
@@ -32,6 +35,10 @@ constexpr LabelInfo labelInfos[] = {
     {StatusBar::Label::LineEnding, "Line ending", true, true, 4},
     {StatusBar::Label::Mode, "Editing mode", true, true, 5},
 };
+constexpr int messageGap = 6; ///< beside a message, in pixels
+constexpr int lineGap = 2;    ///< above and below it
+constexpr int messageFlags = Qt::AlignLeading | Qt::AlignVCenter | Qt::TextWordWrap;
+
 static_assert(std::size(labelInfos) == StatusBar::labelCount);
 
 QString plural(int count) {
@@ -51,7 +58,10 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     setContentsMargins(10, 0, 10, 0);
     // Else the labels that are shown push the bar out of a window that became narrower, and it never drops any.
     setSizePolicy(QSizePolicy::Ignored, sizePolicy().verticalPolicy());
-    connect(this, &QStatusBar::messageChanged, this, &StatusBar::dropWhatDoesNotFit);
+    connect(this, &QStatusBar::messageChanged, this, [this] {
+        dropWhatDoesNotFit();
+        makeRoomForMessage();
+    });
     sideBarButton = makeSideButton(QStringLiteral(":images/Sidebar Icon Left.png"), tr("Side Bar"));
     connect(sideBarButton, &QToolButton::clicked, this, &StatusBar::sideBarButtonPressedSignal);
     addWidget(sideBarButton);
@@ -110,6 +120,41 @@ void StatusBar::setText(Label label, QString const& text) {
 void StatusBar::resizeEvent(QResizeEvent* event) {
     QStatusBar::resizeEvent(event);
     dropWhatDoesNotFit();
+    makeRoomForMessage();
+}
+
+/// Where a message stands: in front of the labels and the button at the right.
+QRect StatusBar::messageArea() const {
+    QRect area = contentsRect();
+    for (QObject const* const child : children()) {
+        auto const* const widget = qobject_cast<QWidget const*>(child);
+        if (widget != nullptr && !widget->isHidden())
+            area.setRight(std::min(area.right(), widget->x() - messageGap));
+    }
+    return area;
+}
+
+// A message that is longer than the bar goes on in further lines, for which the bar grows.
+void StatusBar::makeRoomForMessage() {
+    layout()->activate();
+    QString const message = currentMessage();
+    QRect const area(0, 0, messageArea().width(), QWIDGETSIZE_MAX);
+    int const height = message.isEmpty() ? 0 : fontMetrics().boundingRect(area, messageFlags, message).height();
+    setMinimumHeight(message.isEmpty() ? 0 : height + 2 * lineGap);
+    update();
+}
+
+void StatusBar::paintEvent(QPaintEvent* event) {
+    if (currentMessage().isEmpty()) {
+        QStatusBar::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    QStyleOption option;
+    option.initFrom(this);
+    painter.drawPrimitive(QStyle::PE_PanelStatusBar, option);
+    painter.setPen(palette().windowText().color());
+    painter.drawText(messageArea(), messageFlags, currentMessage());
 }
 
 /// What the bar has for its labels beside everything else that its row holds, and the gap in front of each.

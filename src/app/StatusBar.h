@@ -53,6 +53,7 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     struct LabelRoom {
@@ -62,6 +63,8 @@ private:
 
     LabelRoom labelRoom() const;
     void dropWhatDoesNotFit();
+    QRect messageArea() const;
+    void makeRoomForMessage();
     QToolButton* makeSideButton(QString const& image, QString const& toolTip);
 
     std::array<QLabel*, labelCount> labels{};

@@ -26,6 +26,7 @@ void WatchedFiles::clearWatchedFileState(QString const& path) {
     generations.remove(path);
     cooldowns.remove(path);
     lastSeen.remove(path);
+    asked.remove(path);
     unread.remove(path);
 }
 
@@ -60,6 +61,19 @@ void WatchedFiles::recordWatchedFileState(QString const& path) {
         lastSeen.insert(path, *state);
     } else {
         lastSeen.remove(path);
+    }
+}
+
+void WatchedFiles::ignoreChange(QString const& path) {
+    if (!tables.isOpen(path)) {
+        return;
+    }
+    if (asked.contains(path)) {
+        lastSeen.insert(path, asked.take(path));
+        unread.remove(path);
+    }
+    if (hasWatchedFileStateChanged(path)) {
+        onFileChanged(path);
     }
 }
 
@@ -223,6 +237,10 @@ void WatchedFiles::processExternalFileChange(QString const& path, int generation
 }
 
 void WatchedFiles::tellChange(QString const& path) {
+    asked.remove(path);
+    if (std::optional<FileState> const state = files.stateOf(path)) {
+        asked.insert(path, *state);
+    }
     if (tables.behavior() == RefreshBehavior::Ask) {
         emit askSignal(path);
     } else if (tables.hasUnsavedEdits(path)) {

@@ -28,7 +28,7 @@ public:
         std::function<RefreshBehavior()> behavior;
         std::function<bool(QString const& path)> isOpen;
         std::function<bool(QString const& path)> hasUnsavedEdits;
-        /// Somebody waits for a question or a job, so that no table may go or change.
+        /// Somebody waits for a question or a job, or types, so that no table may go or change and nothing be asked.
         std::function<bool()> isAsking;
         std::function<bool(QString const& path)> isLoading;
     };
@@ -46,6 +46,9 @@ public:
     void add(QString const& path);
     /// Ends the watch of a table's file.
     void remove(QString const& path);
+    /// The user has answered the question about a change, and wants none of it. What has come since it was asked asks
+    /// again.
+    void ignoreChange(QString const& path);
     /// The present state of the file is known: it asks for nothing.
     void recordWatchedFileState(QString const& path);
     /// Whether the file is another one than the recorded one, or gone.
@@ -72,7 +75,7 @@ public slots:
 signals:
     /// The file is gone; its table goes too.
     void fileGoneSignal(QString path);
-    /// The user is to say whether the file is read again: reload, or recordWatchedFileState if not.
+    /// The user is to say whether the file is read again: reload, or ignoreChange if not.
     void askSignal(QString path);
     /// The same, of a table whose edits a reload would lose.
     void askAboutUnsavedSignal(QString path);
@@ -102,6 +105,7 @@ private:
     QHash<QString, int> generations; ///< events so far
     QHash<QString, QDateTime> cooldowns;
     QHash<QString, FileState> lastSeen;
-    QSet<QString> unread;    ///< their last seen contents could not be read
-    QSet<QString> unwatched; ///< looked at from time to time
+    QHash<QString, FileState> asked; ///< what the last question about each file was about
+    QSet<QString> unread;            ///< their last seen contents could not be read
+    QSet<QString> unwatched;         ///< looked at from time to time
 };

@@ -1,40 +1,18 @@
 #include "core/ModalHold.h"
 
-#include <QCoreApplication>
-#include <QEventLoopLocker>
-#include <QPointer>
+#include "core/HeldCalls.h"
 
-#include <deque>
-#include <memory>
+#include <QCoreApplication>
+
+#include <utility>
 
 namespace {
 
-struct HeldCall {
-    QPointer<QObject> context;
-    std::function<void()> call;
-};
-
 int holds = 0;
-std::deque<HeldCall> calls;
-std::unique_ptr<QEventLoopLocker> running; // while calls wait
+HeldCalls calls;
 
-void dropCalls() {
-    calls.clear();
-    running.reset();
-}
-
-// A call may wait for the user itself. Others come in the loop of that hold then, and their turn is after this one.
 void carryOut() {
-    while (holds == 0 && !calls.empty()) {
-        HeldCall const next = std::move(calls.front());
-        calls.pop_front();
-        if (next.context)
-            next.call();
-    }
-    if (calls.empty() && running) {
-        qRemovePostRoutine(dropCalls);
-        running.reset();
-    }
+    calls.carryOutWhile([] { return holds == 0; });
 }
 
 void carryOutLater() {
@@ -49,7 +27,7 @@ ModalHold::ModalHold() {
 
 ModalHold::~ModalHold() {
     --holds;
-    if (holds == 0 && !calls.empty())
+    if (holds == 0 && !calls.isEmpty())
         carryOutLater();
 }
 
@@ -58,13 +36,9 @@ bool ModalHold::isOpen() {
 }
 
 void ModalHold::whenFree(QObject* context, std::function<void()> call) {
-    if (holds == 0 && calls.empty()) {
+    if (holds == 0 && calls.isEmpty()) {
         call();
         return;
     }
-    calls.push_back({context, std::move(call)});
-    if (!running) {
-        running = std::make_unique<QEventLoopLocker>();
-        qAddPostRoutine(dropCalls);
-    }
+    calls.add(context, std::move(call));
 }

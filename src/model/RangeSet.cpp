@@ -296,8 +296,14 @@ bool RangeSet::contains(Range const& range) const {
 
 bool RangeSet::hasLine(Axis axis, int line) const {
     RangeType const type = rangeAxis(axis).lineType;
-    return std::any_of(runs.begin(), runs.end(),
-                       [&](LineRun const& run) { return run.range.type == type && run.holdsLine(line); });
+    if (runs.size() <= fewLines)
+        return std::any_of(runs.begin(), runs.end(),
+                           [&](LineRun const& run) { return run.range.type == type && run.holdsLine(line); });
+    buildIndex();
+    LineIndex const& index = axis == Axis::Rows ? rowIndex : colIndex;
+    auto const behind = std::upper_bound(index.order.begin(), index.order.end(), line,
+                                         [&](int at, std::size_t run) { return at < runs[run].firstLine(); });
+    return behind != index.order.begin() && index.reach[std::size_t(behind - index.order.begin()) - 1] >= line;
 }
 
 CellRegion RangeSet::coverage(GridSize grid, bool withExclusions) const {

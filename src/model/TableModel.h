@@ -311,6 +311,7 @@ public:
     /// See TableData::saveCSV.
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
+    bool saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed);
     /// Saves after a change by a command if that option is on and the table has a file.
     void saveAfterEdit();
     /// From the begin of a load on a thread until the grid has all of its rows.

@@ -20,7 +20,8 @@ void TableModel::onConcealedLinesChanged() {
         emit addContextSignal(Context::HiddenPresent);
     else
         emit removeContextSignal(Context::HiddenPresent);
+    // Those who are told may ask for the selection, which has to fit the grid by then.
+    enforceTableSize();
     emit refreshHeadersSignal();
     emit updateStatusBarSignal();
-    enforceTableSize();
 }

@@ -136,6 +136,13 @@ bool TableModel::saveCSV(QString const& path, bool ignoreMaps, bool skipConceale
     return saved;
 }
 
+bool TableModel::saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed) {
+    bool const saved = tableData.saveCSV(path, dialect, skipConcealed);
+    if (saved)
+        fileDialects.insert(path, {dialect.saveDelimiter, dialect.encoding, dialect.parsingStandard});
+    return saved;
+}
+
 void TableModel::noteFileDialect(QString const& path, QString const& fileDelimiter) {
     fileDialects.insert(path, {fileDelimiter, encoding, parsingStandard});
 }

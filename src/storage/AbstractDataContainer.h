@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
+#include "core/ExtensionData.h"
 #include "storage/LoadResult.h"
 
 #include <QMutex>
@@ -75,6 +76,10 @@ public:
     virtual bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) = 0;
     /// Writes to `path`, which becomes the table's own path if the save succeeds.
     virtual bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
+                         Mask const& colMask) = 0;
+    /// As the form above, in the dialect of that one file. Cells are converted on their way, and the table keeps its
+    /// own dialect and its cells, whether the save succeeds or not.
+    virtual bool saveCSV(QString const& path, ExtensionData const& dialect, bool transposed, Mask const& rowMask,
                          Mask const& colMask) = 0;
 
     // Dialect.

@@ -9,6 +9,7 @@
 #include <memory>
 #include <span>
 
+class CellConversion;
 class CellPatch;
 class CellRegion;
 class LineWriter;
@@ -90,6 +91,8 @@ public:
     bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) override;
     bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
                  Mask const& colMask) override;
+    bool saveCSV(QString const& path, ExtensionData const& dialect, bool transposed, Mask const& rowMask,
+                 Mask const& colMask) override;
 
     void getRowCSVString(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const override;
     void getRowCSVStringMultiByte(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const override;
@@ -136,10 +139,14 @@ private:
     LineDialect narrowDialect() const;
     LineDialect wideDialect() const;
     LineDialect dialectOfFile() const;
+    /// The bytes of a cell in the encoding of the file that is written; valid until the next call.
+    std::string_view cellOfFile(int row, int col) const;
     void writeRow(LineWriter& writer, int row, GetRowColMaskType maskType, Mask const& mask) const;
     void writeCol(LineWriter& writer, int col, GetRowColMaskType maskType, Mask const& mask) const;
 
-    std::unique_ptr<ScannerFile> opened; ///< for the load to come
+    std::unique_ptr<ScannerFile> opened;        ///< for the load to come
+    CellConversion const* conversion = nullptr; ///< while a save writes in another encoding than that of the cells
+    mutable Bytes convertedCell;
     CellRows rows;
     qint64 fileSize = 0;
     int numRowsStored = 0;

@@ -1,7 +1,10 @@
 #include "storage/AtomicFileWriter.h"
+#include "storage/CellConversion.h"
 #include "storage/EditableDataContainer.h"
 #include "storage/LineWriter.h"
 #include "storage/MaskCursor.h"
+
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -70,6 +73,14 @@ LineDialect EditableDataContainer::dialectOfFile() const {
     return bytesPerChar > 1 ? wideDialect() : narrowDialect();
 }
 
+std::string_view EditableDataContainer::cellOfFile(int row, int col) const {
+    std::string_view const cell = cellView(row, col);
+    if (conversion == nullptr || conversion->keeps(cell))
+        return cell;
+    convertedCell = conversion->convert(cell);
+    return {convertedCell.data(), convertedCell.size()};
+}
+
 // Without trailing delimiters a line ends with its last filled cell; one without any keeps all its cells.
 void EditableDataContainer::writeRow(LineWriter& writer, int row, GetRowColMaskType maskType, Mask const& mask) const {
     auto count = cellsInRow(row);
@@ -79,7 +90,7 @@ void EditableDataContainer::writeRow(LineWriter& writer, int row, GetRowColMaskT
     else if (!saveWithTrailingDelimiters)
         if (auto const filled = numColsInRow(row); filled > 0)
             count = paddedCount = filled;
-    writeLine(writer, count, paddedCount, maskType, mask, [&](int col) { return cellView(row, col); });
+    writeLine(writer, count, paddedCount, maskType, mask, [&](int col) { return cellOfFile(row, col); });
 }
 
 void EditableDataContainer::writeCol(LineWriter& writer, int col, GetRowColMaskType maskType, Mask const& mask) const {
@@ -90,7 +101,7 @@ void EditableDataContainer::writeCol(LineWriter& writer, int col, GetRowColMaskT
             --filled;
         count = filled > 0 ? filled : count;
     }
-    writeLine(writer, count, count, maskType, mask, [&](int row) { return cellView(row, col); });
+    writeLine(writer, count, count, maskType, mask, [&](int row) { return cellOfFile(row, col); });
 }
 
 void EditableDataContainer::getRowCSVString(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const {
@@ -145,4 +156,24 @@ bool EditableDataContainer::saveCSV(bool, bool transposed, Mask const& rowMask, 
 bool EditableDataContainer::saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
                                     Mask const& colMask) {
     return saveUnder(path, [&] { return saveCSV(ignoreMaps, transposed, rowMask, colMask); });
+}
+
+bool EditableDataContainer::saveCSV(QString const& path, ExtensionData const& dialect, bool transposed,
+                                    Mask const& rowMask, Mask const& colMask) {
+    auto const putBack = qScopeGuard([this, delimiter = delimiter, saveDelimiter = saveDelimiter,
+                                      lineEnding = lineEnding, encoding = encoding, standard = parsingStandard] {
+        conversion = nullptr;
+        setDelimiter(delimiter, saveDelimiter);
+        setLineEnding(lineEnding);
+        setEncoding(encoding);
+        setParsingStandard(standard);
+    });
+    CellConversion const toEncodingOfFile(encoding, dialect.encoding);
+    if (dialect.encoding != encoding)
+        conversion = &toEncodingOfFile;
+    setDelimiter(delimiter, dialect.saveDelimiter);
+    setLineEnding(dialect.lineEnding);
+    setEncoding(dialect.encoding);
+    setParsingStandard(dialect.parsingStandard);
+    return saveCSV(path, false, transposed, rowMask, colMask);
 }

@@ -65,6 +65,7 @@ void TableData::toggleTranspose() {
     transposed = !transposed;
     noteMapping(Axis::Rows);
     noteMapping(Axis::Columns);
+    signalSize();
 }
 
 void TableData::signalSize() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Enumerations.h"
+#include "core/ExtensionData.h"
 #include "core/Range.h"
 #include "storage/AbstractDataContainer.h"
 #include "storage/CellCodec.h"
@@ -20,6 +21,7 @@
 #include <string_view>
 #include <vector>
 
+class CellConversion;
 class CellPatch;
 class CellRegion;
 struct LineWalk;
@@ -85,6 +87,8 @@ public:
 
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
+    /// Writes to `path`, which becomes the table's own, in another dialect than the table's, which stays as it is.
+    bool saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed);
 
     // Dialect: kept here for the next load and forwarded to the container.
 
@@ -93,7 +97,8 @@ public:
     void setParsingStandard(ParsingStandard standard);
     void setSaveWithTrailingDelimiters(bool on);
     void setExtension(QString const& extension);
-    /// With `convertCells` every cell is rewritten in the new encoding; without it only the reading changes.
+    /// With `convertCells` every cell is rewritten in the new encoding if it is another one; without it only the
+    /// reading changes.
     void setEncoding(EncodingType encoding, bool convertCells);
     QString getExtension() const { return extension; }
     QString getDelimiter() const { return delimiter; }
@@ -329,7 +334,7 @@ private:
     bool hasTextRaw(int row, int col) const;
     int skipShownRows(LineWalk walk, int rawCol, bool filled) const;
     int skipRawRows(LineWalk const& walk, int col, bool filled) const;
-    void convertTable(CellCodec const& from);
+    void convertTable(CellConversion const& conversion);
     void rebuildWordDelimiterLookup();
     void signalSize();
 

@@ -1,5 +1,6 @@
 #include "core/CellRegion.h"
 #include "storage/BlockJump.h"
+#include "storage/CellConversion.h"
 #include "storage/CellPatch.h"
 #include "storage/EditableDataContainer.h"
 #include "storage/ReplacedCells.h"
@@ -229,30 +230,24 @@ Range TableData::getNextBlockLocation(Range const& range, Direction direction) c
 }
 
 void TableData::setEncoding(EncodingType encoding, bool convertCells) {
-    CellCodec const old = std::exchange(codec, CellCodec(encoding));
+    if (convertCells && encoding != this->encoding)
+        convertTable(CellConversion(this->encoding, encoding));
+    codec = CellCodec(encoding);
     this->encoding = encoding;
-    if (convertCells)
-        convertTable(old);
     dataContainer->setEncoding(encoding);
 }
 
-void TableData::convertTable(CellCodec const& from) {
-    // Most cells of most tables are ASCII. Left alone where that is the same bytes, they stay in the compact form in
-    // which a load stores them.
-    bool const asciiStays = from.keepsAscii() && codec.keepsAscii();
-    auto const staysAsItIs = [&](Cells::value_type const& cell) {
-        return cell.empty() ||
-               (asciiStays && std::all_of(cell.begin(), cell.end(), [](char byte) { return (byte & 0x80) == 0; }));
-    };
+// Cells that stay as they are stay in the compact form in which a load stores them.
+void TableData::convertTable(CellConversion const& conversion) {
     Cells cells;
     for (int row = 0; row < along(Axis::Rows).count; ++row) {
         cells.clear();
         dataContainer->getRow(cells, row, false, GetRowColMaskType::NoMask, {});
         bool changed = false;
         for (auto& cell : cells) {
-            if (staysAsItIs(cell))
+            if (conversion.keeps({cell.data(), cell.size()}))
                 continue;
-            cell = codec.encode(from.decode({cell.data(), cell.size()}));
+            cell = conversion.convert({cell.data(), cell.size()});
             changed = true;
         }
         if (changed)

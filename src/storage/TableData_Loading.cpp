@@ -201,6 +201,16 @@ bool TableData::saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed
     return saved;
 }
 
+bool TableData::saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed) {
+    if (refusesSave(path))
+        return false;
+    emit saveStartedSignal(path);
+    bool const saved = dataContainer->saveCSV(path, dialect, transposed, skipMask(Axis::Rows, skipConcealed),
+                                              skipMask(Axis::Columns, skipConcealed));
+    emit saveFinishedSignal(getFilepath());
+    return saved;
+}
+
 TableData::Indexes TableData::skipMask(Axis axis, bool skipConcealed) const {
     return skipConcealed ? along(axis).concealed.indexes() : Indexes{};
 }

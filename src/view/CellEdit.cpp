@@ -5,11 +5,12 @@
 
 #include <utility>
 
-CellEdit::CellEdit(TableModel& model) : model(model), editRanges(model.getSelectedSet()) {
+CellEdit::CellEdit(TableModel& model, LeftOut leftOut)
+    : model(model), editRanges(model.getSelectedSet()), leftOut(leftOut) {
     copyWithoutValues(editMainRange, model.getMainCell());
     if (editRanges.isEmpty())
         editRanges = RangeVector{editMainRange};
-    cells = editRanges.coverage({model.rowCount(), model.columnCount()}, false);
+    cells = editRanges.coverage({model.rowCount(), model.columnCount()}, leftOut == LeftOut::Leave);
     model.populateCellDataValues(editMainRange, false, true);
 }
 
@@ -33,5 +34,5 @@ std::unique_ptr<QUndoCommand> CellEdit::finish() {
     revert();
     if (!changed)
         return nullptr;
-    return std::make_unique<SetModelDataCommand>(&model, editRanges, lastText, true);
+    return std::make_unique<SetModelDataCommand>(&model, editRanges, lastText, true, leftOut);
 }

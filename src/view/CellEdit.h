@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/CellRegion.h"
-#include "model/RangeSet.h"
+#include "model/LeftOutCells.h"
 
 #include <QString>
 
@@ -16,7 +16,7 @@ class TableModel;
 class CellEdit {
 public:
     /// Remembers the selection and the main cell.
-    explicit CellEdit(TableModel& model);
+    explicit CellEdit(TableModel& model, LeftOut leftOut = LeftOut::Change);
 
     Range const& mainRange() const { return editMainRange; }
     RangeSet const& ranges() const { return editRanges; }
@@ -36,5 +36,6 @@ private:
     CellRegion cells;    ///< as far as the grid goes
     Range editMainRange;
     QString lastText;
+    LeftOut leftOut;
     bool cellTextChanged = false;
 };

@@ -1,11 +1,14 @@
 #include "view/MsgBox.h"
 
 #include "core/ModalHold.h"
+#include "view/KeyRest.h"
+#include "view/TypingGuard.h"
 
 #include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
 
+#include <optional>
 #include <utility>
 
 namespace {
@@ -20,8 +23,12 @@ void MsgBox::setAnswer(Answer newAnswer) {
 
 int MsgBox::exec() {
     ModalHold const hold;
-    if (!answer)
+    if (!answer) {
+        std::optional<KeyRest> rest;
+        if (FromOutside::isActing())
+            rest.emplace(*this);
         return QMessageBox::exec();
+    }
     if (QAbstractButton* const button = answer(*this))
         button->click();
     return result();

@@ -16,8 +16,13 @@ RangeSet SelectionMoves::wholeLines(RangeSet const& ranges, Axis axis, int start
         table.*rangeAxis(axis).position = start;
         return RangeVector{table};
     }
-    for (auto const& [first, last] : ranges.startLines(axis))
-        whole.add(RangeSet::ofLines(axis, first, last, start));
+    for (auto const& [first, last] : ranges.startLines(axis)) {
+        LineRun run;
+        run.range = Range(first, rangeAxis(axis).lineType, RangeIndexType::Model);
+        run.range.*rangeAxis(axis).position = start;
+        run.count = last - first + 1;
+        whole.addLines(run);
+    }
     return whole;
 }
 

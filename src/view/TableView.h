@@ -484,7 +484,7 @@ private:
     QString mainText() const;
     bool resolveEditPathForLargeMainCell(bool& usePane);
     bool askForEditorPane();
-    void beginEdit();
+    void beginEdit(LeftOut leftOut = LeftOut::Change);
     void openCellEditor(bool overwrite, bool startEmpty, QKeyEvent* event);
     void cancelEditingIfEditorWasNotCreated();
     void setEditStateOfAllViews(bool open, QuickEdit* editor);
@@ -538,6 +538,7 @@ private:
     int averageBoldCharWidth = 0;
     bool largeCellCursorAtFront = false;
     bool inLargeCellPrompt = false;
+    bool inLeftOutPrompt = false;
     bool autoSaveFailed = false;
     bool autoSaved = false; ///< by the command that is being carried out
     bool sorting = false;

@@ -2,6 +2,7 @@
 
 #include "view/CellLengths.h"
 #include "view/FrozenTableView.h"
+#include "view/LeftOutQuestion.h"
 #include "view/MsgBox.h"
 #include "view/SaveFailureMessage.h"
 #include "view/TableDelegate.h"
@@ -134,8 +135,15 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
         !usePane && mainText().size() > CellLengths::longestInPlace && (fromInputMethod || !event->text().isEmpty());
     if (!skipLoad && !resolveEditPathForLargeMainCell(usePane))
         return;
+    if (inLeftOutPrompt)
+        return;
+    inLeftOutPrompt = true;
+    std::optional<LeftOut> const leftOut = askAboutLeftOutCells(this, *tableModel(), std::nullopt);
+    inLeftOutPrompt = false;
+    if (!leftOut)
+        return;
     scrollToMainCell(true, true);
-    beginEdit();
+    beginEdit(*leftOut);
     if (!usePane) {
         openCellEditor(overwrite, skipLoad, fromInputMethod ? nullptr : event);
         return;
@@ -147,8 +155,8 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
     onCellTextEdited(event->text());
 }
 
-void TableView::beginEdit() {
-    pendingEdit.emplace(*tableModel());
+void TableView::beginEdit(LeftOut leftOut) {
+    pendingEdit.emplace(*tableModel(), leftOut);
     setEditStateOfAllViews(true, nullptr);
     emit addContextSignal(Context::CellEditing);
 }

@@ -133,6 +133,9 @@ Table const tables[] = {
          {"Duplicate Row(s)", "R0,0 R1,0", "h i j|a x ú|h i j|a x ú|- - -|a x ú|b - -", "R2,0* R3,0"},
          {"Duplicate Column(s)", "K1,0 C0,2", "h i j i j|a x ú x ú|- - - - -|a x ú x ú|b - - - -", "K3,0* C0,4"},
          {"Duplicate Row(s) Multiple Times", "C0,1", "h i j|h i j|h i j|a x ú|- - -|a x ú|b - -", "C1,1*", "2"},
+         {"Move Row(s) Up", "R0,0 R1,0", nullptr},
+         {"Move Column(s) Left", "C2,0 C3,1", nullptr, nullptr},
+         {"Move Row(s) Just Above Row ...", "R1,0 C2,2", nullptr, nullptr, "1"},
          {"Move Row(s) Down", "R0,0 C1,2", "- - -|h i j|a x ú|a x ú|b - -", "R1,0* C2,2"},
          {"Move Row(s) Up", "R2,0 R6,0", "h i j|- - -|a x ú|a x ú|b - -", "R1,0* R6,0"},
          {"Move Column(s) Left", "K1,0 K5,0", "i h j|x a ú|- - -|x a ú|- b -", "K0,0* K5,0"},
@@ -413,6 +416,35 @@ TEST_F(DataCommands, NothingToDoLeavesTheTableUnchanged) {
         window.runCommand(name);
         EXPECT_TRUE(window.getActiveTable()->undoStack()->isClean()) << name;
     }
+}
+
+TEST_F(DataCommands, ClearingAsksBeforeItEmptiesCellsThatWereTakenOutOfTheSelection) {
+    struct Answer {
+        char const* label;
+        char const* expected;
+    };
+    open("a,b\n1,2\n3,4\n");
+    QUndoStack const& stack = *table()->undoStack();
+    for (auto const& [label, expected] :
+         {Answer{"Leave Them Out", "- -|- 2|- -"}, {"Change All", "- -|- -|- -"}, {"Cancel", "a b|1 2|3 4"}}) {
+        SCOPED_TRACE(label);
+        select("T0,0");
+        ASSERT_TRUE(model().removeCellFromSelection(1, 1));
+        box.next(label);
+        window.runCommand("Clear Cell Contents");
+        EXPECT_EQ(box.texts().value(box.texts().size() - 1),
+                  "1 cell that was taken out of the selection would be changed too.");
+        EXPECT_EQ(stored(), expected);
+        EXPECT_EQ(stack.index(), label == QLatin1String("Cancel") ? 0 : 1);
+        window.runCommand("Undo");
+        EXPECT_EQ(stored(), "a b|1 2|3 4");
+        EXPECT_FALSE(model().getSelectedSet().covers(1, 1)) << "the selection is that of before";
+    }
+    ::change(*table(), QString(), 1, 1);
+    select("T0,0");
+    ASSERT_TRUE(model().removeCellFromSelection(1, 1));
+    window.runCommand("Clear Cell Contents");
+    EXPECT_EQ(stored(), "- -|- -|- -") << "nothing is asked about a cell that is empty";
 }
 
 TEST_F(DataCommands, UuidsFillTheSelectedCellsEachWithItsOwn) {

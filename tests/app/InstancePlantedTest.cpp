@@ -231,7 +231,26 @@ TEST_F(InstancePlantedTest, ClientOfAnotherUserIsSentAway) {
     EXPECT_EQ(primary.line(), received(1, "/<y"));
 }
 
+TEST_F(InstancePlantedTest, AStartWithoutTheEnvironmentOfTheSessionFindsItsFolder) {
+    QString const session = home.filePath("run/" + QString::number(geteuid()));
+    QDir().mkpath(session);
+    ASSERT_EQ(::chmod(path(session).constData(), 0700), 0);
+    RuntimeFolder::setSessionsFolder(home.filePath("run"));
+    auto const found = [] {
+        RuntimeFolder place;
+        return place.open(true) ? place.filePath({}).chopped(1) : QString();
+    };
+    qputenv("XDG_RUNTIME_DIR", path(session + '/'));
+    EXPECT_EQ(found(), session + "/gridwright");
+    qunsetenv("XDG_RUNTIME_DIR");
+    EXPECT_EQ(found(), session + "/gridwright");
+    ASSERT_EQ(::chmod(path(session).constData(), 0750), 0);
+    EXPECT_EQ(found(), home.filePath("gridwright-" + QString::number(geteuid())));
+    RuntimeFolder::setSessionsFolder({});
+}
+
 TEST_F(InstancePlantedTest, FoldersThatOthersMayEnterArePassedOver) {
+    RuntimeFolder::setSessionsFolder({}); // those of this machine are not the test's
     QString const session = home.filePath("session");
     QString const own = home.filePath("gridwright-" + QString::number(geteuid()));
     QDir().mkdir(session);

@@ -227,9 +227,19 @@ TEST_F(Loading, CommandsThatNeedATableAreDeadUntilItsEndWhateverAsksForThem) {
 }
 
 TEST_F(Loading, AReloadThatCannotBeginKeepsTableUndoAndDialectAndSaysWhy) {
-    QString const path = open("a;b\nc;d\n");
+    QString const path = open("a;b\nc;d\ne;f\n");
     change("mine");
     table()->tableModel()->setDelimiter(";", "|");
+    table()->horizontalHeader()->resizeSection(1, 123);
+    table()->verticalHeader()->resizeSection(0, 45);
+    select("C2,0");
+    window.runCommand("Hide Selected Row(s)");
+    std::string const selected = selection();
+    int const undoable = table()->undoStack()->count();
+    auto const sizeByHand = [&](Axis axis, int line) {
+        LineSizeStore const& sizes = model().getTableData().lineSizes(axis);
+        return sizes.isByHand(line) ? sizes.size(line).value_or(0) : 0;
+    };
     QFile::remove(path);
     ASSERT_TRUE(QFile::link("/proc/self/mem", path)); // a regular file whose reading fails
     QString const told =
@@ -239,9 +249,12 @@ TEST_F(Loading, AReloadThatCannotBeginKeepsTableUndoAndDialectAndSaysWhy) {
         EXPECT_FALSE(table()->isLoading() || table()->isHidden() || table()->isReadOnly());
         EXPECT_EQ(cell(0, 0) + cell(1, 1), "mined");
         EXPECT_EQ(model().getSaveDelimiter(), "|");
-        EXPECT_EQ(table()->undoStack()->count(), 1);
+        EXPECT_EQ(table()->undoStack()->count(), undoable);
         EXPECT_TRUE(isLive("Undo") && isLive("Save File"));
-        EXPECT_EQ(tableSize(), "2 rows x 2 columns");
+        EXPECT_EQ(tableSize(), "3 rows x 2 columns (2 rows x 2 columns)");
+        EXPECT_EQ(selection(), selected);
+        EXPECT_EQ(sizeByHand(Axis::Columns, 1), 123);
+        EXPECT_EQ(sizeByHand(Axis::Rows, 0), 45);
     };
     box.next("Discard");
     box.next("OK");

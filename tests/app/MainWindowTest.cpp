@@ -398,6 +398,26 @@ TEST_F(WindowFlows, StatusBarAndCommandsKnowOfTheActiveTableOnly) {
     EXPECT_EQ(labels(), before);
 }
 
+TEST_F(WindowFlows, TheSizeInTheStatusBarFollowsATranspositionAndASelectionOfNothingHasNoSum) {
+    using Label = StatusBar::Label;
+    open("1,2,3\n4,5,6\n");
+    run("Transpose Table");
+    EXPECT_EQ(label(Label::TableSize), "3 rows x 2 columns");
+    run("Undo");
+    EXPECT_EQ(label(Label::TableSize), "2 rows x 3 columns");
+    model().setAndApplyHiddenRowsList({0});
+    run("Transpose Table");
+    EXPECT_EQ(label(Label::TableSize), "3 rows x 2 columns (3 rows x 1 column)");
+    run("Undo");
+    window.resize(4000, 600);
+    window.show();
+    run("Select All");
+    run("Hide Selected Row(s)");
+    EXPECT_EQ(label(Label::Stats), "Sum: -      Mean: -");
+    for (QLabel const* const each : window.getStatusBar()->findChildren<QLabel*>())
+        EXPECT_TRUE(each->isVisible()) << qPrintable(each->accessibleName()) << qPrintable(each->text());
+}
+
 TEST_F(WindowFlows, AReloadAfterASetEncodingReadsTheFileInItsOwnAndAfterTheSaveInTheNewOne) {
     open("\xc3\xa9,1\n");
     run("Set Encoding for File Save", {"UTF-16LE"});
@@ -504,7 +524,7 @@ TEST(StatusBar, SizesAreWrittenWithSeparatorsPluralsAndWhatIsVisible) {
     EXPECT_EQ(StatusBar::tableSizeText(1, 1, 1, 1), "1 row x 1 column");
     EXPECT_EQ(StatusBar::tableSizeText(1234567, 0, 1234567, 0), "1,234,567 rows x 0 columns");
     EXPECT_EQ(StatusBar::tableSizeText(10, 2, 1, 2), "10 rows x 2 columns (1 row x 2 columns)");
-    EXPECT_EQ(StatusBar::tableSizeText(10, 2, 10, 1), "10 rows x 2 columns (10 rows x 1 column)");
+    EXPECT_EQ(StatusBar::tableSizeText(10, 3, 10, 2), "10 rows x 3 columns (10 rows x 2 columns)");
     std::pair<RangeSize, char const*> const selections[] = {
         {{7, 2, 1, 0, 0}, "2 rows, 1 column"},
         {{7, 0, 2, 0, 0}, "2 columns"},

@@ -1,5 +1,7 @@
 #include "app/NoticeLine.h"
 
+#include "app/StatusBar.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -37,4 +39,29 @@ TEST(NoticeLine, IsReadableAndOperableInANarrowWindow) {
         EXPECT_TRUE(label->toolTip().contains(path));
         EXPECT_EQ(line->text(), "This is told of a file: " + path);
     }
+}
+
+TEST(StatusBar, AMessageStandsWholeInANarrowWindow) {
+    QWidget window;
+    window.setMinimumSize(1, 1);
+    auto* const column = new QVBoxLayout(&window);
+    auto* const bar = new StatusBar(&window);
+    column->addStretch(1);
+    column->addWidget(bar);
+    int const letter = bar->fontMetrics().averageCharWidth();
+    auto const heightAt = [&](int letters) {
+        window.resize(letters * letter, 100 * letter);
+        for (int i = 0; i < 3; ++i)
+            QCoreApplication::sendPostedEvents();
+        return bar->height();
+    };
+    window.show();
+    int const plain = heightAt(400);
+    bar->showMessage("It tells of something in words that fill more than two lines of a narrow window.");
+    EXPECT_EQ(heightAt(400), plain);
+    EXPECT_GE(heightAt(40), 2 * bar->fontMetrics().lineSpacing());
+    EXPECT_EQ(heightAt(400), plain);
+    heightAt(40);
+    bar->clearMessage();
+    EXPECT_EQ(heightAt(40), plain);
 }

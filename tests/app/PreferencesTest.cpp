@@ -322,9 +322,12 @@ TEST_F(PreferenceWindowTest, AnEditableTableBecomesReadOnlyAndBackAndUnsavedChan
     EXPECT_TRUE(loaded());
     EXPECT_EQ(mode(), "Read-Only");
     EXPECT_FALSE(window->getCommands().find("Clear Cell Contents")->action->isEnabled());
+    window->runCommand("Sort Selected Cells Vertically - Ascending");
+    EXPECT_NE(window->getStatusBar()->currentMessage(), "");
     window->runCommand("Toggle Read-Only");
     EXPECT_TRUE(loaded());
     EXPECT_EQ(mode(), "Editable");
+    EXPECT_EQ(window->getStatusBar()->currentMessage(), "");
     EXPECT_EQ(table.tableModel()->dataRaw(table.tableModel()->index(0, 1)).toString(), "b");
 }
 
@@ -404,6 +407,27 @@ TEST_F(PreferenceWindowTest, ASettingThatCannotBeWrittenIsToldStaysInForceAndIsW
     EXPECT_EQ(settingsRow("Show Tab Bar"), "false");
     window->runCommand("Toggle Show Tab Bar");
     EXPECT_EQ(settingsRow("Show Tab Bar"), "") << "the default again";
+}
+
+TEST_F(PreferenceWindowTest, ASettingWithoutARowInTheFileStaysInForceUntilTheFileHasOne) {
+    replace(settingsPath, "Setting,User Value\nTheme,\n");
+    window->onPreferenceChanged(settingsPath);
+    window->runCommand("Toggle Shade Every Other Row");
+    window->runCommand("Toggle Show Tab Bar");
+    window->onPreferenceChanged(settingsPath);
+    auto const inForce = [this](SettingType type) { return window->getSettings().getValueBool(type); };
+    EXPECT_TRUE(inForce(SettingType::ShadeEveryOtherRow));
+    EXPECT_FALSE(inForce(SettingType::ShowTabBar));
+    replace(settingsPath, "Setting,User Value\nShow Tab Bar,\n");
+    window->runCommand("Toggle Shade Every Other Row");
+    window->runCommand("Toggle Shade Every Other Row");
+    EXPECT_EQ(settingsRow("Show Tab Bar"), "false");
+    window->onPreferenceChanged(settingsPath);
+    EXPECT_TRUE(inForce(SettingType::ShadeEveryOtherRow));
+    replace(settingsPath, "Setting,User Value\nShow Tab Bar,true\n");
+    window->onPreferenceChanged(settingsPath);
+    EXPECT_TRUE(inForce(SettingType::ShadeEveryOtherRow));
+    EXPECT_TRUE(inForce(SettingType::ShowTabBar));
 }
 
 TEST_F(PreferenceWindowTest, AWarningThatIsNoLongerWantedIsSoAtTheNextStartToo) {

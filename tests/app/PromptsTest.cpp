@@ -222,6 +222,9 @@ TEST_F(PromptsTest, ParametersOfASaveAreSetInOneUndoableChangeAndToldInTheStatus
     EXPECT_EQ(model().getParsingStandard(), ParsingStandard::Rfc4180);
     EXPECT_TRUE(table()->undoStack()->isClean());
 
+    ScriptedAsker({"Windows (CR LF)"}).ask(Prompts::saveDialect({DialectPart::LineEnding}, table()));
+    EXPECT_EQ(labels(), QStringList({before[0], before[1], "Windows"}));
+    table()->undo();
     ScriptedAsker({","}).ask(Prompts::saveDialect({DialectPart::Delimiter}, table()));
     EXPECT_EQ(table()->undoStack()->count(), 1) << "what is the same already is no change";
 }

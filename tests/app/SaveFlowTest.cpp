@@ -1,6 +1,7 @@
 #include "app/PaneView.h"
 #include "model/undo/DialectCommand.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/support/HeldClock.h"
 #include "tests/support/Notices.h"
 #include "view/EditorPane.h"
 #include "view/FileDialog.h"
@@ -20,6 +21,38 @@ protected:
         QString const path = open("\"x\r\ny\",1\n\"p\nq\",2\n");
         table()->pushUndoCommand(new SetParsingStandardCommand(&model(), {}, ParsingStandard::DelimiterOnly, false));
         return path;
+    }
+
+    /// Puts rows of the file of extensions in force.
+    void setExtensions(QByteArray const& rows) {
+        window.onPreferenceChanged(write(Utilities::getExtensionsFilepath(),
+                                         "Extension,Delimiter,Line Ending,Encoding,Parsing Standard\n" + rows));
+    }
+    /// What the next save writes in, as the status bar tells it and as the model has it.
+    QString dialect() const {
+        return QStringList{label(StatusBar::Label::Delimiter),
+                           label(StatusBar::Label::Encoding),
+                           label(StatusBar::Label::LineEnding),
+                           model().getSaveDelimiter(),
+                           model().getExtension(),
+                           QString::number(int(model().getEncoding())),
+                           QString::number(int(model().getParsingStandard()))}
+            .join('/');
+    }
+
+    void show() {
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    static void type(QString const& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    static void enter() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
+    /// Lets what waits for the user come up to the clock several times.
+    static testing::AssertionResult waits(HeldClock const& clock) {
+        int const before = clock.reads;
+        return QTest::qWaitFor([&] { return clock.reads > before + 3; })
+                   ? testing::AssertionSuccess()
+                   : testing::AssertionFailure() << "nobody waits";
     }
 
     /// Switches a setting of the window on by its command.
@@ -111,6 +144,82 @@ TEST_F(SaveFlowTest, OutsideChangesUnderEditsAskAndAFileThatGoesClosesItsTable) 
     EXPECT_TRUE(table()->undoStack()->isClean());
     QFile::remove(path);
     EXPECT_TRUE(QTest::qWaitFor([&] { return table()->getFilepath().isEmpty(); }));
+}
+
+TEST_F(SaveFlowTest, NoQuestionComesBetweenTheKeysOfAText) {
+    HeldClock clock;
+    open("1\n2\n3\n");
+    show();
+    type("one");
+    write("a.csv", "theirs\n");
+    EXPECT_TRUE(waits(clock));
+    clock.pass(TypingGuard::idleMs - 1);
+    type("x");
+    enter();
+    EXPECT_TRUE(waits(clock));
+    type("two");
+    EXPECT_TRUE(waits(clock));
+    enter();
+    clock.pass(TypingGuard::stillMs - 1);
+    EXPECT_TRUE(waits(clock));
+    EXPECT_EQ(stored(), "onex|two|3");
+    EXPECT_EQ(box.texts(), QStringList());
+    clock.pass(1);
+    box.next("Ignore", [] { EXPECT_TRUE(FromOutside::isActing()); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 1; }));
+}
+
+TEST_F(SaveFlowTest, WhatIsTypedWhenTheFileGoesNeverLandsInAnotherTable) {
+    HeldClock clock;
+    open("1\n", "b.csv");
+    TableView const* const other = table();
+    QString const path = open("1\n");
+    show();
+    auto const goes = [&] { return window.getPaneView()->getTableView(path) == nullptr; };
+    type("one");
+    QFile::remove(path);
+    EXPECT_TRUE(waits(clock));
+    type(" more");
+    clock.pass(TypingGuard::idleMs - 1);
+    EXPECT_TRUE(waits(clock));
+    EXPECT_FALSE(goes());
+    clock.pass(1); // as of a user who has left an edit open
+    EXPECT_TRUE(QTest::qWaitFor(goes));
+    EXPECT_EQ(table(), other);
+    type("rest");
+    enter();
+    EXPECT_EQ(stored(), "1");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    type("other");
+    enter();
+    EXPECT_EQ(stored(), "other");
+    Notices::press(window, "Open Last Contents");
+    EXPECT_EQ(stored(), "one more");
+    box.next("Don't Save");
+    window.closeFile(table());
+
+    write("a.csv", "1\n"); // and behind an empty prompt
+    window.openFile(path);
+    clock.pass(TypingGuard::idleMs);
+    window.runCommand("Command Launcher");
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor(goes));
+    type("again");
+    enter();
+    EXPECT_EQ(table()->tableModel()->getTableData().getValueRaw(1, 0).toString(), "again");
+}
+
+TEST_F(SaveFlowTest, AWindowThatClosesAsksAboutTheEditsOfTablesWhoseFilesWent) {
+    QString const path = open("1\n");
+    change("edited");
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Notices::texts(window).isEmpty(); }));
+    box.next("Cancel");
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(stored(), "edited");
+    EXPECT_EQ(Notices::texts(window), QStringList());
+    box.next("Don't Save");
+    EXPECT_TRUE(window.close());
 }
 
 TEST_F(SaveFlowTest, ATableWhoseFileWentComesBackWithItsEditsAndItsHistory) {
@@ -309,11 +418,7 @@ TEST_F(SaveFlowTest, EachAnswerToTheDelimiterOnlyQuestionEndsInItsOwnFile) {
         {"Change", {standard, "All Quotes"}, "\"x\r\ny\",\"1\"\n\"p\nq\",\"2\"\n", "x\r\ny"},
         {"Change", {standard, ""}, nullptr, "x\r\ny"},
     };
-    QFile extensions(Utilities::getExtensionsFilepath());
-    ASSERT_TRUE(QDir().mkpath(Utilities::getAppDataLocation()) && extensions.open(QIODevice::WriteOnly));
-    extensions.write("Extension,Delimiter,Line Ending,Encoding,Parsing Standard\ndlm,\",\",LF,UTF-8,Delimiter Only\n");
-    extensions.close();
-    window.onPreferenceChanged(extensions.fileName());
+    setExtensions("dlm,\",\",LF,UTF-8,Delimiter Only\n");
     for (bool const saveAs : {false, true}) {
         for (Case const& each : cases) {
             SCOPED_TRACE(testing::Message() << each.button << ' ' << qPrintable(each.choices.join('|')) << saveAs);
@@ -338,7 +443,89 @@ TEST_F(SaveFlowTest, EachAnswerToTheDelimiterOnlyQuestionEndsInItsOwnFile) {
             window.closeFile(table());
         }
     }
-    extensions.remove();
+    openWithLineBreaks();
+    model().getTableData().concealRawCol(0); // a copy has nothing of these cells
+    EXPECT_TRUE(window.saveFileUnder(table(), directory.filePath("c.dlm"), true));
+    EXPECT_EQ(read("c.dlm"), "1\n2\n");
+}
+
+TEST_F(SaveFlowTest, ASaveOrCopyUnderAnotherNameThatFailsLeavesCellsAndDialectAsTheyWere) {
+    QByteArray const content = "\"日本\",\xff\nxé,й\n";
+    setExtensions("lat,tab,CRLF,ISO 8859-5,All Quotes\n");
+    for (bool const copy : {false, true}) {
+        SCOPED_TRACE(copy);
+        QString const path = open(content);
+        change("more", 0, 1);
+        QString const before = dialect();
+        box.next("Change Anyway");
+        box.next("OK");
+        EXPECT_FALSE(window.saveFileUnder(table(), directory.filePath("no folder/b.lat"), copy));
+        EXPECT_EQ(dialect(), before);
+        EXPECT_EQ(shown(), "日本 more|xé й");
+        EXPECT_EQ(table()->getFilepath(), path);
+        EXPECT_FALSE(table()->undoStack()->isClean());
+        EXPECT_TRUE(window.saveFile(table()));
+        EXPECT_EQ(read("a.csv"), "日本,more\nxé,й\n");
+        table()->undo();
+        EXPECT_TRUE(window.saveFile(table()));
+        EXPECT_EQ(read("a.csv"), "日本,\xff\nxé,й\n");
+        window.closeFile(table());
+    }
+}
+
+TEST_F(SaveFlowTest, ASaveInAnotherEncodingTellsWhatItCannotCarryAndCanBeUndoneLikeAllBeforeIt) {
+    setExtensions("lat,tab,CRLF,ISO 8859-5,RFC 4180\n");
+    open("日本,1,è\nxé,й,\n");
+    change("", 0, 0);
+    change("", 1, 0);
+    QString const before = dialect();
+    QString const target = directory.filePath("b.lat");
+    box.next("Cancel");
+    EXPECT_FALSE(window.saveFileUnder(table(), target, false));
+    EXPECT_EQ(box.texts().value(0), "1 cell holds characters that ISO 8859-5 cannot carry.");
+    table()->undo();
+    box.next("Show Cells");
+    EXPECT_FALSE(window.saveFileUnder(table(), target, false));
+    EXPECT_EQ(box.texts().value(1), "2 cells hold characters that ISO 8859-5 cannot carry.");
+    EXPECT_EQ(selection(), "C0,2* C1,0");
+    EXPECT_FALSE(QFile::exists(target));
+    EXPECT_EQ(dialect(), before);
+    table()->redo();
+
+    box.next("Change Anyway");
+    EXPECT_TRUE(window.saveFileUnder(table(), target, false));
+    EXPECT_EQ(read("b.lat"), "\t1\t?\r\n\t\xd9\t\r\n");
+    EXPECT_EQ(label(StatusBar::Label::Encoding), "ISO 8859-5 (Latin/Cyrillic)");
+    EXPECT_EQ(shown(), "- 1 ?|- й -");
+    EXPECT_TRUE(table()->undoStack()->isClean());
+    EXPECT_EQ(read("a.csv"), "日本,1,è\nxé,й,\n");
+    table()->undo();
+    EXPECT_EQ(label(StatusBar::Label::Encoding), "UTF-8");
+    EXPECT_EQ(shown(), "- 1 è|- й -");
+    table()->undo();
+    table()->undo();
+    EXPECT_EQ(shown(), "日本 1 è|xé й -");
+    EXPECT_TRUE(window.saveFile(table()));
+    EXPECT_EQ(read("b.lat"), "日本\t1\tè\r\nxé\tй\t\r\n") << "in what the status bar tells";
+    for (int i = 0; i < 3; ++i)
+        table()->redo();
+    EXPECT_TRUE(window.saveFile(table()));
+    EXPECT_EQ(read("b.lat"), "\t1\t?\r\n\t\xd9\t\r\n");
+}
+
+TEST_F(SaveFlowTest, BytesWithoutMeaningStayWhereTheEncodingStaysAndACopyIsInThatOfItsName) {
+    setExtensions("lat,tab,CRLF,ISO 8859-5,RFC 4180\n");
+    open("й,\xff\n2,3\n");
+    EXPECT_TRUE(window.saveFileUnder(table(), directory.filePath("b.csv"), false));
+    EXPECT_EQ(read("b.csv"), "й,\xff\n2,3\n");
+    TableView* const first = table();
+    first->tableModel()->getTableData().concealRawCol(1);
+    EXPECT_TRUE(window.saveFileUnder(first, directory.filePath("c.lat"), true));
+    EXPECT_EQ(read("c.lat"), "\xd9\r\n2\r\n");
+    EXPECT_EQ(shown(), "й|2"); // of the copy
+    EXPECT_EQ(first->tableModel()->getEncoding(), EncodingType::Utf8);
+    EXPECT_TRUE(window.saveFile(first));
+    EXPECT_EQ(read("b.csv"), "й,\xff\n2,3\n");
 }
 
 TEST_F(SaveFlowTest, ATableBehindAnotherComesToTheFrontToBeAskedAboutItsLineBreaks) {
@@ -469,6 +656,20 @@ TEST_F(SaveFlowTest, ASaveOfAllTablesGoesOnAfterOneThatFails) {
     EXPECT_EQ(window.windowTitle(), "c.csv - Gridwright");
     EXPECT_FALSE(window.getPaneView()->getTableView(first)->undoStack()->isClean());
     toggle("Remove Extraneous Rows/Columns on File Save");
+}
+
+TEST_F(SaveFlowTest, ATableWhoseSaveBeforeItsCloseFailsStaysOpen) {
+    QString const path = open("1\n");
+    set("Behavior When File Is Changed Externally,ignore");
+    change("mine");
+    QFile::remove(path);
+    QDir().mkdir(path);
+    box.next("Save");
+    box.next("OK");
+    window.closeFile(table());
+    EXPECT_EQ(table()->getFilepath(), path);
+    EXPECT_EQ(shown(), "mine");
+    EXPECT_FALSE(table()->undoStack()->isClean());
 }
 
 TEST_F(SaveFlowTest, AskAndIgnoreGovernWhatAnOutsideChangeDoes) {

@@ -165,6 +165,24 @@ TEST_F(WatchedFilesTest, AWriteWhileTheFileIsReadAgainGivesAnotherReload) {
     EXPECT_EQ(done, QStringList{"reload"});
 }
 
+TEST_F(WatchedFilesTest, AChangeThatComesWhileOneIsAskedAboutIsNotIgnoredWithIt) {
+    for (bool const later : {false, true}) {
+        done.clear();
+        unsaved = true;
+        outsideWrite();
+        files.pass(750);
+        EXPECT_EQ(done, QStringList{"ask unsaved"});
+        if (later)
+            files.write(path); // not heard
+        watch.ignoreChange(path);
+        EXPECT_EQ(watch.hasWatchedFileStateChanged(path), later);
+        files.pass(5000);
+        EXPECT_EQ(done.size(), later ? 2 : 1);
+        watch.ignoreChange(path);
+        EXPECT_FALSE(watch.holdsBackSave(path));
+    }
+}
+
 TEST_F(WatchedFilesTest, AFileThatGoesTakesItsTableAlongAndAReplacedOneIsWatchedAgain) {
     files.watched.clear();
     files.states.remove(path);

@@ -139,19 +139,22 @@ TEST_F(TableModelLoadingTest, ManyRowsReachTheGridInStepsThatANewLoadEnds) {
 }
 
 TEST_F(TableModelLoadingTest, AReloadGoesByWhatTheFileIsInNotByWhatTheNextSaveWouldWrite) {
-    load("a,b\n1,2\n");
-    QString const path = model.getFilepath();
-    model.setDelimiter(QStringLiteral(","), QStringLiteral(";"));
-    model.setParsingStandard(ParsingStandard::DelimiterOnly);
-    model.takeFileDialect(); // nothing is saved yet
-    EXPECT_EQ(model.getDelimiter(), ",");
-    EXPECT_EQ(model.getParsingStandard(), ParsingStandard::Rfc4180);
+    for (bool const plain : {false, true}) {
+        SCOPED_TRACE(plain);
+        load("a,b\n1,2\n");
+        QString const path = model.getFilepath();
+        model.setDelimiter(QStringLiteral(","), QStringLiteral(";"));
+        model.setParsingStandard(ParsingStandard::DelimiterOnly);
+        model.takeFileDialect(); // nothing is saved yet
+        EXPECT_EQ(model.getDelimiter(), ",");
+        EXPECT_EQ(model.getParsingStandard(), ParsingStandard::Rfc4180);
 
-    model.setParsingStandard(ParsingStandard::AllQuotes);
-    ASSERT_TRUE(model.saveCSV(path, false, false));
-    EXPECT_EQ(read(path), "\"a\";\"b\"\n\"1\";\"2\"\n");
-    model.setParsingStandard(ParsingStandard::Rfc4180);
-    model.takeFileDialect();
-    EXPECT_EQ(model.getDelimiter(), ";");
-    EXPECT_EQ(model.getParsingStandard(), ParsingStandard::AllQuotes);
+        model.setParsingStandard(ParsingStandard::AllQuotes);
+        ASSERT_TRUE(plain ? model.saveCSV(false, false) : model.saveCSV(path, false, false));
+        EXPECT_EQ(read(path), "\"a\";\"b\"\n\"1\";\"2\"\n");
+        model.setParsingStandard(ParsingStandard::Rfc4180);
+        model.takeFileDialect();
+        EXPECT_EQ(model.getDelimiter(), ";");
+        EXPECT_EQ(model.getParsingStandard(), ParsingStandard::AllQuotes);
+    }
 }

@@ -298,6 +298,15 @@ TEST_F(TableModelTest, TransposingCountsTheVisibleHeaderRowsAnew) {
     EXPECT_EQ(model.getNumVisibleHeaderRows(), 1);
 }
 
+TEST_F(TableModelTest, WhoIsToldOfHiddenRowsFindsAGridThatHoldsTheData) {
+    load("a\nb\nc\n");
+    model.setAndApplyHiddenRowsList({0, 1, 2});
+    int rows = -1;
+    QObject::connect(&model, &TableModel::updateStatusBarSignal, &model, [&] { rows = model.rowCount(); });
+    model.setAndApplyHiddenRowsList({});
+    EXPECT_GE(rows, 3);
+}
+
 TEST_F(TableModelTest, MovesTakeTheLoweredTargetAsDistance) {
     load("a\nb\nc\nd\n");
     EXPECT_FALSE(model.moveRowAbsolute(-1, 0));

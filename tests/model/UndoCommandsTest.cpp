@@ -436,6 +436,19 @@ TEST_F(UndoCommands, WhatIsTakenOutOfALineStaysOutWhileLinesBesideItAreHidden) {
     }
 }
 
+TEST_F(UndoCommands, ASelectionBehindTheDataComesBackIntoTheGrid) {
+    load("a,b\nc,d\n");
+    model.setSelection(modelCell(1, 60), rangesFrom("C1,60*"));
+    model.enforceTableSize();
+    stack.push(new ApplyHiddenRowsCommand(&model, model.getSelectedSet(), std::vector<int>{0}, true));
+    model.setSelection(modelCell(0, 0), rangesFrom("C0,0*"));
+    model.enforceTableSize();
+    ASSERT_LE(model.columnCount(), 60);
+    stack.undo();
+    EXPECT_EQ(textOf(model.getSelection()), "C1,60*");
+    EXPECT_GT(model.columnCount(), 60);
+}
+
 TEST_F(UndoCommands, RedoLeavesTheSelectionThatACommandWithoutOneLeft) {
     load("a,b\nc,d\n");
     model.setSelection(modelCell(0, 1), rangesFrom("C0,1*"));

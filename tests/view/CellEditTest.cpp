@@ -112,6 +112,23 @@ TEST_F(CellEditTest, WritesEveryShapeOfSelectionWithOneCommandThatUndoTakesBackW
     }
 }
 
+TEST_F(CellEditTest, LeavesCellsOutThatWereTakenOutOfTheSelection) {
+    QString const before = texts();
+    Range table(RangeType::Table, RangeIndexType::Model);
+    model.setSelection(cellAt(0, 0), RangeVector{table});
+    ASSERT_TRUE(model.removeCellFromSelection(1, 1));
+    ASSERT_TRUE(model.removeCellFromSelection(2, 0));
+    model.addCellToSelection(cellAt(2, 0));
+    EXPECT_EQ(leftOutCells(model.getSelectedSet(), {3, 3}), CellRegion({1, 1, 1, 1}));
+    CellEdit edit(model, LeftOut::Leave);
+    edit.setText(QStringLiteral("x"), false);
+    EXPECT_EQ(texts(3, 3), QStringLiteral("x,x,x x,e,x x,x,x"));
+    stack.push(edit.finish().release());
+    EXPECT_EQ(texts(3, 3), QStringLiteral("x,x,x x,e,x x,x,x"));
+    stack.undo();
+    EXPECT_EQ(texts(), before);
+}
+
 TEST_F(CellEditTest, LeavesTheCellUnderAnEditorToTheEnd) {
     model.setSelection(mainAndOther(1, 1), true);
     CellEdit edit(model);

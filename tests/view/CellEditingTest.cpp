@@ -85,6 +85,34 @@ TEST_F(CellEditingTest, TypingReplacesTheTextAndAnEndingKeyKeepsIt) {
     }
 }
 
+TEST_F(CellEditingTest, AsksBeforeItChangesCellsThatWereTakenOutOfTheSelection) {
+    struct Case {
+        char const* answer;
+        char const* out; ///< what the cell holds in the end
+        char const* in;
+    };
+    for (Case const& each :
+         {Case{"Leave Them Out", "out", "new"}, {"Change All", "new", "new"}, {"Cancel", "out", "in"}}) {
+        SCOPED_TRACE(each.answer);
+        setText(2, 1, QStringLiteral("out"));
+        setText(2, 2, QStringLiteral("in"));
+        select(1, 1);
+        view.selectEntireTable();
+        ASSERT_TRUE(model().removeCellFromSelection(2, 1));
+        answers.next(QString::fromLatin1(each.answer));
+        type(QStringLiteral("n"));
+        if (view.isEditing())
+            type(QStringLiteral("ew"));
+        view.stopEditing();
+        closeOld();
+        EXPECT_EQ(text(2, 1), QString::fromLatin1(each.out));
+        EXPECT_EQ(text(2, 2), QString::fromLatin1(each.in));
+        EXPECT_EQ(answers.texts().last(), "1 cell that was taken out of the selection would be changed too.");
+        while (view.undoStack()->canUndo())
+            view.undo();
+    }
+}
+
 TEST_F(CellEditingTest, AppendingKeepsTheTextAndTheCaretAtItsEnd) {
     select(2, 1);
     view.editMainCellAppend();

@@ -1,15 +1,20 @@
 #include "view/MsgBox.h"
 
+#include "tests/support/HeldClock.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QImage>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionButton>
+#include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -84,4 +89,64 @@ TEST(MsgBoxTest, ACheckBoxCanBeSeenAndReadInEveryTheme) {
         EXPECT_GE(edge, 3) << qPrintable(name);
         EXPECT_GE(mark, 3) << qPrintable(name);
     }
+}
+
+TEST(MsgBoxTest, NoKeyAnswersAQuestionFromOutsideBeforeTheKeysWereStill) {
+    struct Press {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        char const* answer;
+    };
+    for (bool const outside : {true, false}) {
+        for (Press const& press : {Press{Qt::Key_R, {}, "&Reload"}, Press{Qt::Key_R, Qt::AltModifier, "&Reload"},
+                                   Press{Qt::Key_Return, {}, "&Reload"}, Press{Qt::Key_Space, {}, "&Reload"},
+                                   Press{Qt::Key_I, {}, "&Ignore"}, Press{Qt::Key_Escape, {}, "&Ignore"}}) {
+            HeldClock clock;
+            MsgBox box;
+            box.setText("?");
+            box.setDefaultButton(box.addButton("&Reload", QMessageBox::AcceptRole));
+            box.addButton("&Ignore", QMessageBox::RejectRole);
+            auto const type = [&](bool repeated = false) {
+                QWidget* const target = box.focusWidget() != nullptr ? box.focusWidget() : &box;
+                if (repeated) {
+                    QKeyEvent again(QEvent::KeyPress, press.key, press.modifiers, QString(), true);
+                    QCoreApplication::sendEvent(target, &again);
+                } else {
+                    QTest::keyClick(target, press.key, press.modifiers);
+                }
+            };
+            auto const isUnanswered = [&] {
+                QList<QAbstractButton*> const buttons = box.buttons();
+                return box.isVisible() && std::none_of(buttons.begin(), buttons.end(),
+                                                       [](QAbstractButton const* each) { return each->isDown(); });
+            };
+            QTimer::singleShot(0, &box, [&] {
+                ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+                type();
+                if (!outside)
+                    return;
+                EXPECT_TRUE(isUnanswered()) << press.key;
+                clock.pass(TypingGuard::stillMs - 1);
+                type();
+                EXPECT_TRUE(isUnanswered()) << press.key;
+                clock.pass(TypingGuard::stillMs);
+                type(true); // held down since before
+                EXPECT_TRUE(isUnanswered()) << press.key;
+                clock.pass(TypingGuard::stillMs);
+                type();
+            });
+            std::optional<FromOutside> acting;
+            if (outside)
+                acting.emplace();
+            box.exec();
+            EXPECT_EQ(box.clickedButton()->text(), press.answer) << press.key;
+        }
+    }
+    HeldClock const clock;
+    MsgBox box;
+    QPushButton* const button = box.addButton("&Reload", QMessageBox::AcceptRole);
+    QTimer::singleShot(0, &box, [&] { QTest::mouseClick(button, Qt::LeftButton); });
+    FromOutside const acting;
+    box.exec();
+    EXPECT_EQ(box.clickedButton(), button);
 }

@@ -35,8 +35,8 @@ void CellContentsCommand::writeContents(RangeVector const& ranges) {
     patch = newContents(*model, ranges);
 }
 
-void CellContentsCommand::writeEverywhere(RangeSet const& ranges, QString const& text) {
-    fill = Fill{ranges.coverage({model->rowCount(), model->columnCount()}, false), text};
+void CellContentsCommand::writeEverywhere(RangeSet const& ranges, QString const& text, LeftOut leftOut) {
+    fill = Fill{ranges.coverage({model->rowCount(), model->columnCount()}, leftOut == LeftOut::Leave), text};
 }
 
 void CellContentsCommand::carry(RangeSet const& sources, int rows, int cols, bool vacate) {

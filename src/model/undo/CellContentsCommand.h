@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/LeftOutCells.h"
 #include "model/undo/ContentCommand.h"
 #include "storage/CellPatch.h"
 #include "storage/ReplacedCells.h"
@@ -17,8 +18,8 @@ protected:
 
     /// Writes what the ranges hold, one after the other; they are Model.
     void writeContents(RangeVector const& ranges);
-    /// Writes one text to all cells of the ranges as far as the grid goes. Exclusions do not count.
-    void writeEverywhere(RangeSet const& ranges, QString const& text);
+    /// Writes one text to all cells of the ranges as far as the grid goes.
+    void writeEverywhere(RangeSet const& ranges, QString const& text, LeftOut leftOut);
     /// Writes the texts of `sources` `rows` further down and `cols` further right; with `vacate` the places where they
     /// came from are emptied first. The selection goes along. Copies that would leave the table at the top or left are
     /// dropped; a move of which any cell would leave it makes the command obsolete, for its texts would be lost.

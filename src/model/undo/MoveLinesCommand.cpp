@@ -61,6 +61,7 @@ std::vector<int> MoveLinesCommand::startLines() const {
 void MoveLinesCommand::setMoves(TableData::LineMoves lineMoves) {
     moves = std::move(lineMoves);
     setSelectionCells(movedCells(), cells);
+    setObsolete(std::all_of(moves.begin(), moves.end(), [](auto const& move) { return move.first == move.second; }));
 }
 
 /// `cells` after the moves, as compact as they are. Ranges across the lines stay.

@@ -1,21 +1,20 @@
 #include "model/undo/SetEncodingCommand.h"
 
-#include "storage/CellCodec.h"
+#include "storage/CellConversion.h"
 
-#include <algorithm>
+#include <utility>
 
-namespace {
-
-bool isAscii(AbstractDataContainer::Bytes const& bytes) {
-    return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<unsigned char>(byte) < 128; });
+SetEncodingCommand* SetEncodingCommand::afterSave(TableModel* model, EncodingType encoding) {
+    auto* const command = new SetEncodingCommand(model, {}, encoding, false);
+    command->alreadySaved = true;
+    return command;
 }
-
-} // namespace
 
 void SetEncodingCommand::redo() {
     keepLossyCells();
     exchange();
-    finish();
+    if (!std::exchange(alreadySaved, false))
+        finish();
 }
 
 void SetEncodingCommand::undo() {
@@ -28,19 +27,13 @@ void SetEncodingCommand::undo() {
 
 /// Keeps the cells that would not be the same after the way to the new encoding and back.
 void SetEncodingCommand::keepLossyCells() {
-    CellCodec const present(model->getEncoding());
-    CellCodec const next(value);
-    bool const asciiIsSafe = present.keepsAscii() && next.keepsAscii();
-    auto const again = [](CellCodec const& to, CellCodec const& from, AbstractDataContainer::Bytes const& bytes) {
-        return to.encode(from.decode({bytes.data(), bytes.size()}));
-    };
+    CellConversion const conversion(model->getEncoding(), value);
     AbstractDataContainer const& data = *model->getTableData().getDataContainer();
     for (int row = 0; row < data.numRows(); ++row) {
         int const cols = data.numColsInRow(row);
         for (int col = 0; col < cols; ++col) {
             auto bytes = data.getValue(row, col);
-            bool const safe = bytes.empty() || (asciiIsSafe && isAscii(bytes));
-            if (!safe && again(present, next, again(next, present, bytes)) != bytes)
+            if (conversion.changesBytes({bytes.data(), bytes.size()}))
                 kept.push_back({row, col, std::move(bytes)});
         }
     }

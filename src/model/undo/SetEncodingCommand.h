@@ -13,6 +13,9 @@ public:
                        QUndoCommand* parent = nullptr)
         : DialectCommand(model, cells, encoding, changeSelection, parent) {}
 
+    /// The same of a table whose file has just been saved in that encoding, so that the change itself saves nothing.
+    static SetEncodingCommand* afterSave(TableModel* model, EncodingType encoding);
+
     void undo() override;
     void redo() override;
 
@@ -26,4 +29,5 @@ private:
     void keepLossyCells();
 
     std::vector<KeptCell> kept;
+    bool alreadySaved = false;
 };

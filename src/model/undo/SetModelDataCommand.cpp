@@ -20,8 +20,8 @@ SetModelDataCommand::SetModelDataCommand(TableModel* model, RangeVector const& c
     : SetModelDataCommand(model, cells, {}, false, changeSelection, parent) {}
 
 SetModelDataCommand::SetModelDataCommand(TableModel* model, RangeSet const& cells, QString const& text,
-                                         bool changeSelection, QUndoCommand* parent)
+                                         bool changeSelection, LeftOut leftOut, QUndoCommand* parent)
     : CellContentsCommand(model, cells, changeSelection, parent) {
     setText(QStringLiteral("SetModelDataCommand"));
-    writeEverywhere(this->cells, text);
+    writeEverywhere(this->cells, text, leftOut);
 }

@@ -13,5 +13,5 @@ public:
                         QUndoCommand* parent = nullptr);
     /// Writes one text to all cells, which is kept once.
     SetModelDataCommand(TableModel* model, RangeSet const& cells, QString const& text, bool changeSelection,
-                        QUndoCommand* parent = nullptr);
+                        LeftOut leftOut = LeftOut::Change, QUndoCommand* parent = nullptr);
 };

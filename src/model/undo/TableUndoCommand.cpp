@@ -69,6 +69,9 @@ void TableUndoCommand::select(RangeSet const& ranges) {
         return;
     auto const [row, col] = ranges.mainCell().value_or(std::pair(0, 0));
     model->setSelection(Range(row, col, RangeIndexType::Model), ranges);
+    // A selection behind the data may come back after the grid has become smaller.
+    if (row >= model->rowCount() || col >= model->columnCount())
+        model->enforceTableSize();
 }
 
 void TableUndoCommand::refreshView() {

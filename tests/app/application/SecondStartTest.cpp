@@ -1,6 +1,7 @@
 #include "app/Application.h"
 #include "app/TabBar.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/support/HeldClock.h"
 #include "tests/support/Notices.h"
 #include "view/FileDialog.h"
 
@@ -124,6 +125,34 @@ TEST_F(SecondStartTest, WaitsForAnOpenMenuAndEndsAPromptAboutAnotherTable) {
     secondStart("c.csv");
     EXPECT_TRUE(comesTo("a.csv c.csv"));
     EXPECT_EQ(window->getPrompts()->currentTitle(), "");
+}
+
+TEST_F(SecondStartTest, WaitsForTheTextThatIsTypedButNotForEver) {
+    HeldClock clock;
+    write("b.csv");
+    write("c.csv");
+    window->openFile(write("a.csv"));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    auto const type = [](QString const& text) { QTest::keyClicks(QApplication::focusWidget(), text); };
+    type("one");
+    secondStart("b.csv");
+    clock.pass(TypingGuard::idleMs - 1);
+    type(" two");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    secondStart("c.csv");
+    clock.pass(TypingGuard::stillMs - 100);
+    EXPECT_EQ(open(), "a.csv");
+    TableView const* const first = window->getActiveTable();
+    type("left");
+    clock.pass(TypingGuard::idleMs - 1);
+    EXPECT_EQ(open(), "a.csv");
+    clock.pass(TypingGuard::stillMs);
+    EXPECT_EQ(open(), "a.csv b.csv c.csv");
+    EXPECT_EQ(first->tableModel()->getTableData().getValueRaw(0, 0).toString(), "one two");
+    EXPECT_EQ(first->tableModel()->getTableData().getValueRaw(1, 0).toString(), "left");
+    box.next("Don't Save");
+    window->commandCloseAllFiles();
 }
 
 TEST_F(SecondStartTest, BehindAnOpenFileDialogOpensAfterItAndOnce) {

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+
+class QKeyEvent;
+class QWidget;
+
+/// Keeps all keys from a window that the user does not expect, until it has stood in front for a moment without any.
+/// The mouse counts at once.
+class KeyRest : public QObject {
+    Q_OBJECT
+
+public:
+    /// `window` may be shown already, and outlives this.
+    explicit KeyRest(QWidget& window);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool isOfWindow(QObject const* object) const;
+    void lookAt(QKeyEvent const& key);
+
+    QWidget& window;
+    qint64 since;        ///< it stands in front, by the clock of TypingGuard
+    bool isOver = false; ///< keys count
+};
