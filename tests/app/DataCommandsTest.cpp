@@ -473,6 +473,11 @@ TEST_F(DataCommands, TabsAreReachedByNumberAndClosedButForTheCurrentOne) {
     window.runCommand("Switch to Tab 10");
     EXPECT_EQ(shown(), "2");
     QGuiApplication::clipboard()->setText("before");
+    window.runCommand("New File");
+    for (char const* const what : {"File Name", "Folder Path", "File Path"})
+        window.runCommand(QString("Copy %1 to Clipboard").arg(what));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "before") << "it is in no file";
+    window.runCommand("Close File");
     window.runCommand("Copy File Name to Clipboard");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "2.csv");
     window.runCommand("Copy Folder Path to Clipboard");

@@ -44,6 +44,16 @@ TEST_F(MainWindowTest, FilesOpenInTabsOnceEachAndTheLastCloseLeavesAnEmptyTable)
     EXPECT_EQ(window.windowTitle(), "a.csv - Gridwright");
     EXPECT_TRUE(window.closeFile(window.getActiveTable()));
     EXPECT_EQ(window.windowTitle(), "untitled - Gridwright");
+    change("kept");
+    window.commandNewFile();
+    window.openFile(first); // in the place of the untouched table in front, and of no other
+    window.commandNewFile();
+    window.setActiveTable(window.getPaneView()->getTableView(first));
+    window.openFile(second);
+    EXPECT_EQ(window.getPaneView()->getTables().size(), 4U);
+    box.next("Cancel");
+    window.commandCloseAllFiles();
+    EXPECT_EQ(cell(0, 0), "kept");
 }
 
 TEST_F(MainWindowTest, WhatIsNoTableIsToldAndTheRestStillOpens) {
@@ -55,6 +65,9 @@ TEST_F(MainWindowTest, WhatIsNoTableIsToldAndTheRestStillOpens) {
     EXPECT_EQ(box.texts().value(0),
               QString("This can't be opened as a table:\n%1\n\nIt is not a regular file.").arg(fifo));
     EXPECT_EQ(window.windowTitle(), "good.csv - Gridwright");
+    box.next("OK");
+    window.openFolder("/a folder");
+    EXPECT_EQ(box.texts().last(), "This can't be opened as a table:\n/a folder\n\nIt is a folder.");
 }
 
 TEST_F(MainWindowTest, SavingWritesTheDialectBackAndAFailureIsToldAndLosesNothing) {
@@ -258,11 +271,14 @@ TEST_F(WindowFlows, WhatIsTypedIntoSeveralCellsLeavesHiddenOnesBetweenThemAlone)
     model().setAndApplyHiddenRowsList({2});
     model().setAndApplyHiddenColsList({1});
     select("C1,0 C1,1 C2,0");
-    type("x");
+    type("l");
+    type("ong"); // into the editor
+    EXPECT_EQ(label(StatusBar::Label::CellLength), "Cell Length: 4");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    EXPECT_EQ(stored(), "h (i) j|x (1) x|(b (2) q)|x (3) r");
+    EXPECT_EQ(stored(), "h (i) j|long (1) long|(b (2) q)|long (3) r");
     EXPECT_EQ(selection(), "C2,0* C2,1 C3,0");
     window.runCommand("Undo");
+    EXPECT_EQ(label(StatusBar::Label::CellLength), "Cell Length: 1");
     EXPECT_EQ(stored(), "h (i) j|a (1) p|(b (2) q)|c (3) r");
     EXPECT_EQ(selection(), "C1,0* C1,1 C2,0");
 }
@@ -335,6 +351,7 @@ TEST_F(WindowFlows, AWindowWhoseSecondQuestionIsCanceledKeepsWhatIsLeft) {
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(box.texts(),
               QStringList({"Do you want to save changes to b.csv?", "Do you want to save changes to a.csv?"}));
+    EXPECT_EQ(box.defaults(), QStringList({"Save", "Save"}));
     EXPECT_EQ(read("b.csv"), "changed,2\n3,4\n");
     EXPECT_EQ(read("a.csv"), "a,2\n3,4\n");
     EXPECT_EQ(title(), "a");
@@ -508,4 +525,16 @@ TEST(StatusBar, SizesAreWrittenWithSeparatorsPluralsAndWhatIsVisible) {
     EXPECT_EQ(StatusBar::tableSizeText(1234567, 0, 1234567, 0), "1,234,567 rows x 0 columns");
     EXPECT_EQ(StatusBar::tableSizeText(10, 2, 1, 2), "10 rows x 2 columns (1 row x 2 columns)");
     EXPECT_EQ(StatusBar::tableSizeText(10, 3, 10, 2), "10 rows x 3 columns (10 rows x 2 columns)");
+    std::pair<RangeSize, char const*> const selections[] = {
+        {{7, 2, 1, 0, 0}, "2 rows, 1 column"},
+        {{7, 0, 2, 0, 0}, "2 columns"},
+        {{0, 1, 0, 0, 0}, "1 row"},
+        {{6, 0, 0, 2, 3}, "3 x 2"},
+        {{1, 0, 0, 1, 1}, "1 cell"},
+        {{2, 0, 0, 0, 0}, "2 cells"},
+    };
+    for (auto const& [size, text] : selections)
+        EXPECT_EQ(StatusBar::selectionText(size), QString("Selected: ") + text);
+    EXPECT_EQ(StatusBar::filtersText({3, 1}, {2, 0}), "Filters: R1, R3, C0, C2");
+    EXPECT_EQ(StatusBar::filtersText({}, {}), "Filters: none");
 }

@@ -124,6 +124,31 @@ TEST_F(PromptsTest, LinesAreInsertedAndDuplicatedAGoodNumberOfTimes) {
     duplicated.ask(Prompts::duplicateLines(Axis::Rows, table()));
     EXPECT_EQ(duplicated.complaints, QStringList("Must be a whole number 1000000 or less."));
     EXPECT_EQ(cells(), "abc/def/def/def/ghi");
+    select("C0,0 C1,0 C2,0");
+    EXPECT_EQ(Prompts::duplicateLines(Axis::Rows, table()).complaint("333334"),
+              "Must be a whole number 333333 or less.");
+    EXPECT_EQ(Prompts::insertLinesBefore(Axis::Columns, table()).complaint("1000000"), "");
+}
+
+TEST_F(PromptsTest, SizesAreThoseOfTheSelectedLinesOfTheirAxis) {
+    select("C1,1 C2,0");
+    int const height = table()->rowHeight(0);
+    int const width = table()->columnWidth(2);
+    box.next("OK");
+    run("Set Selected Row Height(s)", {"0", "44"});
+    EXPECT_EQ(box.texts(), QStringList("Must be a whole number 1 or greater."));
+    run("Set Selected Column Width(s)", {"133"});
+    TableView const& view = *table();
+    EXPECT_EQ((std::vector<int>{view.rowHeight(0), view.rowHeight(1), view.rowHeight(2), view.rowHeight(3)}),
+              (std::vector<int>{height, 44, 44, height}));
+    EXPECT_EQ((std::vector<int>{view.columnWidth(0), view.columnWidth(1), view.columnWidth(2)}),
+              (std::vector<int>{133, 133, width}));
+    for (auto const& [command, title, text] : {std::tuple("Set Selected Row Height(s)", "Row Height:", "44"),
+                                               std::tuple("Set Selected Column Width(s)", "Column Width:", "133")}) {
+        window.runCommand(command);
+        EXPECT_EQ(prompts.editorText(), text);
+        prompts.leave(title);
+    }
 }
 
 TEST_F(PromptsTest, EverySettingWithAValueAsksInItsOwnWordsAndTakesOnlyWhatIsGood) {

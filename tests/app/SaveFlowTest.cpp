@@ -7,6 +7,7 @@
 #include "view/FileDialog.h"
 
 #include <QPointer>
+#include <QScrollBar>
 
 namespace {
 
@@ -380,6 +381,7 @@ TEST_F(SaveFlowTest, ASaveAsDelimiterOnlyRemovesLineBreaksOrIsCancelled) {
     EXPECT_FALSE(window.saveFile(table()));
     EXPECT_EQ(read("a.csv"), before);
     EXPECT_TRUE(box.texts().value(0).contains("2 cells contain line breaks."));
+    EXPECT_EQ(box.defaults().value(0), "Change");
     box.next("Remove");
     window.saveFile(table());
     EXPECT_EQ(read("a.csv"), "xy,1\npq,2\n");
@@ -530,6 +532,17 @@ TEST_F(SaveFlowTest, BytesWithoutMeaningStayWhereTheEncodingStaysAndACopyIsInTha
     EXPECT_EQ(read("b.csv"), "й,\xff\n2,3\n");
 }
 
+TEST_F(SaveFlowTest, ATableBehindAnotherComesToTheFrontToBeAskedAboutItsLineBreaks) {
+    openWithLineBreaks();
+    open("1\n", "b.csv");
+    box.next("Replace");
+    window.commandSaveAllFiles();
+    EXPECT_EQ(window.windowTitle(), "a.csv - Gridwright");
+    prompts.choose("Replace line breaks with:", "Space");
+    EXPECT_EQ(read("a.csv"), "x y,1\np q,2\n");
+    EXPECT_EQ(read("b.csv"), "1\n");
+}
+
 TEST_F(SaveFlowTest, ATableThatIsClosedWhileItsLineBreaksAreAskedAboutIsNotSaved) {
     openWithLineBreaks();
     box.next("Replace");
@@ -568,6 +581,27 @@ TEST_F(SaveFlowTest, AReloadSortsAgainWithoutClaimingEditsOrWritingTheFile) {
     }
     EXPECT_EQ(shown(), "k l j h i|5 4 3 2 1");
     toggle("Save After Each Edit");
+}
+
+TEST_F(SaveFlowTest, AReloadStaysAtItsPlaceAndSortsOnlyWhereTheSettingSaysSo) {
+    window.resize(400, 300);
+    window.show();
+    QByteArray rows = QByteArray("h,").repeated(30) + '\n' + QByteArray("b\na\n").repeated(50);
+    open(rows);
+    table()->sortRowsOrCols({SortType::Ascending, Axis::Rows, 0});
+    table()->undoStack()->setClean();
+    table()->verticalScrollBar()->setValue(240);
+    table()->horizontalScrollBar()->setValue(160);
+    for (bool const retain : {true, false}) {
+        set(QByteArray("Retain Sort and Filters Upon File Refresh,") + (retain ? "true" : "false"));
+        rows += "c\n";
+        write("a.csv", rows);
+        int const count = int(rows.count('\n'));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model().rowCountRaw() == count; }));
+        EXPECT_EQ(cell(1, 0), retain ? "a" : "b");
+        EXPECT_EQ(table()->verticalScrollBar()->value(), 240);
+        EXPECT_EQ(table()->horizontalScrollBar()->value(), 160);
+    }
 }
 
 TEST_F(SaveFlowTest, TwoTablesNeverComeToStandOnOneFile) {
@@ -614,6 +648,7 @@ TEST_F(SaveFlowTest, ASaveOfAllTablesGoesOnAfterOneThatFails) {
     change("x");
     open("1\n\n\n", "b.csv");
     change("y");
+    open("2\n\n", "c.csv");
     toggle("Remove Extraneous Rows/Columns on File Save");
     QFile::remove(first);
     QDir().mkdir(first); // a file cannot take the place of a folder
@@ -621,6 +656,8 @@ TEST_F(SaveFlowTest, ASaveOfAllTablesGoesOnAfterOneThatFails) {
     window.commandSaveAllFiles();
     EXPECT_TRUE(box.texts().last().startsWith("File failed to save.\n\nFile: " + first));
     EXPECT_EQ(read("b.csv"), "y\n");
+    EXPECT_EQ(read("c.csv"), "2\n");
+    EXPECT_EQ(window.windowTitle(), "c.csv - Gridwright");
     EXPECT_FALSE(window.getPaneView()->getTableView(first)->undoStack()->isClean());
     toggle("Remove Extraneous Rows/Columns on File Save");
 }
@@ -647,6 +684,7 @@ TEST_F(SaveFlowTest, AskAndIgnoreGovernWhatAnOutsideChangeDoes) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return box.texts().size() == 1; }));
     EXPECT_EQ(box.texts().value(0), "This file has been changed externally.\n\nWould you like to reload it?");
     EXPECT_EQ(box.namedFiles().value(0), table()->getFilepath());
+    EXPECT_EQ(box.defaults().value(0), "Reload");
     EXPECT_EQ(cell(0, 0), "1");
     change("mine");
     box.next("Reload");
@@ -670,6 +708,7 @@ TEST_F(SaveFlowTest, ALargeCopyIsOpenedAsTheUserSays) {
         QString const copy = directory.filePath(answer.left(4) + ".csv");
         box.next(answer);
         EXPECT_TRUE(window.saveFileUnder(own, copy, true));
+        EXPECT_EQ(box.defaults().last(), "Read-Only\nMode");
         EXPECT_EQ(box.texts().last(), "The new file is large (0 MB).\nHow would you like to open it?");
         TableView const* const opened = window.getPaneView()->getTableView(copy);
         ASSERT_EQ(opened != nullptr, answer != "Don't Open");
@@ -690,6 +729,7 @@ TEST_F(SaveFlowTest, AFileFromTheThresholdOnIsOpenedAsTheUserSays) {
     EXPECT_TRUE(window.openFiles({below, first, second, third}));
     EXPECT_EQ(box.texts().first(), "This file is large (1 MB).\nWould you like to open it in read-only mode?");
     EXPECT_EQ(box.namedFiles(), (QStringList{first, second, third}));
+    EXPECT_EQ(box.defaults().first(), "Open as Read-Only");
     auto const opened = [&](QString const& path) { return window.getPaneView()->getTableView(path); };
     EXPECT_FALSE(opened(below)->isReadOnly());
     EXPECT_EQ(opened(first), nullptr);

@@ -1,3 +1,4 @@
+#include "model/LineBreakCells.h"
 #include "tests/model/TableModelFixture.h"
 
 #include <QSignalSpy>
@@ -68,6 +69,11 @@ TEST_F(TableModelTest, HeadersShowNumbersLettersAndTheSort) {
     EXPECT_FALSE(model.setHeaderData(0, Qt::Horizontal, "A", Qt::DisplayRole));
     EXPECT_TRUE(model.setHeaderData(0, Qt::Horizontal, "B", Qt::DisplayRole));
     EXPECT_EQ(changed.size(), 1);
+    model.concealRawCols({0});
+    EXPECT_EQ(header(Qt::Horizontal, 0), "B");
+    model.setRepresentColumnsAsLetters(false);
+    model.setFirstColIndex(5);
+    EXPECT_EQ(header(Qt::Horizontal, 0), "6");
 }
 
 TEST_F(TableModelTest, HeaderRowsAreCountedInStoredRows) {
@@ -250,6 +256,19 @@ TEST_F(TableModelTest, SelectionFollowsRowsThatAreGone) {
     EXPECT_FALSE(changed);
 }
 
+TEST_F(TableModelTest, SelectionFollowsColumnsThatAreGone) {
+    load("a,b,c,d\n");
+    model.setNumBufferCols(3);
+    model.setSelection(Range(0, 3, Model),
+                       {Range(1, 0, Model), Range(0, 3, Model), Range(3, RangeType::Column, Model)});
+    model.removeColumnsFromDataRaw(1, 3);
+    bool changed = false;
+    model.removeExtraneousCols(changed);
+    EXPECT_TRUE(changed);
+    EXPECT_EQ(model.columnCount(), 4);
+    EXPECT_EQ(model.getMainCell(), Range(0, 0, Model));
+}
+
 TEST_F(TableModelTest, ConcealedAndTransposedTablesStayInStep) {
     load("a,b\nc,d\ne,f\n");
     model.setNumBufferRows(1);
@@ -294,6 +313,29 @@ TEST_F(TableModelTest, MovesTakeTheLoweredTargetAsDistance) {
     EXPECT_FALSE(model.moveColumnAbsolute(0, -1));
     EXPECT_TRUE(model.moveRowAbsolute(0, 2));
     EXPECT_EQ(shown(), "b|a|c|d");
+    load("a,b,c,d\n");
+    EXPECT_TRUE(model.moveColumnAbsolute(0, 2));
+    EXPECT_EQ(shown(), "b a c d");
+}
+
+TEST_F(TableModelTest, LineBreaksAreFoundAtTheirStoredPlacesHoweverTheTableIsShown) {
+    load("\"x\ny\",1,\"p\rq\"\n2,\"r\r\ns\",3\n");
+    auto const found = [this](bool visibleOnly) {
+        std::string places;
+        LineBreakCells::forEach(model, visibleOnly, [&](int row, int col, QString const& text) {
+            places += std::to_string(row) + ',' + std::to_string(col) + ' ' + text.at(0).toLatin1() + '|';
+        });
+        return places;
+    };
+    EXPECT_EQ(found(true), "0,0 x|0,2 p|1,1 r|");
+    model.setAndApplyHiddenColsList({2});
+    EXPECT_EQ(found(true), "0,0 x|1,1 r|");
+    model.setAndApplyHiddenRowsList({0});
+    EXPECT_EQ(found(true), "1,1 r|");
+    EXPECT_EQ(LineBreakCells::count(model, false), 3);
+    model.toggleTranspose();
+    EXPECT_EQ(found(true), "1,1 r|");
+    EXPECT_EQ(found(false), "0,0 x|2,0 p|1,1 r|");
 }
 
 TEST_F(TableModelTest, HighlightFollowsConcealingAndPreviewsReplacements) {

@@ -3,6 +3,7 @@
 #include "view/MsgBox.h"
 
 #include <QAbstractButton>
+#include <QPushButton>
 #include <QQueue>
 #include <gtest/gtest.h>
 
@@ -29,6 +30,8 @@ public:
     QStringList const& texts() const { return shown; }
     /// The files that the boxes were about; empty where a box names none beside its text.
     QStringList const& namedFiles() const { return files; }
+    /// The labels of the buttons that Enter would have pressed.
+    QStringList const& defaults() const { return defaultLabels; }
 
 private:
     struct Answer {
@@ -39,6 +42,8 @@ private:
     QAbstractButton* press(MsgBox const& box) {
         shown << box.text();
         files << box.informativeText();
+        QPushButton const* const preset = box.defaultButton();
+        defaultLabels << (preset == nullptr ? QString() : preset->text().remove(QLatin1Char('&')));
         Answer const next = answers.isEmpty() ? Answer() : answers.dequeue();
         if (next.meanwhile)
             next.meanwhile();
@@ -53,4 +58,5 @@ private:
     QQueue<Answer> answers;
     QStringList shown;
     QStringList files;
+    QStringList defaultLabels;
 };

@@ -335,6 +335,7 @@ TEST_P(AutoFitWarning, AsksAboutWhatTakesAWhile) {
     QSignalSpy const kept(&view, &TableView::fileMetadataChangedSignal);
     view.warnAutoFitIfLargeFile();
     EXPECT_EQ(answers.texts().value(0), texts[text]);
+    EXPECT_EQ(answers.defaults().value(0), text != 0 ? "Disable Auto-Fit" : "");
     EXPECT_EQ(view.isAutoFitRowHeight(), fitRows != 0 && (text & 1) == 0);
     EXPECT_EQ(view.isAutoFitColWidth(), fitCols != 0 && (text & 2) == 0);
     EXPECT_EQ(kept.isEmpty(), text == 0);
