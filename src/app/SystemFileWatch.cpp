@@ -1,5 +1,7 @@
 #include "app/SystemFileWatch.h"
 
+#include "storage/FileStamp.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QTimer>
@@ -17,7 +19,6 @@ void SystemFileWatch::after(int ms, std::function<void()> call) {
 }
 
 std::optional<FileState> SystemFileWatch::stateOf(QString const& path) const {
-    constexpr qint64 nanoseconds = 1000000000;
     QByteArray const name = QFile::encodeName(path);
     struct stat found {};
     if (stat(name.constData(), &found) != 0) {
@@ -26,8 +27,9 @@ std::optional<FileState> SystemFileWatch::stateOf(QString const& path) const {
     if (S_ISDIR(found.st_mode)) {
         return FileState{0, 0, found.st_ino, false, false};
     }
-    return FileState{found.st_mtim.tv_sec * nanoseconds + found.st_mtim.tv_nsec, found.st_size, found.st_ino,
-                     access(name.constData(), R_OK) == 0, S_ISREG(found.st_mode)};
+    FileStamp const stamp = FileStamp::of(found);
+    return FileState{stamp.modified, stamp.size, stamp.inode, access(name.constData(), R_OK) == 0,
+                     S_ISREG(found.st_mode)};
 }
 
 // A watched folder would tell of what happens in it, and not that a file has taken its place.

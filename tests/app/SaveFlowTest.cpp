@@ -3,6 +3,7 @@
 #include "tests/app/WindowFixture.h"
 #include "tests/support/HeldClock.h"
 #include "tests/support/Notices.h"
+#include "tests/support/Typing.h"
 #include "view/EditorPane.h"
 #include "view/FileDialog.h"
 
@@ -44,11 +45,6 @@ protected:
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-    /// The first key opens an editor, which has the others.
-    static void type(QString const& text) {
-        for (QChar const each : text)
-            QTest::keyClicks(QApplication::focusWidget(), QString(each));
     }
     static void enter() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
     /// Lets what waits for the user come up to the clock several times.
@@ -154,14 +150,14 @@ TEST_F(SaveFlowTest, NoQuestionComesBetweenTheKeysOfAText) {
     HeldClock clock;
     open("1\n2\n3\n");
     show();
-    type("one");
+    typeText("one");
     write("a.csv", "theirs\n");
     EXPECT_TRUE(waits(clock));
     clock.pass(TypingGuard::idleMs - 1);
-    type("x");
+    typeText("x");
     enter();
     EXPECT_TRUE(waits(clock));
-    type("two");
+    typeText("two");
     EXPECT_TRUE(waits(clock));
     enter();
     clock.pass(TypingGuard::stillMs - 1);
@@ -180,21 +176,21 @@ TEST_F(SaveFlowTest, WhatIsTypedWhenTheFileGoesNeverLandsInAnotherTable) {
     QString const path = open("1\n");
     show();
     auto const goes = [&] { return window.getPaneView()->getTableView(path) == nullptr; };
-    type("one");
+    typeText("one");
     QFile::remove(path);
     EXPECT_TRUE(waits(clock));
-    type(" more");
+    typeText(" more");
     clock.pass(TypingGuard::idleMs - 1);
     EXPECT_TRUE(waits(clock));
     EXPECT_FALSE(goes());
     clock.pass(1); // as of a user who has left an edit open
     EXPECT_TRUE(QTest::qWaitFor(goes));
     EXPECT_EQ(table(), other);
-    type("rest");
+    typeText("rest");
     enter();
     EXPECT_EQ(stored(), "1");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    type("other");
+    typeText("other");
     enter();
     EXPECT_EQ(stored(), "other");
     Notices::press(window, "Open Last Contents");
@@ -208,7 +204,7 @@ TEST_F(SaveFlowTest, WhatIsTypedWhenTheFileGoesNeverLandsInAnotherTable) {
     window.runCommand("Command Launcher");
     QFile::remove(path);
     EXPECT_TRUE(QTest::qWaitFor(goes));
-    type("again");
+    typeText("again");
     enter();
     EXPECT_EQ(table()->tableModel()->getTableData().getValueRaw(1, 0).toString(), "again");
 }

@@ -3,6 +3,7 @@
 #include "tests/app/WindowFixture.h"
 #include "tests/support/HeldClock.h"
 #include "tests/support/Notices.h"
+#include "tests/support/Typing.h"
 #include "view/FileDialog.h"
 
 #include <QDialog>
@@ -134,21 +135,16 @@ TEST_F(SecondStartTest, WaitsForTheTextThatIsTypedButNotForEver) {
     window->openFile(write("a.csv"));
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    // The first key opens an editor, which has the others.
-    auto const type = [](QString const& text) {
-        for (QChar const each : text)
-            QTest::keyClicks(QApplication::focusWidget(), QString(each));
-    };
-    type("one");
+    typeText("one");
     secondStart("b.csv");
     clock.pass(TypingGuard::idleMs - 1);
-    type(" two");
+    typeText(" two");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     secondStart("c.csv");
     clock.pass(TypingGuard::stillMs - 100);
     EXPECT_EQ(open(), "a.csv");
     TableView const* const first = window->getActiveTable();
-    type("left");
+    typeText("left");
     clock.pass(TypingGuard::idleMs - 1);
     EXPECT_EQ(open(), "a.csv");
     clock.pass(TypingGuard::stillMs);
