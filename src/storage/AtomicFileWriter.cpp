@@ -30,6 +30,11 @@ bool cannotName(int error) {
            error == EINVAL || error == EMLINK;
 }
 
+/// A new file gets what the umask leaves of this; the copy of an old one is nobody's business until it is whole.
+mode_t modeUntilWhole(bool targetExists) {
+    return targetExists ? 0600 : 0666;
+}
+
 QString targetChanged(QByteArray const& path) {
     return QStringLiteral("The file %1 has been changed by another program.").arg(pathForUser(path));
 }
@@ -141,9 +146,7 @@ bool AtomicFileWriter::openTemporary() {
     if (directory < 0)
         return failWithErrno(SaveObject::Folder);
     removeAbandonedFiles(directory);
-    // A new file gets what the umask leaves of this; the copy of an old one is nobody's business until it is whole.
-    auto const mode = targetExists ? 0600 : 0666;
-    file = openat(directory, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode);
+    file = openat(directory, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, modeUntilWhole(targetExists));
     if (file >= 0 && access(pathOfDescriptor(file).constData(), F_OK) == 0)
         return true;
     closeFile(file);
@@ -151,11 +154,12 @@ bool AtomicFileWriter::openTemporary() {
 }
 
 bool AtomicFileWriter::openNamed() {
-    auto const mode = targetExists ? 0600 : 0666;
     for (int attempt = 0; attempt < nameAttempts; ++attempt) {
         temporary = newTemporaryName();
-        file = uninterrupted(
-            [&] { return openat(directory, temporary.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode); });
+        file = uninterrupted([&] {
+            return openat(directory, temporary.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC,
+                          modeUntilWhole(targetExists));
+        });
         if (file >= 0)
             return true;
         if (errno != EEXIST)
