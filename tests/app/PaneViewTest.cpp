@@ -98,6 +98,14 @@ TEST_F(PaneViewTest, ThePaneOpensAndClosesAndRemembersItsHeight) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return height() == 0; }));
         EXPECT_EQ(panes.getEditorPaneHeight(), 180);
     }
+    panes.showEditorPane(true, false);
+    for (int const dragged : {120, 0, 150}) { // by the handle, which also closes and opens it
+        panes.findChild<QSplitter*>()->setSizes({splitter->height() - dragged, dragged});
+        QTest::mouseRelease(splitter->handle(1), Qt::LeftButton);
+        EXPECT_EQ(hasAnyContext(context, Context::EditorPaneShown), dragged > 0);
+        EXPECT_EQ(panes.isEditorPaneShown(), dragged > 0);
+        EXPECT_EQ(panes.getEditorPaneHeight(), dragged > 0 ? height() : 120);
+    }
 }
 
 TEST_F(PaneViewTest, TypingGoesToThePaneAndToAllSelectedCells) {
@@ -158,6 +166,10 @@ TEST_F(PaneViewTest, NavigationKeysLeaveThePaneIfTheyAreNotItsOwn) {
     key(Qt::Key_Return);
     EXPECT_EQ(text(1, 2), QStringLiteral("b"));
     EXPECT_EQ(model().getMainCell(), Range(2, 1, RangeIndexType::Model));
+    key(Qt::Key_C);
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(text(2, 1), QStringLiteral("c"));
+    EXPECT_EQ(model().getMainCell(), Range(2, 0, RangeIndexType::Model));
 }
 
 TEST_F(PaneViewTest, AClickBeginsAnEditAtItsPlaceAndAClickElsewhereEndsIt) {

@@ -294,3 +294,20 @@ TEST_F(SecondStartTest, GoesToTheWindowUsedLastAndWhereThatIsGoneToAnother) {
     secondStart("a.csv");
     EXPECT_TRUE(comesTo("a.csv"));
 }
+
+TEST_F(SecondStartTest, ANewWindowFromAnyWindowIsAsLargeAsThatOneAndTheOneForWhatComesNext) {
+    for (int number = 2; number <= 4; ++number) {
+        MainWindow* const asking = app.getActiveMainWindow();
+        asking->resize(600 + number * 20, 400 + number * 10);
+        asking->runCommand("New Window");
+        ASSERT_EQ(app.getMainWindows().size(), std::size_t(number));
+        MainWindow* const made = app.getMainWindows().back();
+        EXPECT_EQ(app.getActiveMainWindow(), made);
+        EXPECT_EQ(made->size(), asking->size());
+        EXPECT_TRUE(made->isVisible());
+    }
+    write("a.csv");
+    secondStart("a.csv");
+    EXPECT_TRUE(comesTo("untitled | untitled | untitled | a.csv"));
+    app.closeProgram();
+}
