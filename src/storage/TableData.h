@@ -271,13 +271,12 @@ signals:
     void updateProgressSignal(float percent) const;
 
 public slots:
-    /// Ends the load thread and takes over the counts of the container that it has filled.
+    /// Ends the load thread and takes over the container that it has filled.
     void onLoadFinished();
 
 private:
     /// The stored table along one axis.
     struct AxisState {
-        int count = 0; ///< as the container has it, and as growth by an edit sets it
         ConcealedList concealed;
         std::array<LineSizeStore, 2> sizes; ///< by the axis as which it is shown
         quint64 revision = 0;               ///< another one after each change of the lines
@@ -300,6 +299,8 @@ private:
     Axis storedAxis(Axis shown, bool ignoreTranspose) const;
     AxisState& along(Axis axis) { return axes[static_cast<std::size_t>(axis)]; }
     AxisState const& along(Axis axis) const { return axes[static_cast<std::size_t>(axis)]; }
+    /// Only the container counts its lines.
+    int countOf(Axis axis) const { return axis == Axis::Rows ? dataContainer->numRows() : dataContainer->numCols(); }
     int modelCount(Axis axis) const;
     int modelFromRaw(Axis axis, int raw, bool nearest) const;
     void concealModel(Axis axis, Indexes const& models);
@@ -319,6 +320,7 @@ private:
     bool duplicate(Axis axis, int model, int offset);
     bool move(Axis axis, int model, int offset);
     bool moveAroundConcealed(Axis axis, int model, int offset, Cells const& cells);
+    bool grow(Axis axis, int count);
     void growTo(Axis axis, int count);
     Indexes empty(Axis axis, int start, RangeIndexType indexType, GetRowColMaskType maskType,
                   Indexes const& mask) const;

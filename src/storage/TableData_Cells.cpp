@@ -46,16 +46,14 @@ bool TableData::setValueRaw(int row, int col, QString const& text, bool ignoreTr
 
 /// Whether a cell can be written: inside the table, or outside with content, for which the table grows.
 bool TableData::growToHold(int row, int col, bool filled) {
-    int& rows = along(Axis::Rows).count;
-    int& cols = along(Axis::Columns).count;
     if (row < 0 || col < 0)
         return false;
-    if (row < rows && col < cols)
+    if (row < countOf(Axis::Rows) && col < countOf(Axis::Columns))
         return true;
     if (!filled)
         return false;
-    rows = std::max(rows, row + 1);
-    cols = std::max(cols, col + 1);
+    grow(Axis::Rows, row + 1);
+    grow(Axis::Columns, col + 1);
     signalSize();
     return true;
 }
@@ -134,12 +132,14 @@ bool TableData::wouldFillChange(CellRegion const& cells, QString const& text) co
     std::string_view const wanted(bytes.data(), bytes.size());
     for (CellRect const& rect : storedCells(cells).rects()) {
         // Cells outside of the data are empty.
-        bool const outside = rect.bottom >= along(Axis::Rows).count || rect.right >= along(Axis::Columns).count;
+        bool const outside = rect.bottom >= countOf(Axis::Rows) || rect.right >= countOf(Axis::Columns);
         if (outside && !wanted.empty())
             return true;
-        for (int row = rect.top; row <= std::min(rect.bottom, along(Axis::Rows).count - 1); ++row) {
-            for (int col = rect.left; col <= std::min(rect.right, along(Axis::Columns).count - 1); ++col) {
-                if (editableContainer->cellView(row, col) != wanted)
+        for (int row = rect.top; row <= std::min(rect.bottom, countOf(Axis::Rows) - 1); ++row) {
+            for (int col = rect.left; col <= std::min(rect.right, countOf(Axis::Columns) - 1); ++col) {
+                // Bytes that mean nothing are the same text as those of the replacement character.
+                std::string_view const present = editableContainer->cellView(row, col);
+                if (present != wanted && codec.decode(present) != text)
                     return true;
             }
         }
@@ -240,7 +240,7 @@ void TableData::setEncoding(EncodingType encoding, bool convertCells) {
 // Cells that stay as they are stay in the compact form in which a load stores them.
 void TableData::convertTable(CellConversion const& conversion) {
     Cells cells;
-    for (int row = 0; row < along(Axis::Rows).count; ++row) {
+    for (int row = 0; row < countOf(Axis::Rows); ++row) {
         cells.clear();
         dataContainer->getRow(cells, row, false, GetRowColMaskType::NoMask, {});
         bool changed = false;

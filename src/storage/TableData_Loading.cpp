@@ -65,8 +65,6 @@ bool TableData::loadCSV(QString const& path, bool useThread, DataContainerType t
     Container former = std::move(dataContainer);
     setContainer(makeContainer(type));
     dataContainerType = type;
-    axes[0].count = 0;
-    axes[1].count = 0;
     transposed = false;
     resetSizes();
 
@@ -118,8 +116,6 @@ void TableData::startLoadThread(Container former) {
 
 void TableData::onLoadFinished() {
     takeOverLoaded();
-    along(Axis::Rows).count = dataContainer->numRows();
-    along(Axis::Columns).count = dataContainer->numCols();
     if (getLoadResult().beyondLimits)
         dataContainerType = DataContainerType::ReadOnly;
     emit loadFinishedSignal();
