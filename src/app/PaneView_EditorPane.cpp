@@ -163,7 +163,7 @@ void PaneView::onEditorPaneTextChanged() {
         typedDuringLoad = true;
         return;
     }
-    QString const text = editorPane->toPlainText();
+    QString const text = loader->text();
     // The focus can come to the pane without a click.
     if (!activeTable->getPendingEdit()) {
         keepPaneText = true;

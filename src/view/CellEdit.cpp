@@ -2,6 +2,8 @@
 
 #include "model/TableModel.h"
 #include "model/undo/SetModelDataCommand.h"
+#include "model/undo/WriteCellsCommand.h"
+#include "storage/EditedBytes.h"
 
 #include <utility>
 
@@ -29,10 +31,27 @@ void CellEdit::revert() {
         model.setProvisionalText(std::nullopt);
 }
 
+/// What was not edited of the text keeps its bytes, also those that mean nothing. Null if there are no such bytes.
+std::unique_ptr<QUndoCommand> CellEdit::commandThatKeepsBytes() const {
+    if (isMultiCell())
+        return nullptr;
+    TableData const& data = model.getTableData();
+    int const row = data.getRawFromModelRow(editMainRange.row);
+    int const col = data.getRawFromModelCol(editMainRange.col);
+    auto const bytes = editedBytes(data.getCodec(), data.cellBytesRaw(row, col), lastText);
+    if (bytes == data.getCodec().encode(lastText))
+        return nullptr;
+    CellPatch patch;
+    patch.add(row, col, {bytes.data(), bytes.size()});
+    return std::make_unique<WriteCellsCommand>(&model, editRanges, std::move(patch), true);
+}
+
 std::unique_ptr<QUndoCommand> CellEdit::finish() {
     bool const changed = cellTextChanged && model.getTableData().wouldFillChange(cells, lastText);
     revert();
     if (!changed)
         return nullptr;
+    if (auto keeping = commandThatKeepsBytes())
+        return keeping;
     return std::make_unique<SetModelDataCommand>(&model, editRanges, lastText, true, leftOut);
 }

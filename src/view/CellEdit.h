@@ -19,6 +19,8 @@ public:
     explicit CellEdit(TableModel& model, LeftOut leftOut = LeftOut::Change);
 
     Range const& mainRange() const { return editMainRange; }
+    /// Whether `cell` (Model) is the main cell of the edit.
+    bool isAt(Range const& cell) const { return cell.row == editMainRange.row && cell.col == editMainRange.col; }
     RangeSet const& ranges() const { return editRanges; }
     bool isTextChanged() const { return cellTextChanged; }
     bool isMultiCell() const { return !editRanges.isSingleCell(); }
@@ -31,6 +33,8 @@ public:
     std::unique_ptr<QUndoCommand> finish();
 
 private:
+    std::unique_ptr<QUndoCommand> commandThatKeepsBytes() const;
+
     TableModel& model;
     RangeSet editRanges; ///< with the main cell
     CellRegion cells;    ///< as far as the grid goes

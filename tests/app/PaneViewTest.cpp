@@ -4,6 +4,7 @@
 #include "view/EditorPane.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QInputMethodEvent>
 #include <QPushButton>
 #include <QScrollBar>
@@ -143,6 +144,88 @@ TEST_F(PaneViewTest, AKeyWithoutACharacterLeavesTheCellAndTheOpenEditAlone) {
     key(Qt::Key_Escape);
     EXPECT_EQ(text(1, 1), QStringLiteral("ab"));
     EXPECT_EQ(view->undoStack()->count(), 1);
+}
+
+TEST_F(PaneViewTest, OnlyWhatTheUserChangesInACellChanges) {
+    model().setEncoding(EncodingType::Utf16LE); // which holds halves of pairs too
+    QString const texts[] = {QStringLiteral("a\u00a0b\r\nc\rd\ne"),
+                             QStringLiteral("\r\n\r\n"),
+                             QStringLiteral("a\u2028b\u2029c\ufdd0d\ufdd1e"),
+                             QStringLiteral("\ufeffa\ufffc\ufffd\tb"),
+                             QChar(0) + QStringLiteral("a\x01\x7f"),
+                             QChar(0xd83d) + QStringLiteral("a") + QChar(0xde00),
+                             QStringLiteral("\U0001f600b")};
+    struct Case {
+        std::vector<std::pair<Qt::Key, Qt::KeyboardModifiers>> keys;
+        QString before; ///< what the keys put in front
+        QString behind;
+    };
+    Case const cases[] = {
+        {{{Qt::Key_X, Qt::NoModifier}}, {}, QStringLiteral("x")},
+        {{{Qt::Key_Home, Qt::ControlModifier}, {Qt::Key_Y, Qt::NoModifier}}, QStringLiteral("y"), {}},
+        {{{Qt::Key_X, Qt::NoModifier}, {Qt::Key_Backspace, Qt::NoModifier}}, {}, {}},
+        {{{Qt::Key_X, Qt::NoModifier}, {Qt::Key_Z, Qt::ControlModifier}}, {}, {}},
+        {{{Qt::Key_V, Qt::ControlModifier}}, {}, QStringLiteral("p\u00a0q")},
+        {{{Qt::Key_A, Qt::ControlModifier}, {Qt::Key_C, Qt::ControlModifier}}, {}, {}},
+        {{{Qt::Key_A, Qt::ControlModifier}, {Qt::Key_Delete, {}}, {Qt::Key_Z, Qt::ControlModifier}}, {}, {}},
+    };
+    for (bool const inPane : {true, false}) {
+        panes.showEditorPane(inPane, false);
+        for (QString const& stored : texts) {
+            setText(1, 1, stored);
+            ASSERT_EQ(text(1, 1), stored);
+            for (Case const& each : cases) {
+                SCOPED_TRACE(stored.toStdString() + (inPane ? " in the pane, case " : " in the grid, case ") +
+                             std::to_string(&each - cases));
+                QApplication::clipboard()->setText(QStringLiteral("p\u00a0q"));
+                go(0, 0);
+                go(1, 1);
+                view->editMainCellAppend();
+                for (auto const& [pressed, modifiers] : each.keys)
+                    key(pressed, pressed == Qt::Key_Home && !inPane ? Qt::NoModifier : modifiers);
+                key(Qt::Key_Escape);
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                EXPECT_EQ(text(1, 1), each.before + stored + each.behind);
+                EXPECT_EQ(view->undoStack()->count(), each.before.isEmpty() && each.behind.isEmpty() ? 0 : 1);
+                view->undo();
+                view->undoStack()->clear();
+                EXPECT_EQ(text(1, 1), stored);
+            }
+        }
+    }
+}
+
+TEST_F(PaneViewTest, LineBreaksThatAreTypedOrPastedAreLineFeeds) {
+    panes.showEditorPane(true, false);
+    setText(1, 1, QStringLiteral("a\r\nb"));
+    go(1, 1);
+    view->editMainCellAppend();
+    key(Qt::Key_Return);
+    key(Qt::Key_Return, Qt::ShiftModifier);
+    QApplication::clipboard()->setText(QStringLiteral("c\r\nd\u2028e\u00a0f"));
+    key(Qt::Key_V, Qt::ControlModifier);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(text(1, 1), QStringLiteral("a\r\nb\n\nc\nd\ne\u00a0f"));
+    // What is copied in the pane is the text itself.
+    clickPane(QPoint(5, 5));
+    key(Qt::Key_A, Qt::ControlModifier);
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("a\nb\n\nc\nd\ne\u00a0f"));
+}
+
+TEST_F(PaneViewTest, AnEditOfALongCellLeavesItsLineBreaksAlone) {
+    panes.showEditorPane(true, false);
+    QString const stored = QStringLiteral("0123456789\u00a0\r\n").repeated(10000);
+    setText(1, 1, stored);
+    go(1, 1);
+    view->editMainCellAppend();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane().document()->isUndoRedoEnabled(); }));
+    key(Qt::Key_X);
+    EXPECT_EQ(text(1, 1), u'x' + stored);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(text(1, 1), stored);
+    EXPECT_EQ(view->undoStack()->count(), 0);
 }
 
 TEST_F(PaneViewTest, NavigationKeysLeaveThePaneIfTheyAreNotItsOwn) {

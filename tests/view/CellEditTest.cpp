@@ -152,3 +152,37 @@ TEST_F(CellEditTest, MakesNoCommandForTheTextsThatWereThere) {
     half.setText(QStringLiteral("a"), true);
     EXPECT_NE(half.finish(), nullptr);
 }
+
+TEST_F(CellEditTest, BytesThatMeanNothingStayUnlessTheyAreEditedAndGoNowhereElse) {
+    file.resize(0);
+    file.write("a\xff"
+               "b\xfe,\xff\n");
+    file.flush();
+    model.loadCSV(file.fileName(), false, false, QStringLiteral(","), QStringLiteral(","), EncodingType::Utf8,
+                  ParsingStandard::Rfc4180);
+    struct Case {
+        char16_t const* text;
+        char const* bytes; ///< null if there is nothing to write
+    };
+    Case const cases[] = {{u"a\ufffdb\ufffd", nullptr},
+                          {u"a\ufffdb\ufffdx", "a\xff"
+                                               "b\xfex"},
+                          {u"a\ufffdxb\ufffd", "a\xffxb\xfe"},
+                          {u"\ufffdb\ufffd", "\xff"
+                                             "b\xfe"},
+                          {u"new", "new"}};
+    for (Case const& each : cases) {
+        model.setSelection(cellAt(0, 0));
+        CellEdit edit(model);
+        edit.setText(QString::fromUtf16(each.text), true);
+        auto command = edit.finish();
+        ASSERT_EQ(command != nullptr, each.bytes != nullptr);
+        if (command == nullptr)
+            continue;
+        stack.push(command.release());
+        EXPECT_EQ(model.getTableData().cellBytesRaw(0, 0), each.bytes);
+        stack.undo();
+        EXPECT_EQ(model.getTableData().cellBytesRaw(0, 0), "a\xff"
+                                                           "b\xfe");
+    }
+}
