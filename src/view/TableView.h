@@ -341,6 +341,8 @@ public slots:
     /// Reports a failed save after an edit, which stays.
     void onAutoSaveFailed(QString const& fileName, QString const& reason);
     void onNewPendingSelectionCorner(Range const& corner);
+    /// Ends the edit of another cell, and passes the news on.
+    void onMainCellChanged(Range const& mainCell);
     /// Inserts lines in the model, each of which will stand where the list says, and lets them grow.
     void insertRowsSlot(std::vector<int> const& rows) { insertLines(Axis::Rows, rows); }
     void insertColsSlot(std::vector<int> const& cols) { insertLines(Axis::Columns, cols); }
@@ -477,6 +479,7 @@ private:
     void connectEditingWithModel();
     void onTableSavedOrLoaded();
     /// Carries a change of the undo stack out. After a save by it the stack is clean.
+    void endEditBeforeStep();
     void changeStack(std::function<void()> const& change);
     bool refuses(QUndoCommand const* command) const;
     void connectSignalsWithDelegate(TableDelegate* delegate);

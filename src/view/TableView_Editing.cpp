@@ -1,6 +1,7 @@
 // Editing cells: where an edit takes place and how it begins and ends. What it writes is CellEdit's.
 
 #include "view/CellLengths.h"
+#include "view/EditorPane.h"
 #include "view/FrozenTableView.h"
 #include "view/LeftOutQuestion.h"
 #include "view/MsgBox.h"
@@ -9,7 +10,9 @@
 #include "view/TableView.h"
 #include "view/TextKeys.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QUndoCommand>
 
@@ -278,6 +281,27 @@ void TableView::onCellEditingFinished() {
 void TableView::onEditorClosed() {
     setEditStateOfAllViews(false, nullptr);
     emit removeContextSignal(Context::CellEditing);
+}
+
+/// Whoever moves the main cell: the text stays in the cell where it was typed. The command of the edit selects what it
+/// has written to, and after it what is selected by now is selected again.
+void TableView::onMainCellChanged(Range const& mainCell) {
+    if (!pendingEdit || pendingEdit->isAt(mainCell)) {
+        emit mainCellChangedSignal(mainCell);
+        return;
+    }
+    TableModel* const model = tableModel();
+    Range const moved = model->getMainCell();
+    RangeSet const selected = model->getSelectedSet();
+    QPointer<QWidget> const focused = QApplication::focusWidget();
+    bool const inEditor = focused == cellEditor || qobject_cast<EditorPane*>(focused) != nullptr;
+    stopEditing();
+    if (!inEditor && focused)
+        focused->setFocus(Qt::OtherFocusReason);
+    if (selected.isEmpty())
+        model->clearSelection(moved);
+    else
+        model->setSelection(moved, selected);
 }
 
 void TableView::onAutoSaveFailed(QString const& fileName, QString const& reason) {
