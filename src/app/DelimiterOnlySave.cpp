@@ -25,8 +25,8 @@ void DelimiterOnlySave::replaceLineBreaks(TableView& table, QString const& repla
     LineBreakCells::forEach(*table.tableModel(), visibleOnly, [&](int row, int col, QString const& text) {
         QStringList const pieces = text.split(lineBreak);
         Range cell(row, col, RangeIndexType::Raw);
-        cell.oldValue = text;
-        cell.value = pieces.join(replacement);
+        cell.setOldValue(text);
+        cell.setValue(pieces.join(replacement));
         cells.push_back(cell);
     });
     table.pushUndoCommand(new ReplaceLineBreaksCommand(table.tableModel(), cells));

@@ -28,7 +28,7 @@ void MainWindow::connectStatusBar(TableView* table) {
     connect(table, &TableView::selectionSizeChangedSignal, this,
             [this, ifActive](RangeSize const& size) { ifActive([&] { onSelectionSizeChanged(size); }); });
     connect(table, &TableView::mainCellChangedSignal, this, [this, table, ifActive] {
-        ifActive([&] { onMainCellLengthChanged(table->getMainCell(true).value.toString().size()); });
+        ifActive([&] { onMainCellLengthChanged(table->getMainCell(true).value().toString().size()); });
     });
     connect(table, &TableView::mainCellLengthChangedSignal, this,
             [this, ifActive](int length) { ifActive([&] { onMainCellLengthChanged(length); }); });
@@ -68,7 +68,7 @@ void MainWindow::updateStatusBar() {
     updateDialectLabels();
     labelBar->setText(Label::Filters, StatusBar::filtersText({}, {}));
     onSelectionSizeChanged(activeTable->tableModel()->getSelectionSize());
-    onMainCellLengthChanged(activeTable->getMainCell(true).value.toString().size());
+    onMainCellLengthChanged(activeTable->getMainCell(true).value().toString().size());
     TableSize const size = model.getShownSize();
     onTableSizeChanged(size.rawRows, size.rawCols, size.modelRows, size.modelCols);
 }

@@ -113,7 +113,7 @@ void PaneView::onMainCellChanged(Range const& mainCell) {
     shownCell = mainCell;
     TableModel const& model = *activeTable->tableModel();
     editorPane->setReadOnly(model.isReadOnly() || model.isLoading());
-    QString const text = mainCell.value.toString();
+    QString const text = mainCell.value().toString();
     if (sameCell && loader->isShowing(text))
         return;
     typedDuringLoad = false;

@@ -15,7 +15,7 @@ public:
 
     void add(Range const& range) {
         switch (range.type) {
-        case RangeType::Cell: put(range.row, range.col, range.value); break;
+        case RangeType::Cell: put(range.row, range.col, range.value()); break;
         case RangeType::Row:
         case RangeType::Column: addLine(range); break;
         case RangeType::Table: addTable(range); break;
@@ -60,32 +60,32 @@ private:
 
     void addLine(Range const& range) {
         bool const isRow = range.type == RangeType::Row;
-        std::vector<int> excluded = isRow ? range.excludedCols : range.excludedRows;
+        std::vector<int> excluded = isRow ? range.excludedCols() : range.excludedRows();
         std::sort(excluded.begin(), excluded.end());
         int position = isRow ? range.col : range.row;
         auto const putHere = [&](QVariant const& value) {
             isRow ? put(range.row, position, value) : put(position, range.col, value);
         };
-        for (QVariant const& value : range.lineValues) {
+        for (QVariant const& value : range.lineValues()) {
             if (!std::binary_search(excluded.begin(), excluded.end(), position))
                 putHere(value);
             ++position;
         }
         for (int const end = isRow ? model.columnCount() : model.rowCount(); position < end; ++position)
-            putHere(range.value);
+            putHere(range.value());
     }
 
     void addTable(Range const& range) {
         int const gridRows = model.rowCount();
-        int const endRow = std::max(gridRows, range.row + int(range.tableValues.size()));
+        int const endRow = std::max(gridRows, range.row + int(range.tableValues().size()));
         for (int row = range.row; row < endRow; ++row) {
             int col = range.col;
-            if (auto const offset = std::size_t(row - range.row); offset < range.tableValues.size()) {
-                for (QVariant const& value : range.tableValues[offset])
+            if (auto const offset = std::size_t(row - range.row); offset < range.tableValues().size()) {
+                for (QVariant const& value : range.tableValues()[offset])
                     put(row, col++, value);
             }
             for (; col < model.columnCount() && row < gridRows; ++col)
-                put(row, col, range.value);
+                put(row, col, range.value());
         }
     }
 

@@ -30,8 +30,8 @@ Range mainCellOf(Range const& range, bool offsetsFromStart) {
         cell.row = originRow + range.mainRow;
         cell.col = originCol + range.mainCol;
     }
-    cell.value = valueAt(range, cell.row, cell.col, false);
-    cell.oldValue = valueAt(range, cell.row, cell.col, true);
+    cell.setValue(valueAt(range, cell.row, cell.col, false));
+    cell.setOldValue(valueAt(range, cell.row, cell.col, true));
     return cell;
 }
 
@@ -228,10 +228,11 @@ namespace {
 std::optional<bool> excludeFromLine(Range& range, RangeAxis const& axis, int line, int position) {
     if (range.type != axis.lineType || range.*axis.line != line || range.*axis.position > position)
         return std::nullopt;
-    std::vector<int>& excluded = range.*axis.excludedPositions;
+    std::vector<int> excluded = (range.*axis.excludedPositions)();
     if (std::find(excluded.begin(), excluded.end(), position) != excluded.end())
         return false;
     excluded.push_back(position);
+    (range.*axis.setExcludedPositions)(std::move(excluded));
     return true;
 }
 
@@ -242,10 +243,11 @@ std::optional<bool> excludeFromTable(Range& range, int row, int col) {
     const auto names = [&](std::pair<int, int> const& cell) {
         return (cell.first == row || cell.first == -1) && (cell.second == col || cell.second == -1);
     };
-    std::vector<std::pair<int, int>>& excluded = range.excludedCells;
+    std::vector<std::pair<int, int>> excluded = range.excludedCells();
     if (!rangeCoversCell(range, row, col) || std::any_of(excluded.begin(), excluded.end(), names))
         return false;
     excluded.emplace_back(row, col);
+    range.setExcludedCells(std::move(excluded));
     return true;
 }
 

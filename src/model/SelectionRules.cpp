@@ -78,19 +78,20 @@ bool leavesOut(Range const& table, Range const& range) {
     const auto inRows = [&](int row) { return row >= range.row && (!oneRow || row == range.row); };
     const auto inCols = [&](int col) { return col >= range.col && (!oneCol || col == range.col); };
     const auto inRange = [&](auto const& cell) { return inRows(cell.first) && inCols(cell.second); };
-    return std::any_of(table.excludedRows.begin(), table.excludedRows.end(), inRows) ||
-           std::any_of(table.excludedCols.begin(), table.excludedCols.end(), inCols) ||
-           std::any_of(table.excludedCells.begin(), table.excludedCells.end(), inRange);
+    return std::any_of(table.excludedRows().begin(), table.excludedRows().end(), inRows) ||
+           std::any_of(table.excludedCols().begin(), table.excludedCols().end(), inCols) ||
+           std::any_of(table.excludedCells().begin(), table.excludedCells().end(), inRange);
 }
 
 void tidyExcludedCells(Range& table) {
-    auto& cells = table.excludedCells;
+    std::vector<std::pair<int, int>> cells = table.excludedCells();
     std::sort(cells.begin(), cells.end());
     cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
     std::erase_if(cells, [&](auto const& cell) {
-        return cell.first < table.row || cell.second < table.col || contains(table.excludedRows, cell.first) ||
-               contains(table.excludedCols, cell.second);
+        return cell.first < table.row || cell.second < table.col || contains(table.excludedRows(), cell.first) ||
+               contains(table.excludedCols(), cell.second);
     });
+    table.setExcludedCells(std::move(cells));
 }
 
 /// What lies in a table that starts the list adds nothing to it; a cell once taken out of the table returns to it.
@@ -101,18 +102,16 @@ void absorbIntoTable(RangeSet& ranges) {
     Range& table = run->range;
     tidyExcludedCells(table);
     std::vector<CellRect> left;
-    for (int const row : table.excludedRows)
+    for (int const row : table.excludedRows())
         left.push_back({row, table.col, row, table.colEnd});
-    for (int const col : table.excludedCols)
+    for (int const col : table.excludedCols())
         left.push_back({table.row, col, table.rowEnd, col});
     CellRegion const taken = CellRegion({table.row, table.col, table.rowEnd, table.colEnd}) - CellRegion::ofRects(left);
     std::vector<std::pair<int, int>> returned;
-    std::erase_if(table.excludedCells, [&](auto const& cell) {
-        bool const returns = ranges.cells().contains(cell.first, cell.second);
-        if (returns)
-            returned.push_back(cell);
-        return returns;
-    });
+    std::vector<std::pair<int, int>> excluded;
+    for (auto const& cell : table.excludedCells())
+        (ranges.cells().contains(cell.first, cell.second) ? returned : excluded).push_back(cell);
+    table.setExcludedCells(std::move(excluded));
     ranges.setCells(ranges.cells() - (taken | CellRegion::ofCells(std::move(returned))));
 
     Range const absorber = table;

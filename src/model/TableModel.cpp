@@ -80,8 +80,8 @@ QVariant TableModel::cellValue(QModelIndex const& index) const {
         return provisional->text;
     if (highlightPreview && !highlighted.isEmpty()) {
         Range const* const range = highlighted.startingAt(index.row(), index.column(), spaces());
-        if (range && range->value.isValid())
-            return range->value;
+        if (range && range->value().isValid())
+            return range->value();
     }
     return tableData.getValueModel(index.row(), index.column());
 }

@@ -17,7 +17,7 @@ CellEdit::CellEdit(TableModel& model, LeftOut leftOut)
 void CellEdit::setText(QString const& text, bool skipMainCell) {
     cellTextChanged = true;
     lastText = text;
-    editMainRange.value = text;
+    editMainRange.setValue(text);
     ProvisionalText shown{cells, std::nullopt, text};
     if (skipMainCell)
         shown.underEditor = {editMainRange.row, editMainRange.col};

@@ -66,7 +66,7 @@ TEST_F(DataCommands, WhatWasEditedBeforeATableBecameReadOnlyStaysAndIsStillUnsav
     TableView& table = *window.getActiveTable();
     TableModel& edited = *table.tableModel();
     RangeVector cells{modelCell(0, 0)};
-    cells.front().value = QString("kept");
+    cells.front().setValue(QString("kept"));
     table.pushUndoCommand(new SetModelDataCommand(&edited, cells, true));
     table.setReadOnly(true);
     EXPECT_TRUE(table.hasUnsavedChanges());

@@ -32,7 +32,7 @@ private:
 /// Puts a text into a cell by a command that can be undone.
 inline void change(TableView& table, QString const& text, int row = 0, int col = 0) {
     RangeVector cells{modelCell(row, col)};
-    cells[0].value = text;
+    cells[0].setValue(text);
     cells[0].hasMainCell = true;
     table.pushUndoCommand(new SetModelDataCommand(table.tableModel(), cells, true));
 }

@@ -69,11 +69,11 @@ public:
             if (!rangeCoversCell(*range, row, col))
                 return false;
             if (range->type == RangeType::Row)
-                range->excludedCols.push_back(col);
+                range->setExcludedCols(with(range->excludedCols(), col));
             else if (range->type == RangeType::Column)
-                range->excludedRows.push_back(row);
+                range->setExcludedRows(with(range->excludedRows(), row));
             else
-                range->excludedCells.emplace_back(row, col);
+                range->setExcludedCells(with(range->excludedCells(), std::pair(row, col)));
             return true;
         }
         return false;
@@ -95,6 +95,12 @@ public:
     RangeVector ranges() const { return RangeVector(list.begin(), list.end()); }
 
 private:
+    template <class Element>
+    static std::vector<Element> with(std::vector<Element> list, Element added) {
+        list.push_back(added);
+        return list;
+    }
+
     void dropRepetitions() {
         std::vector<Range> kept;
         for (Range const& range : list) {
@@ -108,7 +114,7 @@ private:
         Range& table = list.front();
         if (table.type != RangeType::Table)
             return;
-        auto& excluded = table.excludedCells;
+        auto excluded = table.excludedCells();
         std::sort(excluded.begin(), excluded.end());
         excluded.erase(std::unique(excluded.begin(), excluded.end()), excluded.end());
         auto const leavesOut = [&](Range const& range) {
@@ -125,6 +131,7 @@ private:
             bool const inside = range->type == RangeType::Cell && table.containsRange(*range);
             range = returns || inside ? list.erase(range) : range + 1;
         }
+        table.setExcludedCells(excluded);
         for (auto range = list.begin() + 1; range != list.end();)
             range = table.containsRange(*range) && !leavesOut(*range) ? list.erase(range) : range + 1;
     }

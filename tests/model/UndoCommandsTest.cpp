@@ -47,18 +47,18 @@ constexpr char const* content = "a0,a1,a2,a3,\nb0,b1,b2,b3,\nc0,c1,,c3,\nd0,\xc3
 
 Range filled(char const* text, char const* value) {
     Range range = rangesFrom(text).front();
-    range.value = QString::fromUtf8(value);
+    range.setValue(QString::fromUtf8(value));
     return range;
 }
 
 Range withLine(char const* text, std::vector<QVariant> values) {
     Range range = rangesFrom(text).front();
-    range.lineValues = std::move(values);
+    range.setLineValues(std::move(values));
     return range;
 }
 
 Range excluding(Range range, int col) {
-    range.excludedCols = {col};
+    range.setExcludedCols({col});
     return range;
 }
 
@@ -128,8 +128,8 @@ Case const cases[] = {
          std::erase_if(
              cells, [m](Range const& cell) { return cell.row >= m->rowCountRaw() || cell.col >= m->columnCountRaw(); });
          for (Range& cell : cells) {
-             cell.value = QStringLiteral("one line");
-             cell.oldValue = m->getTableData().getValueRaw(cell.row, cell.col);
+             cell.setValue(QStringLiteral("one line"));
+             cell.setOldValue(m->getTableData().getValueRaw(cell.row, cell.col));
          }
          return new ReplaceLineBreaksCommand(m, cells);
      },
@@ -423,7 +423,7 @@ TEST_F(UndoCommands, WhatIsTakenOutOfALineStaysOutWhileLinesBesideItAreHidden) {
         bool const rows = axis == Axis::Rows;
         load("a,b,c\nd,e,f\ng,h,i\n");
         Range line(1, rows ? RangeType::Row : RangeType::Column, RangeIndexType::Model);
-        (rows ? line.excludedCols : line.excludedRows) = {2};
+        rows ? line.setExcludedCols({2}) : line.setExcludedRows({2});
         model.setSelection(modelCell(1, 1), RangeVector{line});
         if (rows)
             stack.push(new ApplyHiddenColsCommand(&model, model.getSelectedSet(), std::vector<int>{0}, true));

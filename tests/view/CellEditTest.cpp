@@ -61,7 +61,7 @@ RangeVector rowWithout(int row, int col) {
     range.col = 0;
     range.hasMainCell = true;
     range.mainIndex = 0;
-    range.excludedCols = {col};
+    range.setExcludedCols({col});
     return {range};
 }
 
