@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/RangeAxis.h"
+#include "model/SelectionShift.h"
 #include "model/SelectionSize.h"
 #include "tests/model/SelectionText.h"
 
@@ -79,16 +81,74 @@ public:
         return false;
     }
 
-    /// One copy of each range for every line from where it stands to `lines` further, inside the view.
-    void grow(int Range::*line, int lines, int count) {
+    /// One copy of each range for every line from where it stands to where the steps lead it, inside the view.
+    void grow(int Range::*line, std::vector<SelectionType> const& steps, ShiftBounds const& bounds) {
         std::vector<Range> const base = std::exchange(list, {});
         for (Range const& range : base) {
-            int const end = std::clamp(range.*line + lines, 0, count - 1);
+            Range moved = range;
+            for (SelectionType const step : steps) {
+                bool const forwards = int(step) % 2 == 1;
+                if (step < SelectionType::BlockUp) {
+                    moved.*line += forwards ? 1 : -1;
+                    continue;
+                }
+                moved.*line = std::clamp(moved.*line, 0, bounds.lineCount - 1);
+                moved.*line = bounds.nextBlock(moved.row, moved.col, directionOf(step));
+            }
+            int const end = std::clamp(moved.*line, 0, bounds.lineCount - 1);
             for (int at = std::min(range.*line, end); at <= std::max(range.*line, end); ++at) {
                 list.push_back(range);
                 list.back().*line = at;
             }
         }
+        sanitize();
+    }
+
+    /// Cells, whole lines and the main cell behind line `last` go back to it. Returns whether any did.
+    bool pullBack(int Range::*line, RangeType lineType, int last) {
+        bool moved = main.*line > last;
+        main.*line = std::min(main.*line, last);
+        for (Range& range : list) {
+            if (range.*line > last && (range.type == RangeType::Cell || range.type == lineType)) {
+                range.*line = last;
+                moved = true;
+            }
+        }
+        if (moved)
+            sanitize();
+        return moved;
+    }
+
+    /// What is left of the lines behind the header: lines of which nothing was selected whole, others by cells. Where
+    /// only ranges across all lines are selected, such ranges are left.
+    void invert(Axis axis, GridSize data, int header) {
+        RangeAxis const& names = rangeAxis(axis);
+        std::vector<Range> const old = std::exchange(list, {});
+        auto const selected = [&](int line, int position) {
+            Range const cell = names.cell(line, position);
+            return std::any_of(old.begin(), old.end(),
+                               [&](Range const& range) { return rangeCoversCell(range, cell.row, cell.col); });
+        };
+        bool const onlyAcross = std::all_of(old.begin(), old.end(), [&](Range const& range) {
+            return range.type != RangeType::Cell && range.type != names.lineType && !range.hasExclusions() &&
+                   range.*names.line <= header;
+        });
+        std::vector<Range> left; // cells
+        for (int line = header; line < data.*names.lineCount; ++line) {
+            std::size_t const before = left.size();
+            for (int position = 0; position < data.*names.positionCount; ++position) {
+                if (!selected(line, position))
+                    left.push_back(names.cell(line, position));
+            }
+            bool const untouched = int(left.size() - before) == data.*names.positionCount;
+            for (std::size_t i = before; i < left.size(); ++i) {
+                Range range = left[i];
+                range.type = onlyAcross ? names.crossType : untouched ? names.lineType : RangeType::Cell;
+                if (onlyAcross ? line == header : !untouched || i == before)
+                    list.push_back(range);
+            }
+        }
+        main = left.empty() ? modelCell(0, 0) : left.front();
         sanitize();
     }
 
