@@ -268,8 +268,9 @@ void RangeSet::buildIndex() const {
             if (runs[i].range.type == type)
                 index.order.push_back(i);
         }
-        std::sort(index.order.begin(), index.order.end(),
-                  [this](std::size_t a, std::size_t b) { return runs[a].firstLine() < runs[b].firstLine(); });
+        auto const before = [this](std::size_t a, std::size_t b) { return runs[a].firstLine() < runs[b].firstLine(); };
+        if (!std::is_sorted(index.order.begin(), index.order.end(), before))
+            std::sort(index.order.begin(), index.order.end(), before);
         index.reach.clear();
         for (std::size_t const run : index.order)
             index.reach.push_back(std::max(index.reach.empty() ? INT_MIN : index.reach.back(), runs[run].lastLine()));

@@ -39,9 +39,23 @@ private:
     std::map<int, int> spans; ///< first and last line
 };
 
+/// Whether two ranges have the same type and start. A quick look, for very many lines are mostly in order.
+bool hasRepeatedLines(std::vector<LineRun> const& runs) {
+    std::vector<std::tuple<RangeType, int, int, int>> spans; // type, position, first and last line
+    spans.reserve(runs.size());
+    for (LineRun const& run : runs)
+        spans.emplace_back(run.range.type, run.position(), run.firstLine(), run.lastLine());
+    if (!std::is_sorted(spans.begin(), spans.end()))
+        std::sort(spans.begin(), spans.end());
+    auto const overlap = [](auto const& a, auto const& b) {
+        return std::get<0>(a) == std::get<0>(b) && std::get<1>(a) == std::get<1>(b) && std::get<3>(a) >= std::get<2>(b);
+    };
+    return std::adjacent_find(spans.begin(), spans.end(), overlap) != spans.end();
+}
+
 /// Of ranges with the same type and start the first stays.
 void dropRepeatedLines(RangeSet& ranges) {
-    if (ranges.lines().size() < 2)
+    if (!hasRepeatedLines(ranges.lines()))
         return;
     std::map<std::pair<RangeType, int>, TakenSpans> taken;
     std::vector<LineRun> kept;
@@ -141,6 +155,8 @@ void absorbIntoTable(RangeSet& ranges) {
 /// Drops the cells behind the start of a whole line in that line. The line's exclusions are not consulted: a cell once
 /// taken out of a line cannot be put back by adding it.
 void dropCellsBehindLines(RangeSet& ranges) {
+    if (ranges.cells().isEmpty())
+        return;
     std::vector<CellRect> behind;
     for (LineRun const& run : ranges.lines()) {
         if (run.position() == INT_MAX)
