@@ -420,6 +420,19 @@ TEST_F(DataCommands, NothingToDoLeavesTheTableUnchanged) {
     }
 }
 
+TEST_F(DataCommands, MovedAndDuplicatedContentsLeaveCellsAloneThatWereTakenOutOfTheSelection) {
+    open("a,b\n1,2\n3,4\n");
+    for (auto const& [command, expected] : {std::pair("Move Cell Contents Right", "- a|1 2|- 3"),
+                                            std::pair("Duplicate Selected Cell Contents Right", "a a|1 2|3 3")}) {
+        select("K0,0*");
+        ASSERT_TRUE(model().removeCellFromSelection(1, 0));
+        window.runCommand(command);
+        EXPECT_EQ(stored(), expected) << command;
+        window.runCommand("Undo");
+        EXPECT_EQ(stored(), "a b|1 2|3 4");
+    }
+}
+
 TEST_F(DataCommands, ClearingAsksBeforeItEmptiesCellsThatWereTakenOutOfTheSelection) {
     struct Answer {
         char const* label;
