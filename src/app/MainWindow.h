@@ -66,6 +66,8 @@ public:
     void setFileHolder(std::function<MainWindow*(QString const& path)> holder) { fileHolder = std::move(holder); }
     /// Comes to the front with the table of that file, if it is open here.
     void showFile(QString const& path);
+    /// Is not minimised any more, and in front of other windows.
+    void comeToFront();
     /// Tells without a question that files which were to be opened do not exist.
     void tellMissing(QStringList const& paths);
     /// Tells that a folder is no table.
@@ -445,6 +447,10 @@ private:
     std::unique_ptr<TableView> detachTable(TableView* table);
     /// Does the same and shows another table in the place of the active one.
     std::unique_ptr<TableView> takeOut(TableView* table);
+    /// Whether the user, who did not ask for it just now, would go on with a text in another table than it is for.
+    bool wouldCutText(TableView const* table) const;
+    /// Tells that the table came, and gives that line the focus, so that the rest of the text does not come into it.
+    void tellOpened(TableView const* table);
     /// Ends a table that nobody has put anything into, unless it is the one that shows.
     void dropUntouched(TableView* table);
     void onSavedStatusChanged(TableView* table, bool clean);
@@ -520,7 +526,11 @@ private:
     /// Reads a table's file again; its edits are lost.
     void reloadChangedFile(TableView* table);
     void endReload(TableView* table);
-    void sortAgain(TableView* table, SortData const& rows, SortData const& cols);
+    /// Sorts a table as it was before it was read again, when that disturbs nobody.
+    void sortWhenStill(TableView* table);
+    void sortAgain(TableView* table);
+    void tellIfNotSorted(TableView const* table, SortData const& sort);
+    static void scrollTo(TableView* table, QPoint const& place);
     /// Edits that a reload would lose: no sort that a reload has made and would make again.
     bool hasUnsavedEdits(TableView* table) const;
     bool isUntouchedEmptyTable(TableView const* table) const;
@@ -562,8 +572,9 @@ private:
         QPoint scroll; ///< the scroll bars' values
         SortData rowSort;
         SortData colSort;
+        bool isRead; ///< only the sort is still to come
     };
-    QHash<TableView const*, Retained> reloads;    ///< of tables that are being read again
+    QHash<TableView const*, Retained> reloads;    ///< of tables that are read, or to be sorted, again
     QSet<TableView const*> onlySortedSinceReload; ///< tables that differ from their files by the sort they took over
     std::vector<ExtensionData> extensions;
     std::function<MainWindow*(QString const& path)> fileHolder = [](QString const&) { return nullptr; };
@@ -578,6 +589,7 @@ private:
     FindResultsWidget* findResultsWidget = nullptr;
     GoneTables* goneTables = nullptr;
     NoticeLine* missingFiles = nullptr; ///< tells of paths that were to be opened and do not exist
+    NoticeLine* openedFiles = nullptr;  ///< tells of tables that came while the user was in a text
     FileMetadataWidget* fileMetadataWidget = nullptr;
     QScrollArea* metadataArea = nullptr;
     StatusBar* labelBar = nullptr;

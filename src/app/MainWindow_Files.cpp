@@ -79,10 +79,14 @@ bool MainWindow::openFiles(QStringList const& paths) {
     if (!first) {
         return shown;
     }
+    bool const cutsText = wouldCutText(first);
     if (before != first) {
         closeLauncher(); // what it asks is about the table that was active
     }
     setActiveTable(first);
+    if (first && cutsText) {
+        tellOpened(first);
+    }
     dropUntouched(before);
     return true;
 }
@@ -101,10 +105,30 @@ void MainWindow::showFile(QString const& path) {
     if (table == nullptr) {
         return;
     }
+    QPointer<TableView> const alive(table);
+    bool const cutsText = wouldCutText(table);
+    comeToFront();
+    setActiveTable(table);
+    if (alive && cutsText) {
+        tellOpened(table);
+    }
+}
+
+bool MainWindow::wouldCutText(TableView const* table) const {
+    bool const cutAlready = qobject_cast<NoticeLine const*>(focusWidget()) != nullptr;
+    return FromOutside::isActing() && isActiveWindow() && table != activeTable && (isTextOpen() || cutAlready);
+}
+
+void MainWindow::tellOpened(TableView const* table) {
+    openedFiles->tell(tr("This table was opened while you were typing in another one: %1"),
+                      {QFileInfo(table->getFilepath()).absoluteFilePath()});
+    openedFiles->setFocus();
+}
+
+void MainWindow::comeToFront() {
     setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
-    setActiveTable(table);
 }
 
 void MainWindow::dropUntouched(TableView* table) {
@@ -247,13 +271,13 @@ void MainWindow::onTableLoaded(TableView* table) {
 
 void MainWindow::onTableLoadFailed(TableView* table, QString const& reason) {
     QString const path = table->getFilepath();
-    if (!table->isLoading()) {
+    if (!table->isLoading() && !reloads.value(table).isRead) {
         reloads.remove(table);
     }
     watchedFiles->onLoadFailed(path);
-    FromOutside const acting; // most reloads are nothing that the user asked for
-    MsgBox::inform(this, theme,
-                   tr("This file can't be read again:\n%1\n\n%2\n\nThe table keeps what it had.").arg(path, reason));
+    // Most reloads are nothing that the user asked for.
+    QString const text = tr("This file can't be read again:\n%1\n\n%2\n\nThe table keeps what it had.");
+    TypingGuard::whenStill(table, [this, told = text.arg(path, reason)] { MsgBox::inform(this, theme, told); });
 }
 
 void MainWindow::tellIfNotReadWhole(TableView const* table) {

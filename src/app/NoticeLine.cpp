@@ -8,6 +8,14 @@
 
 #include <utility>
 
+namespace {
+
+bool isPlain(QKeyEvent const& key) {
+    return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+}
+
+} // namespace
+
 NoticeLine::NoticeLine(QString const& action, QWidget* parent)
     : QFrame(parent), label(new QLabel(this)), row(new QBoxLayout(QBoxLayout::LeftToRight, this)),
       buttons(new QBoxLayout(QBoxLayout::LeftToRight)) {
@@ -87,10 +95,19 @@ void NoticeLine::resizeEvent(QResizeEvent* event) {
     arrange();
 }
 
+// Also those that a button has left over.
+bool NoticeLine::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && isPlain(*static_cast<QKeyEvent const*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QFrame::event(event);
+}
+
 void NoticeLine::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
         emit leftSignal();
-    } else {
+    } else if (!isPlain(*event)) {
         QFrame::keyPressEvent(event);
     }
 }

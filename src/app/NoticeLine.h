@@ -8,7 +8,8 @@ class QLabel;
 class QPushButton;
 
 /// A line above the status bar that tells something without holding anybody up. It stays until it is dismissed. With
-/// the focus it takes no text; Tab leads to its buttons.
+/// the focus it takes no text, and no key without Ctrl, Alt or Meta gets past it, not even as a shortcut of the window:
+/// what is typed was meant for something that is gone. Tab leads to its buttons.
 class NoticeLine : public QFrame {
     Q_OBJECT
 
@@ -31,6 +32,7 @@ signals:
     void leftSignal();
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;

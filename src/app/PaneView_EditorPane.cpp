@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -176,12 +177,12 @@ void PaneView::onEditorPaneTextChanged() {
 void PaneView::onEditingFinished() {
     if (activeTable == nullptr)
         return;
-    QWidget* const focused = QApplication::focusWidget();
-    activeTable->stopEditing(true);
+    QPointer<QWidget> const focused = QApplication::focusWidget();
+    activeTable->stopEditing(true); // may ask
     // A click that has ended the edit has given the focus to where it went.
-    if (focused != nullptr && focused != editorPane)
+    if (focused && focused != editorPane)
         focused->setFocus(Qt::MouseFocusReason);
-    else
+    else if (activeTable != nullptr)
         activeTable->setFocus();
 }
 

@@ -5,12 +5,11 @@
 
 #include <utility>
 
-CellEdit::CellEdit(TableModel& model, LeftOut leftOut)
-    : model(model), editRanges(model.getSelectedSet()), leftOut(leftOut) {
+CellEdit::CellEdit(TableModel& model) : model(model), editRanges(model.getSelectedSet()) {
     copyWithoutValues(editMainRange, model.getMainCell());
     if (editRanges.isEmpty())
         editRanges = RangeVector{editMainRange};
-    cells = editRanges.coverage({model.rowCount(), model.columnCount()}, leftOut == LeftOut::Leave);
+    cells = editRanges.coverage({model.rowCount(), model.columnCount()}, false);
     model.populateCellDataValues(editMainRange, false, true);
 }
 
@@ -29,7 +28,9 @@ void CellEdit::revert() {
         model.setProvisionalText(std::nullopt);
 }
 
-std::unique_ptr<QUndoCommand> CellEdit::finish() {
+std::unique_ptr<QUndoCommand> CellEdit::finish(LeftOut leftOut) {
+    if (leftOut == LeftOut::Leave)
+        cells = editRanges.coverage({model.rowCount(), model.columnCount()}, true);
     bool const changed = cellTextChanged && model.getTableData().wouldFillChange(cells, lastText);
     revert();
     if (!changed)

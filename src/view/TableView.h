@@ -462,7 +462,9 @@ private:
     void performRemoveRows();
     void performRemoveCols();
     void applyFont();
+    bool isLargeForAutoFit(Axis axis) const;
     bool askToDisableAutoFit(QString const& text);
+    void fitAfterLoad();
 
     bool beginReload(bool asReadOnly);
     bool loadInBackground(std::function<bool()> const& load);
@@ -484,7 +486,9 @@ private:
     QString mainText() const;
     bool resolveEditPathForLargeMainCell(bool& usePane);
     bool askForEditorPane();
-    void beginEdit(LeftOut leftOut = LeftOut::Change);
+    void beginEdit();
+    std::optional<LeftOut> askBeforeCommit(CellEdit const& edit);
+    void endDragsLater();
     void openCellEditor(bool overwrite, bool startEmpty, QKeyEvent* event);
     void cancelEditingIfEditorWasNotCreated();
     void setEditStateOfAllViews(bool open, QuickEdit* editor);
@@ -538,8 +542,8 @@ private:
     int averageBoldCharWidth = 0;
     bool largeCellCursorAtFront = false;
     bool inLargeCellPrompt = false;
-    bool inLeftOutPrompt = false;
     bool autoSaveFailed = false;
+    QString untoldFailure;  ///< of an automatic save, to be told when the keys are still
     bool autoSaved = false; ///< by the command that is being carried out
     bool sorting = false;
     bool readOnly = false;

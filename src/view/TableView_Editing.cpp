@@ -8,8 +8,10 @@
 #include "view/TableDelegate.h"
 #include "view/TableView.h"
 #include "view/TextKeys.h"
+#include "view/TypingGuard.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QUndoCommand>
 
@@ -135,15 +137,8 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
         !usePane && mainText().size() > CellLengths::longestInPlace && (fromInputMethod || !event->text().isEmpty());
     if (!skipLoad && !resolveEditPathForLargeMainCell(usePane))
         return;
-    if (inLeftOutPrompt)
-        return;
-    inLeftOutPrompt = true;
-    std::optional<LeftOut> const leftOut = askAboutLeftOutCells(this, *tableModel(), std::nullopt);
-    inLeftOutPrompt = false;
-    if (!leftOut)
-        return;
     scrollToMainCell(true, true);
-    beginEdit(*leftOut);
+    beginEdit();
     if (!usePane) {
         openCellEditor(overwrite, skipLoad, fromInputMethod ? nullptr : event);
         return;
@@ -155,8 +150,8 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
     onCellTextEdited(event->text());
 }
 
-void TableView::beginEdit(LeftOut leftOut) {
-    pendingEdit.emplace(*tableModel(), leftOut);
+void TableView::beginEdit() {
+    pendingEdit.emplace(*tableModel());
     setEditStateOfAllViews(true, nullptr);
     emit addContextSignal(Context::CellEditing);
 }
@@ -238,6 +233,7 @@ void TableView::keepEditorInSight() {
 // How it ends.
 
 void TableView::stopEditing(bool commit) {
+    QPointer<TableView> const alive(this);
     setEditState(false, cellEditor);
     if (!hasContext(Context::CellEditing) && !pendingEdit)
         return;
@@ -254,25 +250,55 @@ void TableView::stopEditing(bool commit) {
         }
         onCellEditingFinished();
     }
-    onEditorClosed();
+    if (alive)
+        onEditorClosed();
 }
 
 void TableView::onCellEditingFinished() {
     setEditStateOfAllViews(isEditing(), nullptr);
     if (!pendingEdit)
         return;
-    // Pushing may show a message, and the edit is over by then.
-    bool const changed = pendingEdit->isTextChanged();
-    RangeSet const ranges = pendingEdit->ranges();
-    std::unique_ptr<QUndoCommand> command = pendingEdit->finish();
+    // Asking and pushing may show a message, and the edit is over by then.
+    QPointer<TableView> const alive(this);
+    CellEdit edit = std::move(*pendingEdit);
     pendingEdit.reset();
+    std::optional<LeftOut> const leftOut = askBeforeCommit(edit);
+    if (!alive)
+        return;
+    bool const changed = edit.isTextChanged();
+    std::unique_ptr<QUndoCommand> command;
+    if (leftOut)
+        command = edit.finish(*leftOut);
+    else
+        edit.revert();
     if (command)
         pushUndoCommand(command.release());
     else if (changed) {
-        tableModel()->enforceAutoFitOnModel(ranges);
+        tableModel()->enforceAutoFitOnModel(edit.ranges());
         refreshView();
+        emit mainCellChangedSignal(getMainCell(true)); // the pane may show what was typed
     }
     emit addContextSignal(Context::Navigating);
+}
+
+/// What becomes of cells that were taken out of the edit's ranges; none if the text is given up.
+std::optional<LeftOut> TableView::askBeforeCommit(CellEdit const& edit) {
+    if (!edit.isTextChanged() || !wouldChangeLeftOutCells(*tableModel(), edit.ranges(), edit.text()))
+        return LeftOut::Change;
+    QPointer<TableView> const alive(this);
+    std::optional<LeftOut> const answer = askAboutLeftOutCells(this, *tableModel(), edit.ranges(), edit.text());
+    if (alive)
+        endDragsLater();
+    return answer;
+}
+
+/// A press that a box has come between: its release never reaches the table.
+void TableView::endDragsLater() {
+    auto const end = [this] {
+        for (AbstractTableView* const view : allViews())
+            view->endCutOffDrag();
+    };
+    QMetaObject::invokeMethod(this, end, Qt::QueuedConnection);
 }
 
 void TableView::onEditorClosed() {
@@ -283,7 +309,20 @@ void TableView::onEditorClosed() {
 void TableView::onAutoSaveFailed(QString const& fileName, QString const& reason) {
     autoSaveFailed = true;
     emit undoStackCleanChangedSignal(false);
-    MsgBox::inform(this, tableModel()->getTheme(), buildSaveFailureMessage(fileName, reason));
+    bool const isWaiting = !untoldFailure.isEmpty();
+    untoldFailure = buildSaveFailureMessage(fileName, reason);
+    if (isWaiting)
+        return;
+    // A series of texts goes on, and each is kept.
+    TypingGuard::whenStill(this, [this] {
+        QString const text = std::exchange(untoldFailure, QString());
+        if (!autoSaveFailed)
+            return;
+        QPointer<TableView> const alive(this);
+        MsgBox::inform(this, tableModel()->getTheme(), text);
+        if (alive)
+            endDragsLater();
+    });
 }
 
 void TableView::onTableSavedOrLoaded() {

@@ -205,8 +205,36 @@ TEST_F(SaveFlowTest, WhatIsTypedWhenTheFileGoesNeverLandsInAnotherTable) {
     QFile::remove(path);
     EXPECT_TRUE(QTest::qWaitFor(goes));
     typeText("again");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
     enter();
-    EXPECT_EQ(table()->tableModel()->getTableData().getValueRaw(1, 0).toString(), "again");
+    EXPECT_EQ(stored(), "other");
+
+    write("a.csv", "1\n"); // and between two texts
+    window.openFile(path);
+    clock.pass(TypingGuard::idleMs);
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor(goes));
+    typeText("next");
+    enter();
+    EXPECT_EQ(stored(), "other");
+}
+
+TEST_F(SaveFlowTest, ASeriesOfTextsGoesOnThroughAutomaticSavesThatFail) {
+    HeldClock clock;
+    toggle("Save After Each Edit");
+    QString const path = open("1\n");
+    show();
+    QFile::remove(path);
+    QDir().mkdir(path); // a file cannot take the place of a folder
+    for (char const* const text : {"alpha", "beta", "gamma"}) {
+        typeText(text);
+        enter();
+    }
+    box.next("OK");
+    clock.pass(TypingGuard::stillMs);
+    EXPECT_EQ(box.texts().size(), 1);
+    EXPECT_EQ(stored(), "alpha|beta|gamma");
+    toggle("Save After Each Edit");
 }
 
 TEST_F(SaveFlowTest, AWindowThatClosesAsksAboutTheEditsOfTablesWhoseFilesWent) {
@@ -598,6 +626,49 @@ TEST_F(SaveFlowTest, AReloadStaysAtItsPlaceAndSortsOnlyWhereTheSettingSaysSo) {
         EXPECT_EQ(table()->verticalScrollBar()->value(), 240);
         EXPECT_EQ(table()->horizontalScrollBar()->value(), 160);
     }
+}
+
+TEST_F(SaveFlowTest, TheSortOfAReloadWaitsForTheKeysAndForAnOpenText) {
+    HeldClock clock;
+    open("h\nb\na\n");
+    show();
+    table()->sortRowsOrCols({SortType::Ascending, Axis::Rows, 0});
+    table()->undoStack()->setClean();
+    auto const reload = [&](QByteArray const& bytes) {
+        int const rows = int(bytes.count('\n'));
+        write("a.csv", bytes);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model().rowCountRaw() == rows && !table()->isLoading(); }));
+    };
+    QObject::connect(table(), &TableView::loadBegunSignal, &TypingGuard::noteKey); // a user who types elsewhere
+    reload("h\nd\nc\nb\n");
+    EXPECT_EQ(stored(), "h|d|c|b");
+    clock.pass(TypingGuard::stillMs);
+    EXPECT_EQ(stored(), "h|b|c|d");
+    reload("h\ne\nd\nc\nb\n");
+    select("C0,0*");
+    typeText("t");
+    clock.pass(2 * TypingGuard::idleMs);
+    EXPECT_EQ(stored(), "h|e|d|c|b");
+    typeText("op");
+    enter();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        clock.pass(TypingGuard::stillMs);
+        return stored() == "top|b|c|d|e";
+    })) << stored();
+    box.next("Reload"); // the text is an edit
+    write("a.csv", "h\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model().rowCountRaw() == 1; }));
+}
+
+TEST_F(SaveFlowTest, AReloadThatCannotBeSortedAgainTellsSo) {
+    open("h,i\nb,2\na,1\n");
+    table()->sortRowsOrCols({SortType::Ascending, Axis::Rows, 1});
+    table()->undoStack()->setClean();
+    write("a.csv", "h\nb\na\n");
+    auto const isTold = [&] {
+        return window.getStatusBar()->currentMessage() == "a.csv was read again and is not sorted any more.";
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isTold));
 }
 
 TEST_F(SaveFlowTest, TwoTablesNeverComeToStandOnOneFile) {

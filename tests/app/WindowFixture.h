@@ -10,6 +10,7 @@
 #include "tests/support/PromptAnswers.h"
 #include "tests/support/TestFolder.h"
 #include "view/TableView.h"
+#include "view/TypingGuard.h"
 
 #include <QDir>
 #include <QTest>
@@ -40,6 +41,8 @@ inline void change(TableView& table, QString const& text, int row = 0, int col =
 /// A window with preferences and a folder of its own. A question that no answer was given for fails the test.
 class WindowFixture : public testing::Test {
 protected:
+    WindowFixture() { TypingGuard::setClock({}); } // the keys of the test before are no user's of this one
+
     QString write(QString const& name, QByteArray const& bytes) const { return directory.write(name, bytes); }
     QByteArray read(QString const& name) const { return directory.read(name); }
     /// Writes a file and opens it. Returns the path.

@@ -120,10 +120,10 @@ TEST_F(CellEditTest, LeavesCellsOutThatWereTakenOutOfTheSelection) {
     ASSERT_TRUE(model.removeCellFromSelection(2, 0));
     model.addCellToSelection(cellAt(2, 0));
     EXPECT_EQ(leftOutCells(model.getSelectedSet(), {3, 3}), CellRegion({1, 1, 1, 1}));
-    CellEdit edit(model, LeftOut::Leave);
+    CellEdit edit(model);
     edit.setText(QStringLiteral("x"), false);
-    EXPECT_EQ(texts(3, 3), QStringLiteral("x,x,x x,e,x x,x,x"));
-    stack.push(edit.finish().release());
+    EXPECT_EQ(texts(3, 3), QStringLiteral("x,x,x x,x,x x,x,x"));
+    stack.push(edit.finish(LeftOut::Leave).release());
     EXPECT_EQ(texts(3, 3), QStringLiteral("x,x,x x,e,x x,x,x"));
     stack.undo();
     EXPECT_EQ(texts(), before);
