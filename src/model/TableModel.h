@@ -308,7 +308,8 @@ public:
     bool reloadFileWithDelimiter(QString const& newDelimiter);
     bool reloadFileWithEncoding(EncodingType newEncoding);
     bool reloadFileWithParsingStandard(ParsingStandard newStandard);
-    /// See TableData::saveCSV.
+    /// See TableData::save.
+    SaveReport save(SaveRequest const& request);
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed);

@@ -122,25 +122,27 @@ bool TableModel::reloadFileWithParsingStandard(ParsingStandard newStandard) {
     return reloadFile(delimiter, encoding, newStandard);
 }
 
-bool TableModel::saveCSV(bool ignoreMaps, bool skipConcealed) {
-    bool const saved = tableData.saveCSV(ignoreMaps, skipConcealed);
-    if (saved)
+SaveReport TableModel::save(SaveRequest const& request) {
+    auto const report = tableData.save(request);
+    if (!report.isSaved())
+        return report;
+    if (auto const& dialect = request.dialect)
+        fileDialects.insert(getFilepath(), {dialect->saveDelimiter, dialect->encoding, dialect->parsingStandard});
+    else
         noteFileDialect(getFilepath(), saveDelimiter);
-    return saved;
+    return report;
+}
+
+bool TableModel::saveCSV(bool ignoreMaps, bool skipConcealed) {
+    return saveCSV({}, ignoreMaps, skipConcealed);
 }
 
 bool TableModel::saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed) {
-    bool const saved = tableData.saveCSV(path, ignoreMaps, skipConcealed);
-    if (saved)
-        noteFileDialect(path, saveDelimiter);
-    return saved;
+    return save(SaveRequest::unchecked(path, {}, skipConcealed, ignoreMaps)).isSaved();
 }
 
 bool TableModel::saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed) {
-    bool const saved = tableData.saveCSV(path, dialect, skipConcealed);
-    if (saved)
-        fileDialects.insert(path, {dialect.saveDelimiter, dialect.encoding, dialect.parsingStandard});
-    return saved;
+    return save(SaveRequest::unchecked(path, dialect, skipConcealed)).isSaved();
 }
 
 void TableModel::noteFileDialect(QString const& path, QString const& fileDelimiter) {

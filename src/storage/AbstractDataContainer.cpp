@@ -1,7 +1,6 @@
 #include "storage/AbstractDataContainer.h"
 
 #include "core/EncodingUtilities.h"
-#include "storage/AtomicFileWriter.h"
 
 #include <QDir>
 #include <QTextCodec>
@@ -287,44 +286,64 @@ QString AbstractDataContainer::formatSaveErrorReason(QString reason, QString con
     return reason.isEmpty() ? reason : reason + QLatin1Char('.');
 }
 
-bool AbstractDataContainer::failSave(AtomicFileWriter const& file, QString const& fallback) {
-    // The writer's sentences name file and folder, which stay.
-    lastSaveError = file.errorString().isEmpty() ? formatSaveErrorReason({}, fallback) : file.errorString();
-    return false;
+SaveReport AbstractDataContainer::save(SaveRequest const& request, SavedPart const& part) {
+    auto const oldPath = filepath;
+    if (!request.path.isEmpty())
+        filepath = request.path;
+    auto const report = saveToPath(request, part);
+    if (!report.isSaved())
+        filepath = oldPath;
+    lastSaveError = report.reason;
+    notKept = report.notKept;
+    return report;
 }
 
-bool AbstractDataContainer::replaceFile(std::function<bool(AtomicFileWriter&)> const& writeLines) {
-    lastSaveError.clear();
-    notKept.clear();
+bool AbstractDataContainer::saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) {
+    return saveCSV({}, ignoreMaps, transposed, rowMask, colMask);
+}
+
+bool AbstractDataContainer::saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
+                                    Mask const& colMask) {
+    return save(SaveRequest::unchecked(path, {}, false, ignoreMaps), {transposed, rowMask, colMask}).isSaved();
+}
+
+bool AbstractDataContainer::saveCSV(QString const& path, ExtensionData const& dialect, bool transposed,
+                                    Mask const& rowMask, Mask const& colMask) {
+    return save(SaveRequest::unchecked(path, dialect), {transposed, rowMask, colMask}).isSaved();
+}
+
+// The writer's sentences name file and folder, which stay.
+SaveReport AbstractDataContainer::failedSave(AtomicFileWriter const& file, QString const& fallback) const {
+    SaveReport report;
+    if (file.outcome() == AtomicFileWriter::Outcome::TargetChanged)
+        report.outcome = SaveReport::Outcome::TargetChanged;
+    report.reason = file.errorString().isEmpty() ? formatSaveErrorReason({}, fallback) : file.errorString();
+    report.notKept = file.notKept();
+    return report;
+}
+
+SaveReport AbstractDataContainer::replaceFile(AtomicFileWriter::Options const& options,
+                                              std::function<bool(AtomicFileWriter&)> const& writeLines) {
+    SaveReport failed;
     try {
-        return replaceFileUnlessFull(writeLines);
+        if (!filepath.isEmpty())
+            return replaceFileUnlessFull(options, writeLines);
+        failed.reason = QStringLiteral("No file path was specified.");
     } catch (std::bad_alloc const&) {
-        lastSaveError = QStringLiteral("There is not enough memory to save the file.");
-        return false;
+        failed.reason = QStringLiteral("There is not enough memory to save the file.");
     }
+    return failed;
 }
 
-bool AbstractDataContainer::replaceFileUnlessFull(std::function<bool(AtomicFileWriter&)> const& writeLines) {
-    if (filepath.isEmpty()) {
-        lastSaveError = QStringLiteral("No file path was specified.");
-        return false;
-    }
-    AtomicFileWriter file(filepath);
+SaveReport AbstractDataContainer::replaceFileUnlessFull(AtomicFileWriter::Options const& options,
+                                                        std::function<bool(AtomicFileWriter&)> const& writeLines) {
+    AtomicFileWriter file(filepath, options);
     if (!file.open())
-        return failSave(file, QStringLiteral("The file could not be opened for writing."));
+        return failedSave(file, QStringLiteral("The file could not be opened for writing."));
     bool const writesMark = hasBom && !bom.empty() && isBomConsistentWithEncoding(bom, encoding);
     if ((writesMark && !file.write({bom.data(), bom.size()})) || !writeLines(file))
-        return failSave(file, QStringLiteral("The file could not be written completely."));
+        return failedSave(file, QStringLiteral("The file could not be written completely."));
     if (!file.commit())
-        return failSave(file, QStringLiteral("The temporary save file could not replace the original file."));
-    notKept = file.notKept();
-    return true;
-}
-
-bool AbstractDataContainer::saveUnder(QString const& path, std::function<bool()> const& save) {
-    auto const oldPath = std::exchange(filepath, path);
-    bool const saved = save();
-    if (!saved)
-        filepath = oldPath;
-    return saved;
+        return failedSave(file, QStringLiteral("The temporary save file could not replace the original file."));
+    return {SaveReport::Outcome::Saved, {}, file.notKept(), file.stamp(), {}};
 }

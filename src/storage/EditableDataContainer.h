@@ -88,12 +88,6 @@ public:
     /// Takes a fill back, which must be the last change of these cells. Leaves `old` empty.
     void putBack(ReplacedCells& old);
 
-    bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) override;
-    bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
-                 Mask const& colMask) override;
-    bool saveCSV(QString const& path, ExtensionData const& dialect, bool transposed, Mask const& rowMask,
-                 Mask const& colMask) override;
-
     void getRowCSVString(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const override;
     void getRowCSVStringMultiByte(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const override;
     void getColCSVString(Bytes& out, int col, GetRowColMaskType maskType, Mask const& mask) const override;
@@ -111,6 +105,8 @@ protected:
     virtual bool loadCSVNoDelimiter();
     virtual bool loadCSVMultiByte();
     virtual bool loadCSVNoDelimiterMultiByte();
+
+    SaveReport saveToPath(SaveRequest const& request, SavedPart const& part) override;
 
 private:
     using Scan = ScannerResult (*)(CellRows& rows, ScannerJob const& job, ScannerDialect const& dialect);
@@ -136,6 +132,7 @@ private:
                  RowScratch& scratch);
     bool storeCols(int firstCol, std::span<Cells const* const> cols);
 
+    SaveReport saveInPresentDialect(SaveRequest const& request, SavedPart const& part);
     LineDialect narrowDialect() const;
     LineDialect wideDialect() const;
     LineDialect dialectOfFile() const;

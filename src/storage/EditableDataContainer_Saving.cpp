@@ -1,4 +1,3 @@
-#include "storage/AtomicFileWriter.h"
 #include "storage/CellConversion.h"
 #include "storage/EditableDataContainer.h"
 #include "storage/LineWriter.h"
@@ -135,31 +134,27 @@ void EditableDataContainer::getColCSVStringMultiByte(Bytes& out, int col, GetRow
 }
 
 // Rows behind the stored ones make no lines. A transposed save leaves out columns only: each line has all its rows.
-bool EditableDataContainer::saveCSV(bool, bool transposed, Mask const& rowMask, Mask const& colMask) {
-    return replaceFile([&](AtomicFileWriter& file) {
+SaveReport EditableDataContainer::saveInPresentDialect(SaveRequest const& request, SavedPart const& part) {
+    return replaceFile(request.file, [&](AtomicFileWriter& file) {
         LineWriter writer(
             dialectOfFile(), [&file](std::string_view bytes) { return file.write(bytes); }, fileBuffer);
-        MaskCursor skipped(transposed ? &colMask : &rowMask);
-        auto const lines = transposed ? numColsStored : storedRows();
+        MaskCursor skipped(part.transposed ? &part.colMask : &part.rowMask);
+        auto const lines = part.transposed ? numColsStored : storedRows();
         for (int line = 0; line < lines; ++line) {
             if (skipped.contains(line))
                 continue;
-            if (transposed)
-                writeCol(writer, line, GetRowColMaskType::NoMask, colMask);
+            if (part.transposed)
+                writeCol(writer, line, GetRowColMaskType::NoMask, part.colMask);
             else
-                writeRow(writer, line, GetRowColMaskType::Exclude, colMask);
+                writeRow(writer, line, GetRowColMaskType::Exclude, part.colMask);
         }
         return writer.flush();
     });
 }
 
-bool EditableDataContainer::saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
-                                    Mask const& colMask) {
-    return saveUnder(path, [&] { return saveCSV(ignoreMaps, transposed, rowMask, colMask); });
-}
-
-bool EditableDataContainer::saveCSV(QString const& path, ExtensionData const& dialect, bool transposed,
-                                    Mask const& rowMask, Mask const& colMask) {
+SaveReport EditableDataContainer::saveToPath(SaveRequest const& request, SavedPart const& part) {
+    if (!request.dialect)
+        return saveInPresentDialect(request, part);
     auto const putBack = qScopeGuard([this, delimiter = delimiter, saveDelimiter = saveDelimiter,
                                       lineEnding = lineEnding, encoding = encoding, standard = parsingStandard] {
         conversion = nullptr;
@@ -168,12 +163,12 @@ bool EditableDataContainer::saveCSV(QString const& path, ExtensionData const& di
         setEncoding(encoding);
         setParsingStandard(standard);
     });
-    CellConversion const toEncodingOfFile(encoding, dialect.encoding);
-    if (dialect.encoding != encoding)
+    CellConversion const toEncodingOfFile(encoding, request.dialect->encoding);
+    if (request.dialect->encoding != encoding)
         conversion = &toEncodingOfFile;
-    setDelimiter(delimiter, dialect.saveDelimiter);
-    setLineEnding(dialect.lineEnding);
-    setEncoding(dialect.encoding);
-    setParsingStandard(dialect.parsingStandard);
-    return saveCSV(path, false, transposed, rowMask, colMask);
+    setDelimiter(delimiter, request.dialect->saveDelimiter);
+    setLineEnding(request.dialect->lineEnding);
+    setEncoding(request.dialect->encoding);
+    setParsingStandard(request.dialect->parsingStandard);
+    return saveInPresentDialect(request, part);
 }

@@ -82,12 +82,13 @@ public:
     LoadResult const& getLoadResult() const { return dataContainer->getLoadResult(); }
     void setLoadLimits(LoadLimits limits) { loadLimits = limits; }
 
-    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file. A table
-    // that is locked is not saved, nor is one over its own file that goes on beyond the limits of the load.
+    // Saving. A table that is locked is not saved, nor is one over its own file that goes on beyond the limits of the
+    // load.
 
+    SaveReport save(SaveRequest const& request);
+    // Forms of it that save also what a load would not give back. False leaves the reason in getLastSaveError().
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
-    /// Writes to `path`, which becomes the table's own, in another dialect than the table's, which stays as it is.
     bool saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed);
 
     // Dialect: kept here for the next load and forwarded to the container.
@@ -292,7 +293,7 @@ private:
     void startLoadThread(Container former);
     void takeOverLoaded();
     void endLoadThread(AbstractDataContainer* container);
-    bool refusesSave(QString const& path);
+    QString saveRefusalFor(QString const& path) const;
     bool refusesChanges() const { return readOnly || isLocked(); }
 
     // Every row and column pair above is a face of one of these. They know stored axes only.
