@@ -13,14 +13,14 @@ class CellConversion;
 class CellPatch;
 class CellRegion;
 class LineWriter;
+class RoundTripCheck;
 class ReplacedCells;
 class ScannerFile;
 struct CellRect;
 struct LineDialect;
-struct ScannerDialect;
+struct Reading;
 struct LineWalk;
 struct ScannerJob;
-struct ScannerResult;
 
 /// The normal home of a table: the whole file in memory, as ragged rows of byte cells. rows.size() can be below
 /// numRows() and a row can be shorter than numCols(): what is not stored reads as empty. So a file with short rows, or
@@ -109,10 +109,12 @@ protected:
     SaveReport saveToPath(SaveRequest const& request, SavedPart const& part) override;
 
 private:
-    using Scan = ScannerResult (*)(CellRows& rows, ScannerJob const& job, ScannerDialect const& dialect);
+    /// The ways of reading a file, by the width of its units and the length of its delimiter.
+    enum class ScanKind { OneByte, NoDelimiter, ByteSequence, MultiByte, NoDelimiterMultiByte };
 
-    ScannerDialect scannerDialect() const;
-    bool loadWith(Scan scan, ScannerDialect const& dialect);
+    ScanKind scanKindOf(Bytes const& readDelimiter) const;
+    Reading readingAs(ScanKind kind, Bytes const& readDelimiter) const;
+    bool loadAs(ScanKind kind);
     ScannerJob jobOf(ScannerFile& file);
     void keepWithinLimits();
     void announce(std::function<void()> const& emitSignal, int sleepMs);
@@ -138,6 +140,10 @@ private:
     LineDialect dialectOfFile() const;
     /// The bytes of a cell in the encoding of the file that is written; valid until the next call.
     std::string_view cellOfFile(int row, int col) const;
+    int cellsOfRowLine(int row) const;
+    int cellsOfColLine(int col) const;
+    bool writeLines(AtomicFileWriter& file, SavedPart const& part, RoundTripCheck* check) const;
+    void checkLine(RoundTripCheck& check, int number, int line, SavedPart const& part) const;
     void writeRow(LineWriter& writer, int row, GetRowColMaskType maskType, Mask const& mask) const;
     void writeCol(LineWriter& writer, int col, GetRowColMaskType maskType, Mask const& mask) const;
 

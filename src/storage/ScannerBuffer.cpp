@@ -1,5 +1,6 @@
 #include "storage/ScannerBuffer.h"
 
+#include "storage/ByteSearch.h"
 #include "storage/ScannerMasks.h"
 
 #include <algorithm>
@@ -179,13 +180,12 @@ void ScannerBuffer::setAttention() {
 
 void ScannerBuffer::unquote(char* first, char* last, std::string_view doubledQuote, bool collapse) {
     drop(first, first + unitBytes);
-    for (char* at = first + unitBytes; collapse && at < last; at += doubledQuote.size()) {
-        at = static_cast<char*>(
-            memmem(at, static_cast<std::size_t>(last - at), doubledQuote.data(), doubledQuote.size()));
-        if (!at)
-            break;
-        drop(at + unitBytes, at + doubledQuote.size());
-    }
+    if (!collapse)
+        return;
+    std::string_view const cell(first, static_cast<std::size_t>(last - first));
+    for (auto at = findUnits(cell, doubledQuote, unitBytes, unitBytes); at != std::string_view::npos;
+         at = findUnits(cell, doubledQuote, unitBytes, at + doubledQuote.size()))
+        drop(first + at + unitBytes, first + at + doubledQuote.size());
 }
 
 void ScannerBuffer::ensureEnds() {

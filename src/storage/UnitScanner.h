@@ -244,8 +244,7 @@ bool UnitScanner<Unit>::passQuote(char* at) {
 template <typename Unit>
 template <typename End>
 void UnitScanner<Unit>::closeQuoted(char* closing) {
-    // In wide units two bytes that are no quotes can still look like a doubled one, so those cells are always searched.
-    buffer.unquote(buffer.mark, closing, doubledQuote, doubled || width > 1);
+    buffer.unquote(buffer.mark, closing, doubledQuote, doubled);
     noteEnd<End>(closing);
     buffer.drop(closing, closing + width);
 }

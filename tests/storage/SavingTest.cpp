@@ -1,5 +1,4 @@
-#include "core/EncodingUtilities.h"
-#include "storage/EditableDataContainer.h"
+#include "tests/storage/FilledContainer.h"
 #include "tests/support/TestFolder.h"
 
 #include <new>
@@ -9,36 +8,11 @@ using namespace std::string_literals;
 namespace {
 
 using Bytes = AbstractDataContainer::Bytes;
-using Table = std::vector<std::vector<std::string>>;
 using enum ParsingStandard;
 using enum GetRowColMaskType;
 
-/// ASCII text in the code units of an encoding.
-std::string spelled(std::string const& text, EncodingType encoding) {
-    auto const width = Utilities::numBytesPerChar(encoding);
-    bool const highFirst = encoding == EncodingType::Utf16BE || encoding == EncodingType::Utf32GuessedBE;
-    std::string result;
-    for (char const c : text) {
-        std::string unit(width, '\0');
-        unit[highFirst ? width - 1 : 0] = c;
-        result += unit;
-    }
-    return result;
-}
-
-class Container : public EditableDataContainer {
+class Container : public FilledContainer {
 public:
-    void fill(Table const& table) {
-        for (int row = 0; row < std::ssize(table); ++row)
-            for (int col = 0; col < std::ssize(table[row]); ++col) {
-                auto const cell = spelled(table[row][col], encoding);
-                setValue(row, col, {cell.begin(), cell.end()});
-            }
-    }
-    void setMark(std::string const& mark) {
-        hasBom = true;
-        bom.assign(mark.begin(), mark.end());
-    }
     QString saveWithoutMemory() {
         return replaceFile({}, [](AtomicFileWriter&) -> bool { throw std::bad_alloc(); }).reason;
     }
@@ -160,11 +134,12 @@ TEST_F(Saving, ASpecialByteIsFoundAtEveryPlaceOfEveryLength) {
         }
 }
 
-TEST_F(Saving, WideCellsAreSearchedByBytes) {
+TEST_F(Saving, WideCellsAreSearchedByUnits) {
     table.setEncoding(EncodingType::Utf16BE);
     table.setValue(0, 0, {'\x2C', '\x00'});                 // the comma's byte in a high place is none
-    table.setValue(0, 1, {'\x41', '\x00', '\x22', '\x41'}); // 00 22 across two units counts as a quote
-    EXPECT_EQ(table.row(0), "\x2C\0\0,\0\"\x41\0\"\0\"\x41\0\"\0\n"s);
+    table.setValue(0, 1, {'\x41', '\x00', '\x22', '\x41'}); // nor is 00 22 across two units a quote
+    table.setValue(0, 2, {'\x41', '\x00', '\x22', '\x00', '\x00', '\x22'});
+    EXPECT_EQ(table.row(0), "\x2C\0\0,\x41\0\"\x41\0,\0\"\x41\0\"\0\0\"\0\"\0\"\0\n"s);
 }
 
 TEST_F(Saving, ColumnsBecomeLinesOfATransposedTable) {
