@@ -2,9 +2,9 @@
 
 #include "core/EncodingUtilities.h"
 #include "storage/AtomicFileWriter.h"
+#include "storage/CellCodec.h"
 
 #include <QDir>
-#include <QTextCodec>
 
 #include <new>
 #include <utility>
@@ -48,15 +48,6 @@ Bytes wideUnits(QString const& text, UnitLayout layout) {
     for (auto const c : text)
         appendUnit(result, c.unicode(), layout);
     return result;
-}
-
-QByteArray encodeNarrow(QString const& text, EncodingType type) {
-    if (type == EncodingType::Utf8)
-        return text.toUtf8();
-    if (type == EncodingType::Iso8859_1)
-        return text.toLatin1();
-    auto const* codec = QTextCodec::codecForName(Utilities::convertEncodingTypeToCodecName(type));
-    return codec ? codec->fromUnicode(text) : text.toUtf8();
 }
 
 /// An encoding of unknown byte order is settled by one of two marks.
@@ -212,8 +203,7 @@ void AbstractDataContainer::setProgressUpdateMutex(QMutex* mutex, QWaitCondition
 Bytes AbstractDataContainer::encodeDelimiter(QString const& text) const {
     if (auto const layout = unitLayout(encoding); layout.width > 1)
         return wideUnits(text, layout);
-    auto const bytes = encodeNarrow(text, encoding);
-    return {bytes.begin(), bytes.end()};
+    return CellCodec(encoding).encode(text);
 }
 
 void AbstractDataContainer::updateDelimiterBytes() {

@@ -65,6 +65,7 @@ ScannerDialect EditableDataContainer::scannerDialect() const {
     ScannerDialect dialect;
     dialect.unitBytes = bytesPerChar;
     dialect.delimiter = bytesOf(reading);
+    dialect.shifts = encoding == EncodingType::Iso2022Jp;
     dialect.quotes = parsingStandard != ParsingStandard::DelimiterOnly;
     dialect.cr = bytesOf(cr);
     dialect.lf = bytesOf(lf);

@@ -51,6 +51,7 @@ void writeLine(LineWriter& writer, int count, int paddedCount, GetRowColMaskType
 
 LineDialect EditableDataContainer::narrowDialect() const {
     LineDialect dialect{parsingStandard, toString(saveDelimiterBytes), "\"", "\r", "\n", "\n"};
+    dialect.shifts = encoding == EncodingType::Iso2022Jp;
     if (lineEnding == LineEndingType::Windows)
         dialect.lineEnd = "\r\n";
     else if (lineEnding == LineEndingType::RecordSeparator)

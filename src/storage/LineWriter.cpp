@@ -1,5 +1,6 @@
 #include "storage/LineWriter.h"
 
+#include "storage/Iso2022Jp.h"
 #include "storage/ProbedCopy.h"
 
 #include <algorithm>
@@ -14,10 +15,6 @@ char probeOf(std::string const& sequence) {
     return found == std::string::npos ? '\0' : sequence[found];
 }
 
-bool contains(std::string_view bytes, std::string const& sequence) {
-    return !sequence.empty() && bytes.find(sequence) != std::string_view::npos;
-}
-
 } // namespace
 
 LineWriter::LineWriter(LineDialect dialectOfFile, Sink sinkOfLines, std::size_t bufferSize)
@@ -28,7 +25,7 @@ LineWriter::LineWriter(LineDialect dialectOfFile, Sink sinkOfLines, std::size_t 
     probes[1] = probeOf(dialect.carriageReturn);
     probes[2] = probeOf(dialect.lineFeed);
     probes[3] = quoteIsSpecial ? probeOf(dialect.quote) : probes[2];
-    probesAreExact = dialect.delimiter.size() == 1 && dialect.quote.size() == 1;
+    probesAreExact = dialect.delimiter.size() == 1 && dialect.quote.size() == 1 && !dialect.shifts;
 }
 
 LineWriter::Quoting LineWriter::quotingOf(LineDialect const& dialect) {
@@ -45,6 +42,9 @@ LineWriter::Quoting LineWriter::quotingOf(LineDialect const& dialect) {
 void LineWriter::cell(std::string_view bytes) {
     if (std::exchange(delimiterDue, hasDelimiter()))
         append(dialect.delimiter);
+    std::string closed;
+    if (std::string_view const shift = dialect.shifts ? Iso2022Jp::closing(bytes) : ""; !shift.empty())
+        bytes = closed.append(bytes).append(shift);
     switch (quoting) {
     case Quoting::Never: append(bytes); break;
     case Quoting::Always: appendQuoted(bytes); break;
@@ -64,10 +64,17 @@ bool LineWriter::flush() {
     return !refused;
 }
 
+std::size_t LineWriter::find(std::string_view bytes, std::string const& sequence) const {
+    return dialect.shifts ? Iso2022Jp::findStructure(bytes, sequence) : bytes.find(sequence);
+}
+
 bool LineWriter::needsQuotes(std::string_view bytes) const {
-    return contains(bytes, dialect.delimiter) || contains(bytes, dialect.carriageReturn) ||
-           contains(bytes, dialect.lineFeed) ||
-           (dialect.standard == ParsingStandard::Rfc4180 && contains(bytes, dialect.quote));
+    auto const contains = [&](std::string const& sequence) {
+        return !sequence.empty() && find(bytes, sequence) != std::string_view::npos;
+    };
+    return contains(dialect.delimiter) || contains(dialect.carriageReturn) ||
+           contains(dialect.lineFeed) ||
+           (dialect.standard == ParsingStandard::Rfc4180 && contains(dialect.quote));
 }
 
 void LineWriter::append(std::string_view bytes) {
@@ -99,7 +106,7 @@ void LineWriter::appendUnlessQuoted(std::string_view bytes) {
 void LineWriter::appendQuoted(std::string_view bytes) {
     append(dialect.quote);
     if (!dialect.quote.empty()) {
-        for (auto hit = bytes.find(dialect.quote); hit != std::string_view::npos; hit = bytes.find(dialect.quote)) {
+        for (auto hit = find(bytes, dialect.quote); hit != std::string_view::npos; hit = find(bytes, dialect.quote)) {
             append(bytes.substr(0, hit + dialect.quote.size()));
             append(dialect.quote);
             bytes.remove_prefix(hit + dialect.quote.size());

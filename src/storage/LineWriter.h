@@ -16,6 +16,7 @@ struct LineDialect {
     std::string carriageReturn;
     std::string lineFeed;
     std::string lineEnd;
+    bool shifts = false; ///< whether the file is ISO 2022-JP, as for the scanners
 };
 
 /// Turns cells into the lines of a file through one buffer, which goes to the sink when it is full. The cells are
@@ -38,6 +39,7 @@ private:
     enum class Quoting { Never, Always, WhenSpecial };
 
     static Quoting quotingOf(LineDialect const& dialect);
+    std::size_t find(std::string_view bytes, std::string const& sequence) const;
     bool needsQuotes(std::string_view bytes) const;
     void append(std::string_view bytes);
     void appendUnlessQuoted(std::string_view bytes);
