@@ -47,9 +47,7 @@ public:
     }
 
 private:
-    static QChar plain(char byte) {
-        return byte & 0x80 ? QChar(QChar::ReplacementCharacter) : QChar::fromLatin1(byte);
-    }
+    static QChar plain(char byte) { return byte & 0x80 ? QChar(QChar::ReplacementCharacter) : QChar::fromLatin1(byte); }
 
     QChar single(char byte) const {
         bool const isRoman = state.set() == Iso2022JpState::Set::Roman;

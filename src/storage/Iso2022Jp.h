@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -7,12 +9,10 @@
 #include <string>
 #include <string_view>
 
-#include <QString>
-
 class QTextCodec;
 
-/// Follows the shifts of ISO 2022-JP (RFC 1468, and half-width katakana, which many programs write) through the bytes of
-/// a file or a cell, from the ASCII state on. A line end leads back to one byte a character.
+/// Follows the shifts of ISO 2022-JP (RFC 1468, and half-width katakana, which many programs write) through the bytes
+/// of a file or a cell, from the ASCII state on. A line end leads back to one byte a character.
 class Iso2022JpState {
 public:
     enum class Set : std::uint8_t { Ascii, Roman, Katakana, TwoBytes };
@@ -38,6 +38,8 @@ private:
 /// For a scanner that takes a file in windows: which bytes can be delimiters, quotes and line ends.
 class Iso2022JpShifts {
 public:
+    static constexpr bool areThere = true;
+
     /// A mask of the bytes of the window, 64 at most, that are what they look like, and of those that begin a shift out
     /// of ASCII, for a delimiter can be of another set.
     std::uint64_t structure(char const* window, std::ptrdiff_t bytes);
@@ -60,6 +62,7 @@ private:
 
 /// The scanner's rule for encodings without shifts.
 struct NoShifts {
+    static constexpr bool areThere = false;
     static constexpr std::uint64_t structure(char const*, std::ptrdiff_t) { return ~std::uint64_t(0); }
     static constexpr void moveOn(std::ptrdiff_t) {}
     static constexpr bool endsPlain() { return true; }

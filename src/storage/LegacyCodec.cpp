@@ -146,8 +146,8 @@ QByteArray LegacyCodec::encode(QString const& text) const {
     switch (encoding) {
     case EncodingType::EucJp: return toEucJp(*codec, text);
     case EncodingType::ShiftJis:
-        return toBytes(*codec, withControlsOfShiftJis(text, &ControlOfShiftJis::character,
-                                                      &ControlOfShiftJis::codecCharacter));
+        return toBytes(*codec,
+                       withControlsOfShiftJis(text, &ControlOfShiftJis::character, &ControlOfShiftJis::codecCharacter));
     case EncodingType::Iso2022Jp: {
         QByteArray bytes = toBytes(*codec, text);
         std::string_view const closing = Iso2022Jp::closing({bytes.data(), static_cast<std::size_t>(bytes.size())});

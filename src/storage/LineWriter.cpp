@@ -72,8 +72,7 @@ bool LineWriter::needsQuotes(std::string_view bytes) const {
     auto const contains = [&](std::string const& sequence) {
         return !sequence.empty() && find(bytes, sequence) != std::string_view::npos;
     };
-    return contains(dialect.delimiter) || contains(dialect.carriageReturn) ||
-           contains(dialect.lineFeed) ||
+    return contains(dialect.delimiter) || contains(dialect.carriageReturn) || contains(dialect.lineFeed) ||
            (dialect.standard == ParsingStandard::Rfc4180 && contains(dialect.quote));
 }
 

@@ -1,5 +1,6 @@
 #include "storage/ScannerBuffer.h"
 
+#include "storage/Iso2022Jp.h"
 #include "storage/ScannerMasks.h"
 
 #include <algorithm>
@@ -177,11 +178,17 @@ void ScannerBuffer::setAttention() {
     attentionAt = std::min<char const*>(reportFrom, rowsEnd());
 }
 
-void ScannerBuffer::unquote(char* first, char* last, std::string_view doubledQuote, bool collapse) {
+void ScannerBuffer::unquote(char* first, char* last, std::string_view doubledQuote, bool collapse, bool shifts) {
+    auto const find = [=](char* from) -> char* {
+        std::string_view const rest(from, static_cast<std::size_t>(last - from));
+        if (!shifts)
+            return static_cast<char*>(memmem(from, rest.size(), doubledQuote.data(), doubledQuote.size()));
+        std::size_t const found = Iso2022Jp::findStructure(rest, doubledQuote);
+        return found == std::string_view::npos ? nullptr : from + found;
+    };
     drop(first, first + unitBytes);
     for (char* at = first + unitBytes; collapse && at < last; at += doubledQuote.size()) {
-        at = static_cast<char*>(
-            memmem(at, static_cast<std::size_t>(last - at), doubledQuote.data(), doubledQuote.size()));
+        at = find(at);
         if (!at)
             break;
         drop(at + unitBytes, at + doubledQuote.size());

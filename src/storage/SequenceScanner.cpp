@@ -117,7 +117,7 @@ bool SequenceScanner::endCell(char* at, State atState, bool endsRow) {
     if (atState == State::Quoted)
         return true;
     if (atState == State::QuoteInQuoted)
-        buffer.unquote(buffer.mark, at - 1, "\"\"", true);
+        buffer.unquote(buffer.mark, at - 1, "\"\"", true, shifts.has_value());
     noteEnd<End>(atState == State::QuoteInQuoted ? at - 1 : at);
     if (atState == State::QuoteInQuoted)
         buffer.drop(at - 1, at);

@@ -257,7 +257,7 @@ template <typename Unit, typename Shifts>
 template <typename End>
 void UnitScanner<Unit, Shifts>::closeQuoted(char* closing) {
     // In wide units two bytes that are no quotes can still look like a doubled one, so those cells are always searched.
-    buffer.unquote(buffer.mark, closing, doubledQuote, doubled || width > 1);
+    buffer.unquote(buffer.mark, closing, doubledQuote, doubled || width > 1, Shifts::areThere);
     noteEnd<End>(closing);
     buffer.drop(closing, closing + width);
 }

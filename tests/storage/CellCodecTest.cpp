@@ -1,6 +1,5 @@
-#include "storage/CellConversion.h"
-
 #include "core/EncodingUtilities.h"
+#include "storage/CellConversion.h"
 #include "storage/Iso2022Jp.h"
 
 #include <QTextCodec>
@@ -145,9 +144,8 @@ constexpr Exception exceptions[] = {
 
 bool isException(EncodingType encoding, std::string const& bytes) {
     auto const first = static_cast<unsigned char>(bytes[0]);
-    return std::any_of(std::begin(exceptions), std::end(exceptions), [=](Exception const& e) {
-        return e.encoding == encoding && first >= e.from && first <= e.to;
-    });
+    return std::any_of(std::begin(exceptions), std::end(exceptions),
+                       [=](Exception const& e) { return e.encoding == encoding && first >= e.from && first <= e.to; });
 }
 
 TEST(CellCodec, WhatReadsAsCharactersIsWrittenByTheSameBytesBesideAListedFew) {
@@ -188,7 +186,8 @@ TEST(CellCodec, WhatAnEncodingLacksIsAQuestionMarkAndKnownAsLost) {
             std::string const there = encoded(encoding, text);
             bool const isLost = codec.decode(there) != text;
             EXPECT_EQ(there == mark, isLost || text == "?") << value << " " << static_cast<unsigned>(character);
-            EXPECT_EQ(conversion.losesText(text.toStdString()), isLost) << value << " " << static_cast<unsigned>(character);
+            EXPECT_EQ(conversion.losesText(text.toStdString()), isLost)
+                << value << " " << static_cast<unsigned>(character);
         }
     }
     // Characters that are not seen, half a pair, and what stands among others.
