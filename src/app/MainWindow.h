@@ -546,6 +546,7 @@ private:
     void onMainCellLengthChanged(int length);
     void updateStatsLabel();
     void connectStatusBar(TableView* table);
+    void tellLostCharacters(TableModel const& model, qint64 cells);
     void connectDialectLabels(TableView* table);
     void updateDialectLabels();
     void onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols);
@@ -581,6 +582,7 @@ private:
     FileMetadataWidget* fileMetadataWidget = nullptr;
     QScrollArea* metadataArea = nullptr;
     StatusBar* labelBar = nullptr;
+    QString lostCharactersNotice;   ///< the last one of its kind in the status bar
     SelectionStatistics statistics; ///< of a large selection in the active table
     TableView* activeTable = nullptr;
     bool closing = false; ///< the window asks about its tables, or will when another question is answered

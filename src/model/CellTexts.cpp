@@ -59,8 +59,9 @@ CellPatch changedTexts(TableModel const& model, RangeSet const& ranges, TextChan
         QString const changed = change(text);
         if (changed == text)
             return;
-        AbstractDataContainer::Bytes const bytes = codec.encode(changed);
-        patch.add(rawRow, rawCol, {bytes.data(), bytes.size()});
+        bool loses = false;
+        AbstractDataContainer::Bytes const bytes = codec.encode(changed, &loses);
+        patch.add(rawRow, rawCol, {bytes.data(), bytes.size()}, loses);
     });
     return patch;
 }

@@ -33,8 +33,8 @@ public:
                 continue;
             Write const& write = writes[i];
             std::string_view const text = std::string_view(bytes).substr(write.begin, write.end - write.begin);
-            if (text != data.cellBytesRaw(write.row, write.col))
-                result.add(write.row, write.col, text);
+            if (write.loses || text != data.cellBytesRaw(write.row, write.col))
+                result.add(write.row, write.col, text, write.loses);
         }
         return result;
     }
@@ -45,6 +45,7 @@ private:
         int col;
         std::size_t begin; ///< of the text in `bytes`
         std::size_t end;
+        bool loses; ///< characters that the encoding lacks
     };
 
     void put(int row, int col, QVariant const& value) {
@@ -53,9 +54,10 @@ private:
         if (rawRow < 0 || rawCol < 0)
             return;
         std::size_t const begin = bytes.size();
-        auto const text = data.getCodec().encode(value.toString());
+        bool loses = false;
+        auto const text = data.getCodec().encode(value.toString(), &loses);
         bytes.append(text.data(), text.size());
-        writes.push_back({rawRow, rawCol, begin, bytes.size()});
+        writes.push_back({rawRow, rawCol, begin, bytes.size(), loses});
     }
 
     void addLine(Range const& range) {

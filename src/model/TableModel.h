@@ -10,6 +10,7 @@
 #include "model/HeaderRowSearch.h"
 #include "model/HighlightedCells.h"
 #include "model/IndexSpaces.h"
+#include "model/LostCharacters.h"
 #include "model/ProvisionalText.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
@@ -292,6 +293,9 @@ public:
     bool cellInHighlightedRange(Range const& cell) const;
     /// While on, highlighted cells show the value of their range in place of their text.
     void setHighlightPreview(bool on) { highlightPreview = on; }
+    /// Marks the Raw cells whose new texts the encoding could not carry, in place of those marked before, and tells of
+    /// them by lostCharactersSignal.
+    void markLostCharacters(CellRegion const& cells);
 
     // Loading, saving and the dialect of the file.
 
@@ -494,6 +498,8 @@ signals:
     void loadFailedSignal(QString reason);
     void saveStartedSignal(QString path);
     void saveFinishedSignal(QString path);
+    /// An edit has given so many cells texts with characters that the encoding lacks. 0 when that is past.
+    void lostCharactersSignal(qint64 cells);
     void autoSaveFailedSignal(QString path, QString error);
     void setDelimiterSignal(QString delimiter);
     void updateStatsLabelSignal(QString text);
@@ -539,6 +545,7 @@ private:
     QVariant displayText(QModelIndex const& index) const;
     QVariant backgroundOf(QModelIndex const& index) const;
     QVariant foregroundOf(QModelIndex const& index) const;
+    bool isMarked(int row, int col) const;
     bool isHeaderCell(QModelIndex const& index) const;
     void refreshBrushes();
 
@@ -571,6 +578,7 @@ private:
     std::optional<ProvisionalText> provisional;
     HighlightedCells highlighted;
     bool highlightPreview = false;
+    LostCharacters lostCharacters{tableData};
 
     int viewRowCount = 0; ///< the size of the grid, which is not that of the data
     int viewColCount = 0;

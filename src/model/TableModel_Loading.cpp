@@ -53,6 +53,7 @@ void TableModel::showEverything() {
 void TableModel::clearTable(QModelIndex const& parent) {
     QScopedValueRollback<bool> const onlyView(dataAlreadyChanged, true);
     tableData.clear();
+    markLostCharacters({});
     removeRows(0, rowCount(parent), parent);
     removeColumns(0, columnCount(parent), parent);
 }

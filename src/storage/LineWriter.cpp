@@ -42,9 +42,20 @@ LineWriter::Quoting LineWriter::quotingOf(LineDialect const& dialect) {
 void LineWriter::cell(std::string_view bytes) {
     if (std::exchange(delimiterDue, hasDelimiter()))
         append(dialect.delimiter);
-    std::string closed;
-    if (std::string_view const shift = dialect.shifts ? Iso2022Jp::closing(bytes) : ""; !shift.empty())
-        bytes = closed.append(bytes).append(shift);
+    if (dialect.shifts)
+        shiftedCell(bytes);
+    else
+        bytesOfCell(bytes);
+}
+
+/// A cell that the file had left open would take what stands behind it along.
+void LineWriter::shiftedCell(std::string_view bytes) {
+    std::string closed(bytes);
+    closed += Iso2022Jp::closing(bytes);
+    bytesOfCell(closed);
+}
+
+void LineWriter::bytesOfCell(std::string_view bytes) {
     switch (quoting) {
     case Quoting::Never: append(bytes); break;
     case Quoting::Always: appendQuoted(bytes); break;

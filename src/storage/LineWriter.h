@@ -39,6 +39,8 @@ private:
     enum class Quoting { Never, Always, WhenSpecial };
 
     static Quoting quotingOf(LineDialect const& dialect);
+    void shiftedCell(std::string_view bytes);
+    void bytesOfCell(std::string_view bytes);
     std::size_t find(std::string_view bytes, std::string const& sequence) const;
     bool needsQuotes(std::string_view bytes) const;
     void append(std::string_view bytes);

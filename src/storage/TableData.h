@@ -226,10 +226,12 @@ public:
     /// Writes one text to all cells of a region, which is Model, and notes what they held in `old`, which has to be
     /// empty. With content the table grows; the size is signalled at most once.
     void fill(CellRegion const& cells, QString const& text, ReplacedCells& old);
-    /// Whether that would change anything.
+    /// Whether that would change anything, or would if the encoding could carry the text.
     bool wouldFillChange(CellRegion const& cells, QString const& text) const;
     /// Takes the last fill back. The table keeps its size.
     void putBack(ReplacedCells& old);
+    /// The Raw cells of a Model region.
+    CellRegion rawCells(CellRegion const& model) const;
     bool isCellPopulated(int modelRow, int modelCol) const;
     /// The row, or for Left and Right the column, of the jump of getNextBlockLocation from a Model cell.
     int nextBlockLine(int modelRow, int modelCol, Direction direction) const;

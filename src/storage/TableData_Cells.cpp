@@ -98,22 +98,30 @@ std::vector<std::pair<int, int>> shownRuns(ConcealedList const& concealed, int f
 
 } // namespace
 
-/// The cells of a Model region as the container counts them.
-CellRegion TableData::storedCells(CellRegion const& model) const {
-    ConcealedList const& rows = along(Axis::Rows).concealed;
-    ConcealedList const& cols = along(Axis::Columns).concealed;
-    if (!transposed && rows.size() == 0 && cols.size() == 0)
+CellRegion TableData::rawCells(CellRegion const& model) const {
+    ConcealedList const& rows = along(storedAxis(Axis::Rows, false)).concealed;
+    ConcealedList const& cols = along(storedAxis(Axis::Columns, false)).concealed;
+    if (rows.size() == 0 && cols.size() == 0)
         return model;
-    std::vector<CellRect> stored;
-    for (CellRect rect : model.rects()) {
-        if (transposed)
-            rect = {rect.left, rect.top, rect.right, rect.bottom};
+    std::vector<CellRect> raw;
+    for (CellRect const& rect : model.rects()) {
         auto const colRuns = shownRuns(cols, rect.left, rect.right);
         for (auto const& [top, bottom] : shownRuns(rows, rect.top, rect.bottom)) {
             for (auto const& [left, right] : colRuns)
-                stored.push_back({top, left, bottom, right});
+                raw.push_back({top, left, bottom, right});
         }
     }
+    return CellRegion::ofRects(raw);
+}
+
+/// The cells of a Model region as the container counts them.
+CellRegion TableData::storedCells(CellRegion const& model) const {
+    CellRegion const raw = rawCells(model);
+    if (!transposed)
+        return raw;
+    std::vector<CellRect> stored;
+    for (CellRect const& rect : raw.rects())
+        stored.push_back({rect.left, rect.top, rect.right, rect.bottom});
     return CellRegion::ofRects(stored);
 }
 
@@ -130,7 +138,10 @@ void TableData::fill(CellRegion const& cells, QString const& text, ReplacedCells
 bool TableData::wouldFillChange(CellRegion const& cells, QString const& text) const {
     if (!editableContainer)
         return false;
-    auto const bytes = codec.encode(text);
+    bool loses = false;
+    auto const bytes = codec.encode(text, &loses);
+    if (loses)
+        return true;
     std::string_view const wanted(bytes.data(), bytes.size());
     for (CellRect const& rect : storedCells(cells).rects()) {
         // Cells outside of the data are empty.

@@ -513,6 +513,54 @@ TEST_F(SaveFlowTest, ASaveInAnotherEncodingTellsWhatItCannotCarryAndCanBeUndoneL
     EXPECT_EQ(read("b.lat"), "\t1\t?\r\n\t\xd9\t\r\n");
 }
 
+TEST_F(SaveFlowTest, AChangeOfTheEncodingTellsWhatItCannotCarryBeforeIt) {
+    open("日本,1\nxé,й\n");
+    QString const before = dialect();
+    box.next("Cancel");
+    run("Set Encoding for File Save", {"ISO 8859-1"});
+    EXPECT_EQ(box.texts().value(0), "2 cells hold characters that ISO 8859-1 cannot carry.");
+    EXPECT_EQ(box.defaults().value(0), "Cancel");
+    box.next("Show Cells");
+    run("Set Parameters for File Save", {"tab", "Windows", "ISO 8859-1", "All Quotes"});
+    EXPECT_EQ(selection(), "C0,0* C1,1");
+    EXPECT_EQ(dialect(), before) << "nothing of it";
+    EXPECT_TRUE(table()->undoStack()->isClean());
+
+    box.next("Change Anyway");
+    run("Set Encoding for File Save", {"ISO 8859-1"});
+    EXPECT_EQ(shown(), "?? 1|xé ?");
+    run("Set Encoding for File Save", {"UTF-16LE"}); // carries all
+    table()->undo();
+    table()->undo();
+    EXPECT_EQ(shown(), "日本 1|xé й");
+    box.next("Change Anyway", [&] { window.closeFile(table()); });
+    box.next("Don't Save");
+    run("Set Encoding for File Save", {"ISO 8859-1"});
+}
+
+TEST_F(SaveFlowTest, TypingWhatTheEncodingCannotCarryIsToldInTheStatusBar) {
+    open("a,b\nc,d\n");
+    run("Set Encoding for File Save", {"Windows-1252"});
+    show();
+    auto const message = [&] { return window.getStatusBar()->currentMessage().toStdString(); };
+    select("C0,0");
+    typeText(QStringLiteral("x日"));
+    enter();
+    EXPECT_EQ(shown(), "x? b|c d");
+    EXPECT_EQ(message(), "The text of 1 cell holds characters that Windows-1252 cannot carry; they were written as "
+                         "\"?\".");
+    table()->undo();
+    EXPECT_EQ(message(), "");
+    select("C0,0 C0,1 C1,1");
+    typeText(QStringLiteral("日"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(shown(), "? ?|c ?");
+    EXPECT_EQ(message(), "The texts of 3 cells hold characters that Windows-1252 cannot carry; they were written as "
+                         "\"?\".");
+    change("é", 0, 0);
+    EXPECT_EQ(message(), "");
+}
+
 TEST_F(SaveFlowTest, BytesWithoutMeaningStayWhereTheEncodingStaysAndACopyIsInThatOfItsName) {
     setExtensions("lat,tab,CRLF,ISO 8859-5,RFC 4180\n");
     open("й,\xff\n2,3\n");

@@ -110,3 +110,12 @@ void CellContentsCommand::revert() {
     model->enforceAutoFitOnModel(cells);
     selectOldCells();
 }
+
+CellRegion CellContentsCommand::lostCharacters() const {
+    if (!fill)
+        return CellRegion::ofCells(patch.lossyCells());
+    bool loses = false;
+    TableData const& data = model->getTableData();
+    data.getCodec().encode(fill->text, &loses);
+    return loses ? data.rawCells(fill->cells) : CellRegion();
+}
