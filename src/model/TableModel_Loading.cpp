@@ -30,6 +30,7 @@ bool TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
     ++loadNumber;
     loadInBackground = async;
     clearGrid();
+    markLostCharacters({});
     setReadOnly(readOnly);
     this->delimiter = delimiter;
     this->saveDelimiter = saveDelimiter;

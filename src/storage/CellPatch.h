@@ -29,8 +29,9 @@ public:
         std::size_t const start = i ? ends[i - 1] : 0;
         return std::string_view(bytes).substr(start, ends[i] - start);
     }
-    /// The cells that were added with `loses`.
+    /// The cells that were added with `loses`; an exchange keeps them.
     std::vector<std::pair<int, int>> const& lossyCells() const { return lossy; }
+    void setLossyCells(std::vector<std::pair<int, int>> const& cells) { lossy = cells; }
     void reserve(std::size_t cells, std::size_t byteCount) {
         places.reserve(cells);
         ends.reserve(cells);

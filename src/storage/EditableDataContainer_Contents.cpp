@@ -51,6 +51,7 @@ void EditableDataContainer::storeRow(int row, std::span<std::string_view const> 
 void EditableDataContainer::exchange(CellPatch& patch, bool transposed) {
     CellPatch before;
     before.reserve(patch.size(), patch.byteCount());
+    before.setLossyCells(patch.lossyCells());
     std::vector<std::size_t> const order = orderByRows(patch, transposed);
     Views cells;
     for (auto first = order.begin(); first != order.end();) {
