@@ -541,13 +541,14 @@ TEST_F(SaveFlowTest, TypingWhatTheEncodingCannotCarryIsToldInTheStatusBar) {
     open("a,b\nc,d\n");
     run("Set Encoding for File Save", {"Windows-1252"});
     show();
+    table()->setFocus();
     auto const message = [&] { return window.getStatusBar()->currentMessage().toStdString(); };
     auto const type = [](QString const& character) { // QTest knows Latin characters only
         QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, character);
         QApplication::sendEvent(QApplication::focusWidget(), &key);
     };
     select("C0,0");
-    type("x");
+    typeText("x");
     type("日");
     enter();
     EXPECT_EQ(shown(), "x? b|c d");
@@ -556,9 +557,10 @@ TEST_F(SaveFlowTest, TypingWhatTheEncodingCannotCarryIsToldInTheStatusBar) {
     table()->undo();
     EXPECT_EQ(message(), "");
     select("C0,0 C0,1 C1,1");
+    typeText("y");
     type("日");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_EQ(shown(), "? ?|c ?");
+    EXPECT_EQ(shown(), "y? y?|c y?");
     EXPECT_EQ(message(), "The texts of 3 cells hold characters that Windows-1252 cannot carry; they were written as "
                          "\"?\".");
     change("é", 0, 0);
