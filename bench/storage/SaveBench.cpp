@@ -15,6 +15,8 @@
 
 namespace {
 
+using enum ParsingStandard;
+
 constexpr int runs = 5;
 
 struct Input {
@@ -22,6 +24,9 @@ struct Input {
     EncodingType encoding = EncodingType::Utf8;
     bool transposed = false;
     bool edited = false; ///< every row has been written to, so that none lies where the load put it
+    bool unchecked = false;
+    ParsingStandard standard = ParsingStandard::Rfc4180;
+    bool doubtful = false; ///< a cell of every line has to be looked at by the check
 };
 
 std::string folder() {
@@ -48,6 +53,12 @@ void editAllRows(EditableDataContainer& table) {
     }
 }
 
+// As a load with sparse quotes keeps it, and only a load can tell.
+void makeDoubtful(EditableDataContainer& table) {
+    for (int row = 0; row < table.numRows(); ++row)
+        table.setValue(row, 0, {'"', '"', 'a'});
+}
+
 void save(benchmark::State& state, Input const& input) {
     auto const source = folder() + "/" + input.name + ".csv", target = folder() + "/saved.csv";
     EditableDataContainer table;
@@ -57,12 +68,17 @@ void save(benchmark::State& state, Input const& input) {
         return state.SkipWithError("cannot load");
     if (input.edited)
         editAllRows(table);
+    table.setParsingStandard(input.standard);
+    if (input.doubtful)
+        makeDoubtful(table);
+    SaveRequest request;
+    request.path = QString::fromStdString(target);
+    request.writeWhatWouldChange = input.unchecked;
     std::vector<double> saves, sums;
     for (auto _ : state) {
         unlink(target.c_str());
         bool saved = false;
-        saves.push_back(
-            secondsOf([&] { saved = table.saveCSV(QString::fromStdString(target), false, input.transposed, {}, {}); }));
+        saves.push_back(secondsOf([&] { saved = table.save(request, {input.transposed, {}, {}}).isSaved(); }));
         state.SetIterationTime(saves.back());
         int summed = 0;
         sums.push_back(secondsOf([&] { summed = std::system(("md5sum '" + source + "' > /dev/null").c_str()); }));
@@ -82,7 +98,10 @@ void add(std::string const& name, Input const& input) {
 
 [[maybe_unused]] bool const registered = [] {
     add("typical-100", {"typical-100"});
+    add("typical-100/unchecked", {"typical-100", EncodingType::Utf8, false, false, true});
     add("typical-100/edited", {"typical-100", EncodingType::Utf8, false, true});
+    add("typical-100/delimiter-only", {"typical-100", EncodingType::Utf8, false, false, true, DelimiterOnly});
+    add("typical-100/doubtful", {"typical-100", EncodingType::Utf8, false, false, false, SparseQuotes, true});
     add("typical-100/transposed", {"typical-100", EncodingType::Utf8, true});
     add("wide-100/transposed", {"wide-100", EncodingType::Utf8, true});
     add("utf16-100", {"utf16-100", EncodingType::Utf16LE});

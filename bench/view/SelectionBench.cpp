@@ -87,6 +87,8 @@ struct LargeTable {
 std::map<std::pair<int, int>, std::unique_ptr<LargeTable>> largeTables;
 
 LargeTable& largeTable(int rows, int cols) {
+    if (largeTables.empty())
+        qAddPostRoutine([] { largeTables.clear(); }); // while the application still is
     auto& table = largeTables[{rows, cols}];
     if (!table)
         table = std::make_unique<LargeTable>(rows, cols);
@@ -123,6 +125,22 @@ void dragOverRectangle(benchmark::State& state) {
         QApplication::processEvents();
     }
     model.setPendingCorners(Range(RangeType::None), Range(RangeType::None));
+}
+
+/// The list form of a million single cells, which who asks for it gets made once.
+void listOfCells(benchmark::State& state) {
+    TableModel& model = *largeTable(1'000'000, columns).view.tableModel();
+    double before = 0;
+    double most = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        model.setSelection(Range(0, 2, RangeIndexType::Model), RangeSet(CellRegion({0, 2, 999'999, 2})));
+        before = residentMegabytes();
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(model.getSelection().size());
+        most = residentMegabytes();
+    }
+    state.counters["extraMegabytes"] = most - before;
 }
 
 enum Step { ArrowKey, ShiftArrow, LabelRepaint, ScrolledFrame };
@@ -230,6 +248,7 @@ void sameCells(benchmark::internal::Benchmark* bench) {
 
 BENCHMARK(selectDownAndGoOn)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(dragOverRectangle)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(listOfCells)->Unit(benchmark::kMillisecond);
 BENCHMARK(scatteredSelection)
     ->ArgsProduct({{1000, 500'000}, {0, 1}, {ArrowKey, ShiftArrow, LabelRepaint, ScrolledFrame}})
     ->ArgNames({"pieces", "rows", "step"})

@@ -84,7 +84,7 @@ void Application::handleCommandLineArguments(QStringList const& arguments) {
     }
     applyRequestedGeometry(window, line);
     window.tellMissing(line.missing);
-    window.activateWindow(); // first: a file that is open elsewhere brings its own window to the front
+    window.comeToFront(); // first: a file that is open elsewhere brings its own window to the front
     window.openFiles(line.files);
 }
 

@@ -14,6 +14,7 @@
 
 #include <QCloseEvent>
 #include <QMimeData>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QSplitter>
@@ -54,10 +55,14 @@ void MainWindow::buildWidgets() {
     panes->setHandleWidth(handleWidth);
     goneTables = new GoneTables(centre);
     missingFiles = new NoticeLine(QString(), centre);
+    openedFiles = new NoticeLine(QString(), centre);
+    saveRemarks = new NoticeLine(QString(), centre);
     QVBoxLayout* const centreLayout = plainLayout(centre);
     centreLayout->addWidget(panes, 1);
     centreLayout->addWidget(goneTables->getLine());
     centreLayout->addWidget(missingFiles);
+    centreLayout->addWidget(openedFiles);
+    centreLayout->addWidget(saveRemarks);
 
     auto* const column = new QWidget(panes);
     auto* const tablesAndResults = new QSplitter(Qt::Vertical, column);
@@ -107,11 +112,12 @@ void MainWindow::buildWidgets() {
             [this](TableView* table) { ModalHold::whenFree(table, [this, table] { onTableLoaded(table); }); });
     connect(paneView, &PaneView::tableLoadFailedSignal, this, &MainWindow::onTableLoadFailed);
     connect(goneTables, &GoneTables::takenBackSignal, this, &MainWindow::takeBack);
-    for (NoticeLine const* const line : {goneTables->getLine(), missingFiles}) {
+    for (NoticeLine const* const line : {goneTables->getLine(), missingFiles, openedFiles, saveRemarks}) {
         for (auto const leaving : {&NoticeLine::dismissedSignal, &NoticeLine::leftSignal}) {
             connect(line, leaving, this, [this] { activeTable->takeFocus(); });
         }
     }
+    connect(openedFiles, &NoticeLine::leftSignal, openedFiles, &NoticeLine::dismiss);
     setupLauncher();
 }
 
@@ -123,8 +129,12 @@ void MainWindow::setActiveTable(TableView* table) {
 }
 
 void MainWindow::showTable(TableView* table) {
+    QPointer<TableView> const wanted(table);
     if (activeTable != nullptr && activeTable != table && hasAnyContext(context, Context::CellEditing)) {
-        activeTable->stopEditing();
+        activeTable->stopEditing(); // may ask
+    }
+    if (!wanted) {
+        return;
     }
     activeTable = table;
     paneView->setActiveTable(table);

@@ -4,6 +4,7 @@
 #include "app/StatusBar.h"
 #include "app/UnbuiltCommands.h"
 #include "app/WatchedFiles.h"
+#include "app/files/SaveHost.h"
 #include "app/launcher/PromptStep.h"
 #include "appearance/Theme.h"
 #include "commands/Commands.h"
@@ -36,6 +37,7 @@ class PaneView;
 class PreferenceWatcher;
 class SideBar;
 class PromptChain;
+class SaveFlow;
 class TabBar;
 class TableModel;
 class TableView;
@@ -44,11 +46,10 @@ class QScrollArea;
 enum class DialectPart;
 struct Dialect;
 struct MenuItem;
-struct PendingSave;
 
 /// One window of the program with all its open tables. A face: it owns the widgets and passes what a person asks on to
 /// the unit that knows how.
-class MainWindow : public UnbuiltCommands {
+class MainWindow : public UnbuiltCommands, private SaveHost {
     Q_OBJECT
 
 public:
@@ -66,6 +67,8 @@ public:
     void setFileHolder(std::function<MainWindow*(QString const& path)> holder) { fileHolder = std::move(holder); }
     /// Comes to the front with the table of that file, if it is open here.
     void showFile(QString const& path);
+    /// Is not minimised any more, and in front of other windows.
+    void comeToFront();
     /// Tells without a question that files which were to be opened do not exist.
     void tellMissing(QStringList const& paths);
     /// Tells that a folder is no table.
@@ -73,17 +76,11 @@ public:
     /// Closes a table; the window always keeps one.
     bool closeFile(TableView* table);
 
-    // Saving (MainWindow_Save.cpp).
+    // Saving: see SaveFlow.
 
-    /// Writes the table to its file; a failure is told and leaves both as they were.
     bool saveFile(TableView* table);
-    /// Asks for a file and writes the table to it in the dialect of its extension. The table moves to that file, or
-    /// with `visibleOnly` stays where it is and a copy without what is concealed opens in a tab of its own.
     bool saveFileAs(TableView* table, bool visibleOnly);
-    /// The same to a file that is known.
     bool saveFileUnder(TableView* table, QString const& path, bool visibleOnly);
-    /// The kinds of files that a file dialog offers: one for each row of the extension table.
-    QString getFiletypeFilter() const;
 
     // Changes by other programs (MainWindow_Watch.cpp).
 
@@ -92,9 +89,9 @@ public:
 
     // Preferences (MainWindow_Settings.cpp).
 
-    Settings const& getSettings() const { return settings; }
+    Settings const& getSettings() const override { return settings; }
     Commands& getCommands() { return commands; }
-    std::vector<ExtensionData> const& getExtensions() const { return extensions; }
+    std::vector<ExtensionData> const& getExtensions() const override { return extensions; }
     /// Puts the settings in force in all parts of the window.
     void propagateSettings();
     /// While set, changes of the preference files are not looked at. The next propagateSettings only clears it.
@@ -102,20 +99,20 @@ public:
     /// Toggles a setting of the whole program, in its file too.
     void toggleSetting(SettingType type);
 
-    TableView* getActiveTable() const { return activeTable; }
+    TableView* getActiveTable() const override { return activeTable; }
     PaneView* getPaneView() const { return paneView; }
     StatusBar* getStatusBar() const { return labelBar; }
     Theme const& getTheme() const override { return theme; }
     /// Where the questions of commands are put.
     PromptChain* getPrompts() const { return prompts; }
     /// Begins a new chain of questions with `step`.
-    void ask(PromptStep step);
+    void ask(PromptStep step) override;
     /// Carries the command of that name out, if it is live.
     void runCommand(QString const& name);
 
 public slots:
     /// The user turns to a table: shows it and gives it the focus.
-    void setActiveTable(TableView* table);
+    void setActiveTable(TableView* table) override;
     /// What the window and its table are doing now; commands are live or not by it.
     void setContext(Context newContext);
 
@@ -445,6 +442,10 @@ private:
     std::unique_ptr<TableView> detachTable(TableView* table);
     /// Does the same and shows another table in the place of the active one.
     std::unique_ptr<TableView> takeOut(TableView* table);
+    /// Whether the user, who did not ask for it just now, would go on with a text in another table than it is for.
+    bool wouldCutText(TableView const* table) const;
+    /// Tells that the table came, and gives that line the focus, so that the rest of the text does not come into it.
+    void tellOpened(TableView const* table);
     /// Ends a table that nobody has put anything into, unless it is the one that shows.
     void dropUntouched(TableView* table);
     void onSavedStatusChanged(TableView* table, bool clean);
@@ -491,20 +492,15 @@ private:
     void switchToExistingTab(int index);
 
     void switchToTab(int index);
-    // Saving (MainWindow_Save.cpp).
-    void removeExtraneousRowsAndColumns(TableView* table);
-    /// False if the save waits for the user to say what becomes of line breaks, or is not to be.
-    bool resolveDelimiterOnlyLineBreakSave(PendingSave const& save);
-    void promptDelimiterOnlyLineBreakAction(PendingSave const& save, int count);
-    bool resumePendingDelimiterOnlySave(PendingSave const& save);
-    /// Tells that a table may not be saved to the file of another one, if so.
-    bool refusesOpenFile(TableView const* table, QString const& path, bool visibleOnly);
-    bool finishSaveFileAs(PendingSave const& save);
-    /// Asks if cells hold what the encoding of the new file cannot carry. The table may be gone afterwards.
-    bool mayLoseCharacters(PendingSave const& save);
-    bool moveTo(PendingSave const& save);
-    bool saveCopy(PendingSave const& save);
-    bool askHowToOpenSavedCopy(QString const& path, bool& readOnly);
+    // What saves need of the window (MainWindow_Save.cpp).
+    QWidget* asWidget() override { return this; }
+    TableView* tableOfFile(QString const& path) const override;
+    bool isOpenInOtherWindow(QString const& path) const override;
+    TableView* openSavedCopy(QString const& path, bool readOnly) override;
+    void readSavedCopy(TableView* table) override;
+    void onTableSaved(TableView* table, QString const& before) override;
+    void tellNotKept(QStringList const& sentences) override;
+    void refreshTable(TableView* table) override;
     // Changes by other programs (MainWindow_Watch.cpp).
     void setupWatch();
     bool isTextOpen() const;
@@ -520,9 +516,13 @@ private:
     /// Reads a table's file again; its edits are lost.
     void reloadChangedFile(TableView* table);
     void endReload(TableView* table);
-    void sortAgain(TableView* table, SortData const& rows, SortData const& cols);
+    /// Sorts a table as it was before it was read again, when that disturbs nobody.
+    void sortWhenStill(TableView* table);
+    void sortAgain(TableView* table);
+    void tellIfNotSorted(TableView const* table, SortData const& sort);
+    static void scrollTo(TableView* table, QPoint const& place);
     /// Edits that a reload would lose: no sort that a reload has made and would make again.
-    bool hasUnsavedEdits(TableView* table) const;
+    bool hasUnsavedEdits(TableView* table) const override;
     bool isUntouchedEmptyTable(TableView const* table) const;
     void onTableLoadBegun(TableView* table);
     void onTableLoaded(TableView* table);
@@ -546,6 +546,7 @@ private:
     void onMainCellLengthChanged(int length);
     void updateStatsLabel();
     void connectStatusBar(TableView* table);
+    void tellLostCharacters(TableModel const& model, qint64 cells);
     void connectDialectLabels(TableView* table);
     void updateDialectLabels();
     void onTableSizeChanged(int rows, int cols, int visibleRows, int visibleCols);
@@ -557,13 +558,15 @@ private:
     PreferenceWatcher* preferenceWatcher = nullptr;
     inline static WatchedFiles::Timings watchTimings;
     WatchedFiles* watchedFiles = nullptr;
+    SaveFlow* saves = nullptr;
     /// What a table takes over from before it was read again.
     struct Retained {
         QPoint scroll; ///< the scroll bars' values
         SortData rowSort;
         SortData colSort;
+        bool isRead; ///< only the sort is still to come
     };
-    QHash<TableView const*, Retained> reloads;    ///< of tables that are being read again
+    QHash<TableView const*, Retained> reloads;    ///< of tables that are read, or to be sorted, again
     QSet<TableView const*> onlySortedSinceReload; ///< tables that differ from their files by the sort they took over
     std::vector<ExtensionData> extensions;
     std::function<MainWindow*(QString const& path)> fileHolder = [](QString const&) { return nullptr; };
@@ -577,10 +580,13 @@ private:
     FindReplaceWidget* findReplaceWidget = nullptr;
     FindResultsWidget* findResultsWidget = nullptr;
     GoneTables* goneTables = nullptr;
+    NoticeLine* saveRemarks = nullptr;  ///< tells what a saved file has not got of the former one
     NoticeLine* missingFiles = nullptr; ///< tells of paths that were to be opened and do not exist
+    NoticeLine* openedFiles = nullptr;  ///< tells of tables that came while the user was in a text
     FileMetadataWidget* fileMetadataWidget = nullptr;
     QScrollArea* metadataArea = nullptr;
     StatusBar* labelBar = nullptr;
+    QString lostCharactersNotice;   ///< the last one of its kind in the status bar
     SelectionStatistics statistics; ///< of a large selection in the active table
     TableView* activeTable = nullptr;
     bool closing = false; ///< the window asks about its tables, or will when another question is answered

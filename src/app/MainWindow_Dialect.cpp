@@ -1,5 +1,6 @@
 // What the active table's file is read and written with.
 
+#include "app/LossyCellsQuestion.h"
 #include "app/MainWindow.h"
 #include "app/prompts/DialectPrompts.h"
 #include "view/TableView.h"
@@ -18,7 +19,11 @@ void MainWindow::askHowToReload(std::vector<DialectPart> const& parts) {
 
 void MainWindow::askForSaveDialect(std::vector<DialectPart> const& parts) {
     activeTable->stopEditing();
-    ask(Prompts::saveDialect(parts, activeTable));
+    auto const mayEncode = [this, alive = QPointer<TableView>(activeTable)](EncodingType encoding) {
+        return LossyCellsQuestion::mayChange(this, theme, {alive, encoding, false, {}},
+                                             [this](TableView* table) { setActiveTable(table); });
+    };
+    ask(Prompts::saveDialect(parts, activeTable, mayEncode));
 }
 
 void MainWindow::commandReloadFile() {

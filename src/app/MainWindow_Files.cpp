@@ -24,10 +24,18 @@
 
 namespace {
 
+constexpr int messageMs = 8000;
 constexpr qint64 backgroundLoadSize = 0x1800000; // larger files load on a thread, under a progress display
 
 bool needsDetection(QString const& delimiter) {
     return delimiter.isEmpty() || delimiter == QLatin1String("(auto)");
+}
+
+/// A mark of UTF-16 or UTF-32 says more of a file than its extension does.
+EncodingType encodingOf(EncodingType ofExtension, QString const& path) {
+    EncodingType const marked = Utilities::getEncodingFromMark(path);
+    return Utilities::contradictsMark(ofExtension, marked) ? marked
+                                                           : Utilities::guessEncodingFromFile(ofExtension, path);
 }
 
 /// The row's options with "(auto)" and unknown byte orders settled by a look into the file.
@@ -49,7 +57,7 @@ ExtensionData settledOptions(ExtensionData options, QString const& path) {
             delimiter->clear();
         }
     }
-    options.encoding = Utilities::guessEncodingFromFile(options.encoding, path);
+    options.encoding = encodingOf(options.encoding, path);
     return options;
 }
 
@@ -79,10 +87,14 @@ bool MainWindow::openFiles(QStringList const& paths) {
     if (!first) {
         return shown;
     }
+    bool const cutsText = wouldCutText(first);
     if (before != first) {
         closeLauncher(); // what it asks is about the table that was active
     }
     setActiveTable(first);
+    if (first && cutsText) {
+        tellOpened(first);
+    }
     dropUntouched(before);
     return true;
 }
@@ -101,10 +113,30 @@ void MainWindow::showFile(QString const& path) {
     if (table == nullptr) {
         return;
     }
+    QPointer<TableView> const alive(table);
+    bool const cutsText = wouldCutText(table);
+    comeToFront();
+    setActiveTable(table);
+    if (alive && cutsText) {
+        tellOpened(table);
+    }
+}
+
+bool MainWindow::wouldCutText(TableView const* table) const {
+    bool const cutAlready = qobject_cast<NoticeLine const*>(focusWidget()) != nullptr;
+    return FromOutside::isActing() && isActiveWindow() && table != activeTable && (isTextOpen() || cutAlready);
+}
+
+void MainWindow::tellOpened(TableView const* table) {
+    openedFiles->tell(tr("This table was opened while you were typing in another one: %1"),
+                      {QFileInfo(table->getFilepath()).absoluteFilePath()});
+    openedFiles->setFocus();
+}
+
+void MainWindow::comeToFront() {
     setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
-    setActiveTable(table);
 }
 
 void MainWindow::dropUntouched(TableView* table) {
@@ -180,6 +212,8 @@ TableView* MainWindow::makeEmptyTableObject() {
     connectStatusBar(table);
     connect(table, &TableView::suppressAutoFitWarningsChangedSignal, this,
             &MainWindow::onSuppressAutoFitWarningsChanged);
+    connect(table, &TableView::messageSignal, this,
+            [this](QString const& text) { labelBar->showMessage(text, messageMs); });
     connect(table, &TableView::undoStackCleanChangedSignal, this,
             [this, table](bool clean) { onSavedStatusChanged(table, clean); });
     return table;
@@ -247,13 +281,13 @@ void MainWindow::onTableLoaded(TableView* table) {
 
 void MainWindow::onTableLoadFailed(TableView* table, QString const& reason) {
     QString const path = table->getFilepath();
-    if (!table->isLoading()) {
+    if (!table->isLoading() && !reloads.value(table).isRead) {
         reloads.remove(table);
     }
     watchedFiles->onLoadFailed(path);
-    FromOutside const acting; // most reloads are nothing that the user asked for
-    MsgBox::inform(this, theme,
-                   tr("This file can't be read again:\n%1\n\n%2\n\nThe table keeps what it had.").arg(path, reason));
+    // Most reloads are nothing that the user asked for.
+    QString const text = tr("This file can't be read again:\n%1\n\n%2\n\nThe table keeps what it had.");
+    TypingGuard::whenStill(table, [this, told = text.arg(path, reason)] { MsgBox::inform(this, theme, told); });
 }
 
 void MainWindow::tellIfNotReadWhole(TableView const* table) {

@@ -4,6 +4,7 @@
 #include "app/StatusBar.h"
 #include "core/DialectUtilities.h"
 #include "core/EncodingUtilities.h"
+#include "model/LossyCells.h"
 #include "view/TableView.h"
 
 using Label = StatusBar::Label;
@@ -28,14 +29,27 @@ void MainWindow::connectStatusBar(TableView* table) {
     connect(table, &TableView::selectionSizeChangedSignal, this,
             [this, ifActive](RangeSize const& size) { ifActive([&] { onSelectionSizeChanged(size); }); });
     connect(table, &TableView::mainCellChangedSignal, this, [this, table, ifActive] {
-        ifActive([&] { onMainCellLengthChanged(table->getMainCell(true).value.toString().size()); });
+        ifActive([&] { onMainCellLengthChanged(table->getMainCell(true).value().toString().size()); });
     });
     connect(table, &TableView::mainCellLengthChangedSignal, this,
             [this, ifActive](int length) { ifActive([&] { onMainCellLengthChanged(length); }); });
     connect(table, &TableView::updateStatusBarSignal, this, [this, ifActive] { ifActive([&] { updateStatusBar(); }); });
     connect(table->tableModel(), &TableModel::updateStatsLabelSignal, this,
             [this, ifActive](QString const& text) { ifActive([&] { labelBar->setText(Label::Stats, text); }); });
+    connect(table->tableModel(), &TableModel::lostCharactersSignal, this, [this, table, ifActive](qint64 cells) {
+        ifActive([&] { tellLostCharacters(*table->tableModel(), cells); });
+    });
     connectDialectLabels(table);
+}
+
+void MainWindow::tellLostCharacters(TableModel const& model, qint64 cells) {
+    constexpr int displayMs = 20000;
+    if (cells > 0) {
+        lostCharactersNotice = LossyCells::notice(cells, model.getEncoding());
+        labelBar->showMessage(lostCharactersNotice, displayMs);
+    } else if (labelBar->currentMessage() == lostCharactersNotice) {
+        labelBar->clearMessage();
+    }
 }
 
 void MainWindow::connectDialectLabels(TableView* table) {
@@ -68,7 +82,7 @@ void MainWindow::updateStatusBar() {
     updateDialectLabels();
     labelBar->setText(Label::Filters, StatusBar::filtersText({}, {}));
     onSelectionSizeChanged(activeTable->tableModel()->getSelectionSize());
-    onMainCellLengthChanged(activeTable->getMainCell(true).value.toString().size());
+    onMainCellLengthChanged(activeTable->getMainCell(true).value().toString().size());
     TableSize const size = model.getShownSize();
     onTableSizeChanged(size.rawRows, size.rawCols, size.modelRows, size.modelCols);
 }

@@ -17,8 +17,8 @@
 
 template <class Command, class... Arguments>
 void MainWindow::push(Arguments... arguments) {
-    TableModel* const model = activeTable->tableModel();
     activeTable->stopEditing();
+    TableModel* const model = activeTable->tableModel();
     activeTable->pushUndoCommand(new Command(model, model->getSelectedSet(), arguments..., true));
 }
 
@@ -44,7 +44,7 @@ void MainWindow::commandClearCellContentsNavigate() {
     QPointer<TableView> const table = activeTable;
     std::optional<LeftOut> leftOut = LeftOut::Change;
     if (!table->isReadOnly() && !table->isLoading())
-        leftOut = askAboutLeftOutCells(table, *table->tableModel(), QString());
+        leftOut = askAboutLeftOutCells(table, *table->tableModel(), table->tableModel()->getSelectedSet(), QString());
     if (!leftOut || table.isNull())
         return;
     TableModel* const model = table->tableModel();

@@ -7,6 +7,7 @@
 #include "app/SystemFileWatch.h"
 #include "app/TabBar.h"
 #include "app/WatchedFiles.h"
+#include "app/files/SaveFlow.h"
 #include "app/launcher/Launcher.h"
 #include "app/launcher/PromptChain.h"
 #include "core/ModalHold.h"
@@ -31,6 +32,7 @@ void MainWindow::setupWatch() {
     tables.isAsking = [] { return ModalHold::isOpen() || TypingGuard::isTyping(); };
     tables.isLoading = [this](QString const& path) { return paneView->getTableView(path)->isLoading(); };
     watchedFiles = new WatchedFiles(*files, std::move(tables), watchTimings, this);
+    saves = new SaveFlow(*this, *watchedFiles, this);
     TypingGuard::addText(this, [this] { return isTextOpen(); });
     connect(files, &SystemFileWatch::fileChangedSignal, watchedFiles, &WatchedFiles::onFileChanged);
     connect(watchedFiles, &WatchedFiles::fileGoneSignal, this, &MainWindow::onWatchedFileGone);
@@ -57,7 +59,9 @@ void MainWindow::watchTable(TableView* table) {
 
 bool MainWindow::hasUnsavedEdits(TableView* table) const {
     bool const changed = table->hasUnsavedChanges() && !onlySortedSinceReload.contains(table);
-    return (changed || table->hasAutoSaveFailed() || table->isEditing()) && !isUntouchedEmptyTable(table);
+    auto const& edit = table->getPendingEdit();
+    bool const typed = edit && edit->isTextChanged();
+    return (changed || table->hasAutoSaveFailed() || typed) && !isUntouchedEmptyTable(table);
 }
 
 void MainWindow::unwatchTable(TableView* table) {
@@ -70,24 +74,26 @@ void MainWindow::unwatchTable(TableView* table) {
 }
 
 // The table goes with its file. What it showed is kept, what is typed just now included, but must not be written to
-// the file anew. The rest of a text that the user pauses in must not come into another table.
+// the file anew. What the user types next must not come into another table.
 void MainWindow::onWatchedFileGone(QString const& path) {
-    TableView* const table = paneView->getTableView(path);
+    QPointer<TableView> const table = paneView->getTableView(path);
+    FromOutside const acting;
+    bool const hadFocus = table == activeTable && (table->hasFocusInside() || paneView->isAncestorOf(focusWidget()));
+    NoticeLine* const line = table->isLoading() ? missingFiles : goneTables->getLine();
     if (table->isLoading()) { // nothing is there yet
         takeOut(table);
         tellMissing({QFileInfo(path).absoluteFilePath()});
-        return;
+    } else {
+        bool const edited = hasUnsavedEdits(table);
+        table->tableModel()->setSaveAfterEachEdit(false);
+        table->stopEditing(); // may ask
+        if (!table) {
+            return;
+        }
+        goneTables->keep(takeOut(table), edited);
     }
-    bool const edited = hasUnsavedEdits(table);
-    table->tableModel()->setSaveAfterEachEdit(false);
-    bool const wasInText = table == activeTable && isTextOpen();
-    bool const hadFocus = table == activeTable && (table->hasFocusInside() || paneView->isAncestorOf(focusWidget()));
-    table->stopEditing();
-    goneTables->keep(takeOut(table), edited);
-    if (wasInText) {
-        goneTables->getLine()->setFocus();
-    } else if (hadFocus) {
-        activeTable->takeFocus();
+    if (hadFocus) {
+        line->setFocus();
     }
 }
 
@@ -137,17 +143,22 @@ void MainWindow::askWhetherToReload(QString const& path, QString const& question
     } else if (box.clickedButton() == reload) {
         watchedFiles->onFileChanged(path);
     } else {
+        if (table != nullptr) {
+            table->tableModel()->takeFileAsItIs();
+        }
         watchedFiles->ignoreChange(path);
     }
 }
 
 void MainWindow::reloadChangedFile(TableView* table) {
-    if (!reloads.contains(table)) {
+    Retained const before = reloads.value(table);
+    if (before.isRead || !reloads.contains(table)) {
+        Retained retained{{table->horizontalScrollBar()->value(), table->verticalScrollBar()->value()}, {}, {}, false};
         TableModel const& model = *table->tableModel();
-        Retained retained{{table->horizontalScrollBar()->value(), table->verticalScrollBar()->value()}, {}, {}};
+        bool const isSorted = model.getRowSortData() != SortData() || model.getColSortData() != SortData();
         if (settings.getValueBool(SettingType::RetainSortAndFiltersUponFileRefresh)) {
-            retained.rowSort = model.getRowSortData();
-            retained.colSort = model.getColSortData();
+            retained.rowSort = isSorted ? model.getRowSortData() : before.rowSort;
+            retained.colSort = isSorted ? model.getColSortData() : before.colSort;
         }
         reloads.insert(table, retained);
     }
@@ -160,23 +171,67 @@ void MainWindow::endReload(TableView* table) {
     if (!reloads.contains(table)) {
         return;
     }
-    Retained const retained = reloads.take(table);
-    sortAgain(table, retained.rowSort, retained.colSort);
-    table->horizontalScrollBar()->setValue(retained.scroll.x());
-    table->verticalScrollBar()->setValue(retained.scroll.y());
+    reloads[table].isRead = true;
+    scrollTo(table, reloads[table].scroll);
+    sortWhenStill(table);
+}
+
+// The user may have begun a text in the table, and goes on with it after a pause.
+void MainWindow::sortWhenStill(TableView* table) {
+    TypingGuard::whenStill(table, [this, table] {
+        if (!table->isEditing()) {
+            sortAgain(table);
+            return;
+        }
+        auto const later = [this, table] { sortWhenStill(table); };
+        connect(
+            table, &TableView::removeContextSignal, table,
+            [table, later] { QMetaObject::invokeMethod(table, later, Qt::QueuedConnection); },
+            Qt::SingleShotConnection);
+    });
 }
 
 // The file has another order than the table then, which a save would change, so the table counts as changed and the
 // sort can be undone. It is no edit to ask about before the next reload, though, and nothing that writes the file.
-void MainWindow::sortAgain(TableView* table, SortData const& rows, SortData const& cols) {
+void MainWindow::sortAgain(TableView* table) {
+    if (table->isLoading() || !reloads.value(table).isRead) {
+        return;
+    }
+    Retained const retained = reloads.take(table);
     TableModel& model = *table->tableModel();
+    bool const untouched = table->undoStack()->count() == 0;
+    QPoint const place(table->horizontalScrollBar()->value(), table->verticalScrollBar()->value());
     model.setSaveAfterEachEdit(false);
-    bool moved = rows.index < model.columnCountRaw() && table->sortRowsOrCols(rows);
-    moved = (cols.index < model.rowCountRaw() && table->sortRowsOrCols(cols)) || moved;
+    bool moved = false;
+    for (SortData const& sort : {retained.rowSort, retained.colSort}) {
+        SortData const& present = sort.axis == Axis::Rows ? model.getRowSortData() : model.getColSortData();
+        if (present.sortType == SortType::None) { // else the user has sorted meanwhile
+            moved = table->sortRowsOrCols(sort) || moved;
+            tellIfNotSorted(table, sort);
+        }
+    }
     model.setSaveAfterEachEdit(settings.getValueBool(SettingType::SaveAfterEachEdit));
+    scrollTo(table, place);
+    if (!untouched) {
+        return;
+    }
     if (moved) {
         onlySortedSinceReload.insert(table);
     } else if (!table->undoStack()->isClean()) {
         table->undoStack()->setClean();
     }
+}
+
+void MainWindow::tellIfNotSorted(TableView const* table, SortData const& sort) {
+    constexpr int displayMs = 20000;
+    TableModel const& model = *table->tableModel();
+    SortData const& present = sort.axis == Axis::Rows ? model.getRowSortData() : model.getColSortData();
+    if (sort.sortType != SortType::None && present != sort) {
+        labelBar->showMessage(tr("%1 was read again and is not sorted any more.").arg(model.getTableName()), displayMs);
+    }
+}
+
+void MainWindow::scrollTo(TableView* table, QPoint const& place) {
+    table->horizontalScrollBar()->setValue(place.x());
+    table->verticalScrollBar()->setValue(place.y());
 }

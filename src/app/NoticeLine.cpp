@@ -8,6 +8,14 @@
 
 #include <utility>
 
+namespace {
+
+bool isPlain(QKeyEvent const& key) {
+    return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+}
+
+} // namespace
+
 NoticeLine::NoticeLine(QString const& action, QWidget* parent)
     : QFrame(parent), label(new QLabel(this)), row(new QBoxLayout(QBoxLayout::LeftToRight, this)),
       buttons(new QBoxLayout(QBoxLayout::LeftToRight)) {
@@ -36,7 +44,7 @@ QPushButton* NoticeLine::addButton(QString const& text) {
 void NoticeLine::tell(QString const& newSentence, QStringList const& newPaths) {
     sentence = newSentence;
     paths = newPaths;
-    told = sentence.arg(paths.join(QStringLiteral(", ")));
+    told = withPaths(paths);
     label->setAccessibleName(told);
     label->setAccessibleDescription(told);
     label->setToolTip(QStringLiteral("<p>%1</p>").arg(told.toHtmlEscaped()));
@@ -44,6 +52,10 @@ void NoticeLine::tell(QString const& newSentence, QStringList const& newPaths) {
     show();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+QString NoticeLine::withPaths(QStringList const& shown) const {
+    return shown.isEmpty() ? sentence : sentence.arg(shown.join(QStringLiteral(", ")));
 }
 
 /// All of them side by side, in pixels.
@@ -76,7 +88,7 @@ void NoticeLine::arrange() {
             wrapping[1] = mayNotBreak; // the root's slash alone says nothing
         shown << wrapping;
     }
-    QString const text = sentence.arg(shown.join(QStringLiteral(", ")));
+    QString const text = withPaths(shown);
     if (label->text() != text) {
         label->setText(text);
     }
@@ -87,10 +99,19 @@ void NoticeLine::resizeEvent(QResizeEvent* event) {
     arrange();
 }
 
+// Also those that a button has left over.
+bool NoticeLine::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && isPlain(*static_cast<QKeyEvent const*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QFrame::event(event);
+}
+
 void NoticeLine::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
         emit leftSignal();
-    } else {
+    } else if (!isPlain(*event)) {
         QFrame::keyPressEvent(event);
     }
 }

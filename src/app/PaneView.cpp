@@ -79,12 +79,15 @@ void PaneView::removeTable(TableView* table) {
 }
 
 void PaneView::setActiveTable(TableView* table) {
-    Page const* const page = pageOf(table);
-    if (page == nullptr || table == activeTable) {
+    if (table == activeTable) {
         return;
     }
     if (activeTable != nullptr && activeTable->isEditing()) {
-        activeTable->stopEditing();
+        activeTable->stopEditing(); // may ask
+    }
+    Page const* const page = pageOf(table);
+    if (page == nullptr) {
+        return;
     }
     activeTable = table;
     pages->setCurrentWidget(page->stack);

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -113,7 +114,7 @@ void PaneView::onMainCellChanged(Range const& mainCell) {
     shownCell = mainCell;
     TableModel const& model = *activeTable->tableModel();
     editorPane->setReadOnly(model.isReadOnly() || model.isLoading());
-    QString const text = mainCell.value.toString();
+    QString const text = mainCell.value().toString();
     if (sameCell && loader->isShowing(text))
         return;
     typedDuringLoad = false;
@@ -163,7 +164,7 @@ void PaneView::onEditorPaneTextChanged() {
         typedDuringLoad = true;
         return;
     }
-    QString const text = editorPane->toPlainText();
+    QString const text = loader->text();
     // The focus can come to the pane without a click.
     if (!activeTable->getPendingEdit()) {
         keepPaneText = true;
@@ -176,12 +177,12 @@ void PaneView::onEditorPaneTextChanged() {
 void PaneView::onEditingFinished() {
     if (activeTable == nullptr)
         return;
-    QWidget* const focused = QApplication::focusWidget();
-    activeTable->stopEditing(true);
+    QPointer<QWidget> const focused = QApplication::focusWidget();
+    activeTable->stopEditing(true); // may ask
     // A click that has ended the edit has given the focus to where it went.
-    if (focused != nullptr && focused != editorPane)
+    if (focused && focused != editorPane)
         focused->setFocus(Qt::MouseFocusReason);
-    else
+    else if (activeTable != nullptr)
         activeTable->setFocus();
 }
 

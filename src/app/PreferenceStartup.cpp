@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QSettings>
 
+#include <cstdio>
 #include <iterator>
 
 namespace {
@@ -20,25 +21,34 @@ QString versionKey() {
 
 struct PreferenceFile {
     QString (*path)();
-    bool (*isValid)();
+    PreferenceFiles::FileTest (*examine)();
     bool (*make)();
     bool (*update)(Commands&);
 };
 
 // The order in which they are seen to.
 constexpr PreferenceFile files[] = {
-    {Utilities::getSettingsFilepath, PreferenceFiles::testSettingsFileValidity, PreferenceFiles::makeSettingsFile,
+    {Utilities::getSettingsFilepath, PreferenceFiles::examineSettingsFile, PreferenceFiles::makeSettingsFile,
      [](Commands&) { return PreferenceFiles::updateSettingsFile(); }},
-    {Utilities::getShortcutsFilepath, PreferenceFiles::testShortcutsFileValidity, PreferenceFiles::makeShortcutsFile,
+    {Utilities::getShortcutsFilepath, PreferenceFiles::examineShortcutsFile, PreferenceFiles::makeShortcutsFile,
      PreferenceFiles::updateShortcutsFile},
-    {Utilities::getExtensionsFilepath, PreferenceFiles::testExtensionsFileValidity, PreferenceFiles::makeExtensionsFile,
+    {Utilities::getExtensionsFilepath, PreferenceFiles::examineExtensionsFile, PreferenceFiles::makeExtensionsFile,
      [](Commands&) { return PreferenceFiles::updateExtensionsFile(); }},
 };
 
-/// Also a link that leads nowhere: a file must not be written through it unasked.
-bool isThere(QString const& path) {
-    QFileInfo const info(path);
-    return info.exists() || info.isSymLink();
+/// Gives a file another name in its folder, which says what it is. False if that fails, and it stays.
+bool setAside(QString const& path) {
+    QFileInfo const file(path);
+    constexpr int most = 100;
+    for (int number = 1; number <= most; ++number) {
+        QString const mark = number == 1 ? QStringLiteral("damaged") : QStringLiteral("damaged %1").arg(number);
+        QString const aside =
+            QStringLiteral("%1/%2 - %3.%4").arg(file.path(), file.completeBaseName(), mark, file.suffix());
+        if (PreferenceFiles::isMissing(aside)) {
+            return QFile::rename(path, aside);
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -67,22 +77,22 @@ void PreferenceStartup::handleAppDataInRedundantFolders() const {
     }
     for (QFileInfo const& file : redundant.entryInfoList(QDir::Files | QDir::Hidden)) {
         QString const target = directory + QLatin1Char('/') + file.fileName();
-        QFile::remove(target);
-        if (!QFile::rename(file.absoluteFilePath(), target)) {
+        if (std::rename(QFile::encodeName(file.absoluteFilePath()).constData(),
+                        QFile::encodeName(target).constData()) != 0) {
             return; // What cannot be moved stays where it is, with its folder.
         }
     }
     redundant.removeRecursively();
 }
 
-// A damaged file is replaced. What cannot even be read, such as a folder of that name or another's file, may not be
-// what it seems, and is left alone.
+// A file that was read whole and is none of ours makes room for a new one. What cannot be read, such as a folder of
+// that name, another's file or one on a disk that fails, may not be what it seems, and is left alone.
 void PreferenceStartup::createOrTestFiles() {
     for (std::size_t i = 0; i < std::size(files); ++i) {
         PreferenceFile const& file = files[i];
-        existed[i] = isThere(file.path());
-        bool const damaged = existed[i] && PreferenceFiles::isReadable(file.path()) && !file.isValid();
-        if (damaged || !existed[i]) {
+        existed[i] = !PreferenceFiles::isMissing(file.path());
+        bool const damaged = existed[i] && file.examine() == PreferenceFiles::FileTest::Damaged;
+        if (!existed[i] || (damaged && setAside(file.path()))) {
             file.make();
         }
     }
@@ -90,7 +100,7 @@ void PreferenceStartup::createOrTestFiles() {
 
 void PreferenceStartup::createMissingFiles() {
     for (PreferenceFile const& file : files) {
-        if (!isThere(file.path())) {
+        if (PreferenceFiles::isMissing(file.path())) {
             file.make();
         }
     }

@@ -110,9 +110,26 @@ bool WatchedFiles::holdsBackAutoSave(QString const& path) {
     return true;
 }
 
+bool WatchedFiles::isHeedingChanges() const {
+    return tables.behavior() != RefreshBehavior::Ignore;
+}
+
+// The file was written between the look at it and the moment in which it was to be replaced, or while it was read.
+void WatchedFiles::onSaveRefused(QString const& path) {
+    lastSeen.remove(path);
+    holdsBackSave(path);
+}
+
+void WatchedFiles::onAutoSaveRefused(QString const& path) {
+    lastSeen.remove(path);
+    holdsBackAutoSave(path);
+}
+
 bool WatchedFiles::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == AutoSaveEvent::eventType()) {
-        event->setAccepted(!holdsBackAutoSave(static_cast<AutoSaveEvent const*>(event)->getPath()));
+        auto* const begun = static_cast<AutoSaveEvent*>(event);
+        begun->setHeedsChanges(isHeedingChanges());
+        begun->setAccepted(!holdsBackAutoSave(begun->getPath()));
     }
     return QObject::eventFilter(watched, event);
 }

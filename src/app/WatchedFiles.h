@@ -58,6 +58,12 @@ public:
     bool holdsBackSave(QString const& path);
     /// The same for a save that the user did not ask for, which can run amid an edit: it goes out later.
     bool holdsBackAutoSave(QString const& path);
+    /// Whether changes by other programs are told at all.
+    bool isHeedingChanges() const;
+    /// A save has found another file than the one that its table knows. What is to be done about that goes out at once.
+    void onSaveRefused(QString const& path);
+    /// The same of an automatic save: it goes out later.
+    void onAutoSaveRefused(QString const& path);
     /// Ignores the automatic saves, of the table models it is installed on, which have to wait.
     bool eventFilter(QObject* watched, QEvent* event) override;
     /// The file is about to be read again by the program.

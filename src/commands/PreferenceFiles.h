@@ -17,6 +17,9 @@ class TableModel;
 /// was, if that fails.
 namespace PreferenceFiles {
 
+/// How a preference file has stood a test. Only one that was read whole can be found damaged.
+enum class FileTest { Sound, Damaged, Unread };
+
 // Settings (PreferenceFiles_Settings.cpp).
 
 /// Fills an empty model with the table of settings.
@@ -24,6 +27,7 @@ void makeSettingsTable(TableModel& model, Settings const& settings);
 bool makeSettingsFile();
 bool makeSettingsFile(Settings const& settings);
 /// Whether the file has its row of titles.
+FileTest examineSettingsFile();
 bool testSettingsFileValidity();
 /// Writes the file anew with the settings of this version and the user's values; from defaults if it has no titles. A
 /// missing file stays missing.
@@ -40,6 +44,7 @@ void addUserSettings(TableModel const& model, Settings& settings);
 void makeShortcutsTable(TableModel& model, Commands const& commands);
 bool makeShortcutsFile();
 bool makeShortcutsFile(Commands const& commands);
+FileTest examineShortcutsFile();
 bool testShortcutsFileValidity();
 /// As updateSettingsFile. The user's shortcuts are put in force in `commands`.
 bool updateShortcutsFile(Commands& commands);
@@ -51,6 +56,7 @@ void addUserShortcuts(TableModel const& model, Commands& commands);
 
 void makeExtensionsTable(TableModel& model, std::vector<ExtensionData> const& rows);
 bool makeExtensionsFile();
+FileTest examineExtensionsFile();
 bool testExtensionsFileValidity();
 bool updateExtensionsFile();
 /// The rows of the table, in its order; rows for "csv" and "tsv" follow if they are not among them.

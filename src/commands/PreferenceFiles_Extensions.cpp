@@ -133,11 +133,13 @@ bool PreferenceFiles::makeExtensionsFile() {
     return writeFile(ExtensionTable::defaultRows());
 }
 
+PreferenceFiles::FileTest PreferenceFiles::examineExtensionsFile() {
+    return examine(Utilities::getExtensionsFilepath(),
+                   {"Extension", "Delimiter", "Line Ending", "Encoding", "Parsing Standard"});
+}
+
 bool PreferenceFiles::testExtensionsFileValidity() {
-    TableModel model;
-    return load(model, Utilities::getExtensionsFilepath()) &&
-           PreferenceTable(model, {"Extension", "Delimiter", "Line Ending", "Encoding", "Parsing Standard"})
-               .hasTitles();
+    return examineExtensionsFile() == FileTest::Sound;
 }
 
 bool PreferenceFiles::updateExtensionsFile() {

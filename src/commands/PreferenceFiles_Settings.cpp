@@ -64,9 +64,12 @@ bool PreferenceFiles::makeSettingsFile(Settings const& settings) {
     return save(model, Utilities::getSettingsFilepath());
 }
 
+PreferenceFiles::FileTest PreferenceFiles::examineSettingsFile() {
+    return examine(Utilities::getSettingsFilepath(), titles());
+}
+
 bool PreferenceFiles::testSettingsFileValidity() {
-    TableModel model;
-    return load(model, Utilities::getSettingsFilepath()) && PreferenceTable(model, titles()).hasTitles();
+    return examineSettingsFile() == FileTest::Sound;
 }
 
 bool PreferenceFiles::updateSettingsFile() {
@@ -82,7 +85,7 @@ bool PreferenceFiles::updateSettingsFile() {
 QString PreferenceFiles::writeSettingToFile(Settings const& settings, SettingType type) {
     QString const path = Utilities::getSettingsFilepath();
     TableModel model;
-    if (!QFileInfo::exists(path) && !QFileInfo(path).isSymLink()) {
+    if (isMissing(path)) {
         QDir().mkpath(QFileInfo(path).absolutePath());
         makeSettingsTable(model, settings);
         return save(model, path) ? QString() : model.getLastSaveError();

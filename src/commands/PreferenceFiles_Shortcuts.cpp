@@ -67,9 +67,12 @@ bool PreferenceFiles::makeShortcutsFile(Commands const& commands) {
     return save(model, Utilities::getShortcutsFilepath());
 }
 
+PreferenceFiles::FileTest PreferenceFiles::examineShortcutsFile() {
+    return examine(Utilities::getShortcutsFilepath(), titles());
+}
+
 bool PreferenceFiles::testShortcutsFileValidity() {
-    TableModel model;
-    return load(model, Utilities::getShortcutsFilepath()) && PreferenceTable(model, titles()).hasTitles();
+    return examineShortcutsFile() == FileTest::Sound;
 }
 
 bool PreferenceFiles::updateShortcutsFile(Commands& commands) {

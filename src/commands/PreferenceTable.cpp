@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
+#include <sys/stat.h>
+
 namespace {
 
 constexpr int searchedLines = 100; // rows and columns in which the titles are looked for
@@ -47,7 +50,25 @@ bool PreferenceFiles::load(TableModel& model, QString const& path) {
 }
 
 bool PreferenceFiles::save(TableModel& model, QString const& path) {
-    return model.saveCSV(path, false, false);
+    SaveRequest request = SaveRequest::unchecked(path);
+    if (model.getFilepath() == path) {
+        request.file.expected = model.getFileStamp();
+    }
+    return model.save(request).isSaved();
+}
+
+bool PreferenceFiles::isMissing(QString const& path) {
+    struct stat status;
+    return ::lstat(QFile::encodeName(path).constData(), &status) != 0 && errno == ENOENT;
+}
+
+PreferenceFiles::FileTest PreferenceFiles::examine(QString const& path, std::vector<QString> const& titles,
+                                                   int required) {
+    TableModel model;
+    if (!load(model, path)) {
+        return FileTest::Unread;
+    }
+    return PreferenceTable(model, titles, required).hasTitles() ? FileTest::Sound : FileTest::Damaged;
 }
 
 void PreferenceFiles::writeRow(TableModel& model, int row, int col, QStringList const& texts) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "commands/PreferenceFiles.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -38,9 +40,14 @@ bool isReadable(QString const& path);
 /// Reads a preference file into a model without a view. False, with an empty model, for one that is not readable.
 bool load(TableModel& model, QString const& path);
 
-/// Writes a bare model as a preference file, by replacing it as a whole. False if that fails; the file then stays as it
-/// was.
+/// Writes a bare model as a preference file, by replacing it as a whole. Fails, and leaves the file as it is, if the
+/// model was read from that file and it is another one by now.
 bool save(TableModel& model, QString const& path);
+/// Whether the system says that there is nothing at the path, not even a link; not if it fails to say.
+bool isMissing(QString const& path);
+
+/// Whether the file has a row with at least `required` of the titles (-1: all).
+FileTest examine(QString const& path, std::vector<QString> const& titles, int required = -1);
 
 /// Puts texts into a row of a bare model, from the given column on; empty ones are left out.
 void writeRow(TableModel& model, int row, int col, QStringList const& texts);

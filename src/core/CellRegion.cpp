@@ -48,7 +48,31 @@ CellRegion CellRegion::ofCells(std::vector<std::pair<int, int>> cells) {
 }
 
 CellRegion CellRegion::ofRects(std::vector<CellRect> const& rects) {
-    return unite(rects, 0, rects.size());
+    // Most come in order: each band of them lies below the one before, or goes on from it in the same columns.
+    CellRegion region;
+    Runs runsBeside;
+    for (std::size_t i = 0; i < rects.size();) {
+        auto const [top, left, bottom, right] = rects[i];
+        runsBeside.clear();
+        for (; i < rects.size() && rects[i].top == top && rects[i].bottom == bottom; ++i) {
+            CellRect const& rect = rects[i];
+            if (rect.isEmpty() || (!runsBeside.empty() && rect.left < runsBeside.back().first))
+                return unite(rects, 0, rects.size());
+            if (!runsBeside.empty() && rect.left <= std::int64_t(runsBeside.back().last) + 1)
+                runsBeside.back().last = std::max(runsBeside.back().last, rect.right);
+            else
+                runsBeside.push_back({rect.left, rect.right});
+        }
+        Band* const above = region.bands.empty() ? nullptr : &region.bands.back();
+        if (!above || top > above->bottom)
+            region.append(top, bottom, runsBeside);
+        else if (top >= above->top && std::equal(region.runs.begin() + std::ptrdiff_t(above->begin), region.runs.end(),
+                                                 runsBeside.begin(), runsBeside.end()))
+            above->bottom = std::max(above->bottom, bottom);
+        else
+            return unite(rects, 0, rects.size());
+    }
+    return region;
 }
 
 CellRegion CellRegion::unite(std::vector<CellRect> const& rects, std::size_t begin, std::size_t end) {

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -194,4 +195,29 @@ EncodingType Utilities::guessEncodingFromFile(EncodingType encoding, QString con
     if (encoding == EncodingType::Utf16)
         return bigEndian ? EncodingType::Utf16GuessedBE : EncodingType::Utf16GuessedLE;
     return bigEndian ? EncodingType::Utf32GuessedBE : EncodingType::Utf32GuessedLE;
+}
+
+EncodingType Utilities::getEncodingFromMark(QString const& path) {
+    QFile file(path);
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
+        return EncodingType::Invalid;
+    return getEncodingOfMark(file.read(4).toStdString());
+}
+
+// The mark of UTF-32LE begins with that of UTF-16LE.
+EncodingType Utilities::getEncodingOfMark(std::string_view startOfFile) {
+    for (auto const& [encoding, guessed] : {std::pair(EncodingType::Utf32LE, EncodingType::Utf32GuessedLE),
+                                            std::pair(EncodingType::Utf32BE, EncodingType::Utf32GuessedBE),
+                                            std::pair(EncodingType::Utf16LE, EncodingType::Utf16GuessedLE),
+                                            std::pair(EncodingType::Utf16BE, EncodingType::Utf16GuessedBE)}) {
+        std::vector<char> const mark = getEncodingBom(encoding);
+        if (startOfFile.starts_with(std::string_view(mark.data(), mark.size())))
+            return guessed;
+    }
+    return EncodingType::Invalid;
+}
+
+bool Utilities::contradictsMark(EncodingType encoding, EncodingType marked) {
+    return marked != EncodingType::Invalid && encoding != EncodingType::Utf16 && encoding != EncodingType::Utf32 &&
+           getEncodingBom(encoding) != getEncodingBom(marked);
 }

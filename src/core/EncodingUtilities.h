@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <string_view>
 #include <vector>
 
 // The vocabulary of the 44 encodings. For EncodingType::Invalid all names and marks are empty, the width is 1.
@@ -40,5 +41,12 @@ QStringList getEncodingStringList();
 /// file's first 1000 bytes lie, little-endian in doubt. Any other encoding, and that of a file that cannot be opened,
 /// comes back as given.
 EncodingType guessEncodingFromFile(EncodingType encoding, QString const& path);
+
+/// The encoding whose mark of two or four bytes a file begins with: one of UTF-16 or UTF-32. Invalid if there is no
+/// such mark, or the file cannot be opened.
+EncodingType getEncodingFromMark(QString const& path);
+EncodingType getEncodingOfMark(std::string_view startOfFile);
+/// Whether a mark of `marked` says that a file is in another encoding than `encoding`, which its name promises.
+bool contradictsMark(EncodingType encoding, EncodingType marked);
 
 } // namespace Utilities

@@ -30,6 +30,10 @@ QString Utilities::getTutorialFilepath() {
     return getAppDataLocation() + "/Tutorial (Fake Data).csv";
 }
 
+QString Utilities::getConfigFilepath() {
+    return getAppDataLocation() + QLatin1String("/Gridwright.ini");
+}
+
 bool Utilities::isPreferenceFilepath(QString const& path) {
     return path.contains(settingsName) || path.contains(shortcutsName) || path.contains(extensionsName);
 }

@@ -12,6 +12,8 @@ QString getSettingsFilepath();
 QString getShortcutsFilepath();
 QString getExtensionsFilepath();
 QString getTutorialFilepath();
+/// What the program remembers and is no preference, as INI.
+QString getConfigFilepath();
 
 /// Whether a path names one of the three preference files, wherever it lies.
 bool isPreferenceFilepath(QString const& path);

@@ -16,6 +16,8 @@ auto elementAt(Vector const& values, qint64 index) -> decltype(values.data()) {
 
 } // namespace
 
+RangeDetails const Range::none;
+
 Range::Range(int row, int col, RangeIndexType indexType)
     : type(RangeType::Cell), indexType(indexType), row(row), col(col) {}
 
@@ -77,20 +79,25 @@ bool Range::operator==(Range const& other) const {
     return type == other.type && (type == RangeType::None || (row == other.row && col == other.col));
 }
 
+bool Range::hasExclusions() const {
+    return details &&
+           !(details->excludedRows.empty() && details->excludedCols.empty() && details->excludedCells.empty());
+}
+
 QVariant valueAt(Range const& range, int row, int col, bool old) {
     qint64 const rowOffset = qint64(row) - range.row;
     qint64 const colOffset = qint64(col) - range.col;
     QVariant const* element = nullptr;
     if (range.type == RangeType::Row || range.type == RangeType::Column) {
         qint64 const offset = range.type == RangeType::Row ? rowOffset : colOffset;
-        element = elementAt(old ? range.lineOldValues : range.lineValues, offset);
+        element = elementAt(old ? range.lineOldValues() : range.lineValues(), offset);
     } else if (range.type == RangeType::Table) {
-        auto const* line = elementAt(old ? range.tableOldValues : range.tableValues, rowOffset);
+        auto const* line = elementAt(old ? range.tableOldValues() : range.tableValues(), rowOffset);
         element = line ? elementAt(*line, colOffset) : nullptr;
     }
     if (element)
         return *element;
-    return old ? range.oldValue : range.value;
+    return old ? range.oldValue() : range.value();
 }
 
 void copyWithoutValues(Range& to, Range const& from) {
@@ -102,9 +109,9 @@ void copyWithoutValues(Range& to, Range const& from) {
     to.mainIndex = from.mainIndex;
     to.mainRow = from.mainRow;
     to.mainCol = from.mainCol;
-    to.excludedRows = from.excludedRows;
-    to.excludedCols = from.excludedCols;
-    to.excludedCells = from.excludedCells;
+    to.setExcludedRows(from.excludedRows());
+    to.setExcludedCols(from.excludedCols());
+    to.setExcludedCells(from.excludedCells());
 }
 
 bool sortRangeRowAscending(Range const& a, Range const& b) {

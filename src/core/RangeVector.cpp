@@ -50,9 +50,9 @@ int RangeVector::numCells() const {
         if (range.type == RangeType::Cell)
             ++count;
         else if (range.type == RangeType::Row || range.type == RangeType::Column)
-            count += range.lineOldValues.size();
-        else if (range.type == RangeType::Table && !range.tableOldValues.empty())
-            count += range.tableOldValues.size() * range.tableOldValues.front().size();
+            count += range.lineOldValues().size();
+        else if (range.type == RangeType::Table && !range.tableOldValues().empty())
+            count += range.tableOldValues().size() * range.tableOldValues().front().size();
     }
     return static_cast<int>(count);
 }

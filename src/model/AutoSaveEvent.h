@@ -16,7 +16,11 @@ public:
         return type;
     }
     QString const& getPath() const { return path; }
+    /// Whether the save is to leave a file alone that is another one than the model knows. So unless told otherwise.
+    bool heedsChanges() const { return heeding; }
+    void setHeedsChanges(bool on) { heeding = on; }
 
 private:
     QString path; ///< of the file that is to be written
+    bool heeding = true;
 };

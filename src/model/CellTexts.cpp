@@ -59,8 +59,9 @@ CellPatch changedTexts(TableModel const& model, RangeSet const& ranges, TextChan
         QString const changed = change(text);
         if (changed == text)
             return;
-        AbstractDataContainer::Bytes const bytes = codec.encode(changed);
-        patch.add(rawRow, rawCol, {bytes.data(), bytes.size()});
+        bool loses = false;
+        AbstractDataContainer::Bytes const bytes = codec.encode(changed, &loses);
+        patch.add(rawRow, rawCol, {bytes.data(), bytes.size()}, loses);
     });
     return patch;
 }
@@ -102,13 +103,18 @@ RangeVector transposedRanges(RangeVector const& ranges) {
         if (range.type == RangeType::Row || range.type == RangeType::Column)
             moved.type = range.type == RangeType::Row ? RangeType::Column : RangeType::Row;
         std::swap(moved.mainRow, moved.mainCol);
-        std::swap(moved.excludedRows, moved.excludedCols);
-        for (int& row : moved.excludedRows)
+        std::vector<int> rows = range.excludedCols();
+        for (int& row : rows)
             row += corner.row - corner.col;
-        for (int& col : moved.excludedCols)
+        moved.setExcludedRows(std::move(rows));
+        std::vector<int> cols = range.excludedRows();
+        for (int& col : cols)
             col += corner.col - corner.row;
-        for (auto& [row, col] : moved.excludedCells)
+        moved.setExcludedCols(std::move(cols));
+        std::vector<std::pair<int, int>> cells = range.excludedCells();
+        for (auto& [row, col] : cells)
             std::tie(row, col) = corner.transpose(row, col);
+        moved.setExcludedCells(std::move(cells));
     }
     return result;
 }

@@ -2,17 +2,9 @@
 
 #include <algorithm>
 
-namespace {
-
-bool hasExclusions(LineRun const& run) {
-    Range const& range = run.range;
-    return !range.excludedRows.empty() || !range.excludedCols.empty() || !range.excludedCells.empty();
-}
-
-} // namespace
-
 CellRegion leftOutCells(RangeSet const& ranges, GridSize grid) {
-    if (std::none_of(ranges.lines().begin(), ranges.lines().end(), hasExclusions))
+    if (std::none_of(ranges.lines().begin(), ranges.lines().end(),
+                     [](LineRun const& run) { return run.range.hasExclusions(); }))
         return {};
     return ranges.coverage(grid, false) - ranges.coverage(grid, true);
 }

@@ -16,6 +16,10 @@ QString tr(char const* text) {
     return QCoreApplication::translate("LossyCells", text);
 }
 
+QString nameOf(EncodingType encoding) {
+    return QString::fromLatin1(Utilities::convertEncodingTypeToCodecName(encoding));
+}
+
 } // namespace
 
 CellRegion LossyCells::find(TableModel const& model, EncodingType encoding, bool visibleOnly) {
@@ -39,9 +43,17 @@ CellRegion LossyCells::find(TableModel const& model, EncodingType encoding, bool
 }
 
 QString LossyCells::sentence(qint64 count, EncodingType encoding) {
-    QString const name = QString::fromLatin1(Utilities::convertEncodingTypeToCodecName(encoding));
+    QString const name = nameOf(encoding);
     return count == 1 ? tr("1 cell holds characters that %1 cannot carry.").arg(name)
                       : tr("%1 cells hold characters that %2 cannot carry.").arg(QString::number(count), name);
+}
+
+QString LossyCells::notice(qint64 count, EncodingType encoding) {
+    QString const name = nameOf(encoding);
+    return count == 1
+               ? tr("The text of 1 cell holds characters that %1 cannot carry; they were written as \"?\".").arg(name)
+               : tr("The texts of %1 cells hold characters that %2 cannot carry; they were written as \"?\".")
+                     .arg(QString::number(count), name);
 }
 
 bool LossyCells::select(TableModel& model, CellRegion const& cells) {

@@ -14,6 +14,8 @@ namespace LossyCells {
 CellRegion find(TableModel const& model, EncodingType encoding, bool visibleOnly);
 /// Tells how many cells the encoding cannot carry.
 QString sentence(qint64 count, EncodingType encoding);
+/// Tells that so many cells have been given texts that the encoding cannot carry.
+QString notice(qint64 count, EncodingType encoding);
 /// Selects those of the cells, which are Raw, that are in sight. False if none is.
 bool select(TableModel& model, CellRegion const& cells);
 

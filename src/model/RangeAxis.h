@@ -14,8 +14,9 @@ struct RangeAxis {
     int Range::*position;
     RangeType lineType;  ///< a whole line
     RangeType crossType; ///< one position in every line
-    std::vector<int> Range::*excludedLines;
-    std::vector<int> Range::*excludedPositions;
+    std::vector<int> const& (Range::*excludedLines)() const;
+    std::vector<int> const& (Range::*excludedPositions)() const;
+    void (Range::*setExcludedPositions)(std::vector<int>);
     int std::pair<int, int>::*cellLine; ///< of an excluded cell
     int std::pair<int, int>::*cellPosition;
     int GridSize::*lineCount;
@@ -36,6 +37,7 @@ inline constexpr RangeAxis rowsAxis{&Range::row,
                                     RangeType::Column,
                                     &Range::excludedRows,
                                     &Range::excludedCols,
+                                    &Range::setExcludedCols,
                                     &std::pair<int, int>::first,
                                     &std::pair<int, int>::second,
                                     &GridSize::rows,
@@ -47,6 +49,7 @@ inline constexpr RangeAxis colsAxis{&Range::col,
                                     RangeType::Row,
                                     &Range::excludedCols,
                                     &Range::excludedRows,
+                                    &Range::setExcludedRows,
                                     &std::pair<int, int>::second,
                                     &std::pair<int, int>::first,
                                     &GridSize::cols,

@@ -57,15 +57,15 @@ void RangeContents::writeCell(Range const& range, Writing const& writing) {
     if (range == writing.skipCell)
         return;
     growTo(range.indexType, range.row, range.col);
-    put(range.indexType, range.row, range.col, writing.useOldValues ? range.oldValue : range.value,
+    put(range.indexType, range.row, range.col, writing.useOldValues ? range.oldValue() : range.value(),
         writing.emitChanges);
 }
 
 void RangeContents::writeLine(Range const& range, Writing const& writing) {
     bool const isRow = range.type == RangeType::Row;
     growTo(range.indexType, isRow ? range.row : -1, isRow ? -1 : range.col);
-    auto const& values = writing.useOldValues ? range.lineOldValues : range.lineValues;
-    std::vector<int> excluded = isRow ? range.excludedCols : range.excludedRows;
+    auto const& values = writing.useOldValues ? range.lineOldValues() : range.lineValues();
+    std::vector<int> excluded = isRow ? range.excludedCols() : range.excludedRows();
     std::sort(excluded.begin(), excluded.end());
 
     int const start = isRow ? range.col : range.row;
@@ -83,11 +83,11 @@ void RangeContents::writeLine(Range const& range, Writing const& writing) {
     }
     int const end = isRow ? model.columnCount() : model.rowCount();
     for (; position < end; ++position)
-        putAt(position, range.value);
+        putAt(position, range.value());
 }
 
 void RangeContents::writeTable(Range const& range, Writing const& writing) {
-    auto const& values = writing.useOldValues ? range.tableOldValues : range.tableValues;
+    auto const& values = writing.useOldValues ? range.tableOldValues() : range.tableValues();
     auto const putAt = [&](int row, int col, QVariant const& value) {
         if (!isCell(writing.skipCell, row, col))
             put(range.indexType, row, col, value, writing.emitChanges);
@@ -101,14 +101,14 @@ void RangeContents::writeTable(Range const& range, Writing const& writing) {
                 putAt(row, col++, value);
         }
         for (; col < endCol && row < model.rowCount(); ++col)
-            putAt(row, col, range.value);
+            putAt(row, col, range.value());
     }
 }
 
 void RangeContents::writeExisting(RangeVector const& ranges, bool useOldValues) {
     for (Range const& range : ranges) {
         if (range.type == RangeType::Cell) {
-            put(range.indexType, range.row, range.col, useOldValues ? range.oldValue : range.value, false);
+            put(range.indexType, range.row, range.col, useOldValues ? range.oldValue() : range.value(), false);
             model.emitCellChanged(range);
         }
     }
@@ -121,11 +121,11 @@ void RangeContents::read(TableModel const& model, Range& range, bool fillValue, 
     bool const isRaw = range.indexType == RangeIndexType::Raw;
     int const endRow = isRaw ? model.rowCountRaw() : model.rowCount();
     int const endCol = isRaw ? model.columnCountRaw() : model.columnCount();
-    auto const fill = [&](auto& value, auto& oldValue, auto content) {
+    auto const fill = [&](auto setValue, auto setOldValue, auto content) {
         if (fillOld)
-            oldValue = content;
+            (range.*setOldValue)(content);
         if (fillValue)
-            value = std::move(content);
+            (range.*setValue)(std::move(content));
     };
     auto const get = [&, isRaw](int row, int col) {
         TableData const& data = model.getTableData();
@@ -139,19 +139,19 @@ void RangeContents::read(TableModel const& model, Range& range, bool fillValue, 
     };
 
     if (range.type == RangeType::Cell) {
-        fill(range.value, range.oldValue, get(range.row, range.col));
+        fill(&Range::setValue, &Range::setOldValue, get(range.row, range.col));
     } else if (range.type == RangeType::Row) {
-        fill(range.lineValues, range.lineOldValues, rowFrom(range.row));
+        fill(&Range::setLineValues, &Range::setLineOldValues, rowFrom(range.row));
     } else if (range.type == RangeType::Column) {
         std::vector<QVariant> values;
         for (int row = range.row; row < endRow; ++row)
             values.push_back(get(row, range.col));
-        fill(range.lineValues, range.lineOldValues, std::move(values));
+        fill(&Range::setLineValues, &Range::setLineOldValues, std::move(values));
     } else {
         std::vector<std::vector<QVariant>> rows;
         for (int row = range.row; row < endRow; ++row)
             rows.push_back(rowFrom(row));
-        fill(range.tableValues, range.tableOldValues, std::move(rows));
+        fill(&Range::setTableValues, &Range::setTableOldValues, std::move(rows));
     }
 }
 

@@ -104,9 +104,9 @@ std::vector<RangeVector> RangeExpansion::cellsByLines(Axis axis, RangeVector con
         Range cell = source.type == RangeType::Cell ? source : Range(place->row, place->col, RangeIndexType::Model);
         cell.hasMainCell = isMainCell(source, place->row, place->col);
         if (value)
-            cell.value = value(place->row, place->col);
+            cell.setValue(value(place->row, place->col));
         if (oldValue)
-            cell.oldValue = oldValue(place->row, place->col);
+            cell.setOldValue(oldValue(place->row, place->col));
         lines.back().push_back(std::move(cell));
     }
     return lines;
@@ -136,8 +136,8 @@ RangeVector RangeExpansion::cellsOnly(RangeVector const& ranges) const {
         }
         forEachCell(range, rows, cols, [&](int row, int col) {
             Range cell(row, col, range.indexType);
-            cell.value = heldValue(range, range.lineValues, range.tableValues, row, col);
-            cell.oldValue = heldValue(range, range.lineOldValues, range.tableOldValues, row, col);
+            cell.setValue(heldValue(range, range.lineValues(), range.tableValues(), row, col));
+            cell.setOldValue(heldValue(range, range.lineOldValues(), range.tableOldValues(), row, col));
             cell.hasMainCell = isMainCell(range, row, col);
             cells.push_back(std::move(cell));
         });

@@ -85,15 +85,15 @@ CellRect extentOf(LineRun const& run, GridSize grid) {
 CellRegion exclusionsOf(Range const& range) {
     std::vector<CellRect> out;
     if (range.type != RangeType::Row) {
-        for (int const row : range.excludedRows)
+        for (int const row : range.excludedRows())
             out.push_back({row, 0, row, INT_MAX});
     }
     if (range.type != RangeType::Column) {
-        for (int const col : range.excludedCols)
+        for (int const col : range.excludedCols())
             out.push_back({0, col, INT_MAX, col});
     }
     if (range.type == RangeType::Table) {
-        for (auto const& [row, col] : range.excludedCells)
+        for (auto const& [row, col] : range.excludedCells())
             out.push_back({row, col, row, col});
     }
     return CellRegion::ofRects(out);
@@ -116,9 +116,8 @@ void joinLines(std::vector<std::pair<int, int>>& lines) {
 } // namespace
 
 bool LineRun::isPlain() const {
-    return (range.type == RangeType::Row || range.type == RangeType::Column) && range.excludedRows.empty() &&
-           range.excludedCols.empty() && range.excludedCells.empty() && range.rowEnd == INT_MAX &&
-           range.colEnd == INT_MAX;
+    return (range.type == RangeType::Row || range.type == RangeType::Column) && !range.hasExclusions() &&
+           range.rowEnd == INT_MAX && range.colEnd == INT_MAX;
 }
 
 Range LineRun::at(int line) const {
@@ -269,8 +268,9 @@ void RangeSet::buildIndex() const {
             if (runs[i].range.type == type)
                 index.order.push_back(i);
         }
-        std::sort(index.order.begin(), index.order.end(),
-                  [this](std::size_t a, std::size_t b) { return runs[a].firstLine() < runs[b].firstLine(); });
+        auto const before = [this](std::size_t a, std::size_t b) { return runs[a].firstLine() < runs[b].firstLine(); };
+        if (!std::is_sorted(index.order.begin(), index.order.end(), before))
+            std::sort(index.order.begin(), index.order.end(), before);
         index.reach.clear();
         for (std::size_t const run : index.order)
             index.reach.push_back(std::max(index.reach.empty() ? INT_MIN : index.reach.back(), runs[run].lastLine()));

@@ -30,8 +30,8 @@ Range mainCellOf(Range const& range, bool offsetsFromStart) {
         cell.row = originRow + range.mainRow;
         cell.col = originCol + range.mainCol;
     }
-    cell.value = valueAt(range, cell.row, cell.col, false);
-    cell.oldValue = valueAt(range, cell.row, cell.col, true);
+    cell.setValue(valueAt(range, cell.row, cell.col, false));
+    cell.setOldValue(valueAt(range, cell.row, cell.col, true));
     return cell;
 }
 
@@ -90,6 +90,39 @@ void Selection::sanitizeSelection() {
     selection.setMainCell(main.row, main.col);
 }
 
+namespace {
+
+/// Adds lines of another set that keep their place in the list: only a table that was behind the cell at its start is
+/// behind the one that is there now.
+void addKept(RangeSet& ranges, LineRun const& run, RangeSet const& from) {
+    ranges.addLines(run);
+    ranges.editLines().back().behindCell = run.behindCell && from.cells().contains(run.range.row, run.range.col);
+}
+
+/// The starts on line `last` of whole rows and columns that come before each cell that is pulled back to the same
+/// place, which then belongs to them.
+CellRegion startsAhead(RangeSet const& ranges, Axis axis, int last) {
+    RangeAxis const& names = rangeAxis(axis);
+    const auto rect = [&](int first, int end, int from, int to) {
+        return axis == Axis::Rows ? CellRect{first, from, end, to} : CellRect{from, first, to, end};
+    };
+    const CellRegion cells = ranges.cells() & CellRegion(rect(last, INT_MAX, INT_MIN, INT_MAX));
+    std::vector<CellRect> starts;
+    for (LineRun const& run : ranges.lines()) {
+        if (run.range.type == names.crossType && run.range.*names.line == last)
+            starts.push_back(rect(last, last, run.firstLine(), run.lastLine()));
+        if (run.range.type != names.lineType || run.lastLine() < last)
+            continue;
+        const int position = run.position();
+        const CellRegion before(rect(last, std::max(last, run.firstLine()), position, position));
+        if ((cells & before).isEmpty())
+            starts.push_back(rect(last, last, position, position));
+    }
+    return CellRegion::ofRects(starts) - cells;
+}
+
+} // namespace
+
 bool Selection::pullBackLines(Axis axis, int last) {
     RangeAxis const& names = rangeAxis(axis);
     const bool rows = axis == Axis::Rows;
@@ -99,11 +132,21 @@ bool Selection::pullBackLines(Axis axis, int last) {
         rows ? CellRect{INT_MIN, INT_MIN, last, INT_MAX} : CellRect{INT_MIN, INT_MIN, INT_MAX, last};
     pulled.setCells(selection.cells().clampedTo(inside));
     moved = !(pulled.cells() == selection.cells());
+    if (moved)
+        pulled.setCells(pulled.cells() - startsAhead(selection, axis, last));
+    std::vector<LineRun> behind; // come after what starts on the last line already
     for (LineRun const& run : selection.lines()) {
         const bool reaches = run.range.type == names.lineType && run.lastLine() > last;
         moved = moved || reaches;
-        pulled.addLines(reaches ? run.part(std::min(run.firstLine(), last), last) : run);
+        if (reaches && run.firstLine() > last)
+            behind.push_back(run);
+        else
+            addKept(pulled, reaches ? run.part(run.firstLine(), last) : run, selection);
     }
+    std::stable_sort(behind.begin(), behind.end(),
+                     [](LineRun const& a, LineRun const& b) { return a.firstLine() < b.firstLine(); });
+    for (LineRun const& run : behind)
+        pulled.addLines(run.part(last, last));
     if (main.*names.line > last) {
         main.*names.line = last;
         moved = true;
@@ -122,7 +165,7 @@ bool Selection::dropLinesFrom(Axis axis, int count) {
     RangeSet left(selection.cells() - CellRegion(behind));
     for (LineRun const& run : selection.lines()) {
         if (run.range.type != names.lineType || run.lastLine() < count)
-            left.addLines(run);
+            addKept(left, run, selection);
         else if (run.firstLine() < count)
             left.addLines(run.part(run.firstLine(), count - 1));
     }
@@ -228,10 +271,11 @@ namespace {
 std::optional<bool> excludeFromLine(Range& range, RangeAxis const& axis, int line, int position) {
     if (range.type != axis.lineType || range.*axis.line != line || range.*axis.position > position)
         return std::nullopt;
-    std::vector<int>& excluded = range.*axis.excludedPositions;
+    std::vector<int> excluded = (range.*axis.excludedPositions)();
     if (std::find(excluded.begin(), excluded.end(), position) != excluded.end())
         return false;
     excluded.push_back(position);
+    (range.*axis.setExcludedPositions)(std::move(excluded));
     return true;
 }
 
@@ -242,10 +286,11 @@ std::optional<bool> excludeFromTable(Range& range, int row, int col) {
     const auto names = [&](std::pair<int, int> const& cell) {
         return (cell.first == row || cell.first == -1) && (cell.second == col || cell.second == -1);
     };
-    std::vector<std::pair<int, int>>& excluded = range.excludedCells;
+    std::vector<std::pair<int, int>> excluded = range.excludedCells();
     if (!rangeCoversCell(range, row, col) || std::any_of(excluded.begin(), excluded.end(), names))
         return false;
     excluded.emplace_back(row, col);
+    range.setExcludedCells(std::move(excluded));
     return true;
 }
 

@@ -13,11 +13,11 @@ SelectionGrowth::SelectionGrowth(RangeSet const& ranges, std::vector<SelectionTy
 
 RangeSet SelectionGrowth::result() const {
     RangeSet grown(grownCells() - cellsBehindLines());
-    for (LineRun const& run : inListOrder()) {
-        if (run.range.type == rangeAxis(axis).lineType)
-            growLines(run, grown);
+    for (LineRun const* const run : inListOrder()) {
+        if (run->range.type == rangeAxis(axis).lineType)
+            growLines(*run, grown);
         else
-            growAcross(run, grown);
+            growAcross(*run, grown);
     }
     if (ranges.mainCell())
         grown.setMainCell(ranges.mainCell()->first, ranges.mainCell()->second);
@@ -51,6 +51,21 @@ std::pair<int, int> SelectionGrowth::reach(int first, int last, int position) co
     return {std::min(first, firstAfter), std::max(last, lastAfter)};
 }
 
+/// Calls take(lines, from, to) with the lines that a run of lines grows to, for positions where it grows alike.
+template <class Take>
+void SelectionGrowth::visitReaches(int first, int last, int from, int to, Take take) const {
+    std::pair<int, int> lines = reach(first, last, from);
+    // Only a jump goes by what the cells at one position hold.
+    const bool jumps = std::any_of(steps.begin(), steps.end(), isBlockStep);
+    for (int position = from + 1; jumps && position <= to; ++position) {
+        if (const auto here = reach(first, last, position); here != lines) {
+            take(lines, from, position - 1);
+            std::tie(lines, from) = std::pair(here, position);
+        }
+    }
+    take(lines, from, to);
+}
+
 CellRect SelectionGrowth::rect(int first, int last, int from, int to) const {
     return axis == Axis::Rows ? CellRect{first, from, last, to} : CellRect{from, first, to, last};
 }
@@ -59,31 +74,18 @@ CellRect SelectionGrowth::rect(int first, int last, int from, int to) const {
 
 CellRegion SelectionGrowth::grownCells() const {
     std::vector<CellRect> grown;
-    for (CellRect const& rect : ranges.cells().rects()) {
-        const std::vector<CellRect> pieces = grownRect(rect);
-        grown.insert(grown.end(), pieces.begin(), pieces.end());
-    }
+    for (CellRect const& rect : ranges.cells().rects())
+        addGrown(grown, rect);
     return CellRegion::ofRects(grown);
 }
 
-std::vector<CellRect> SelectionGrowth::grownRect(CellRect const& cells) const {
+void SelectionGrowth::addGrown(std::vector<CellRect>& pieces, CellRect const& cells) const {
     const bool rows = axis == Axis::Rows;
     const auto [first, last] = rows ? std::pair(cells.top, cells.bottom) : std::pair(cells.left, cells.right);
     const auto [from, to] = rows ? std::pair(cells.left, cells.right) : std::pair(cells.top, cells.bottom);
-    std::pair<int, int> lines = reach(first, last, from);
-    // Only a jump goes by what the cells at one position hold.
-    if (std::none_of(steps.begin(), steps.end(), isBlockStep))
-        return {rect(lines.first, lines.second, from, to)};
-    std::vector<CellRect> pieces;
-    int start = from; // of the positions that reach as far as one another
-    for (int position = from + 1; position <= to; ++position) {
-        if (const auto here = reach(first, last, position); here != lines) {
-            pieces.push_back(rect(lines.first, lines.second, start, position - 1));
-            std::tie(lines, start) = std::pair(here, position);
-        }
-    }
-    pieces.push_back(rect(lines.first, lines.second, start, to));
-    return pieces;
+    visitReaches(first, last, from, to, [&](std::pair<int, int> lines, int start, int end) {
+        pieces.push_back(rect(lines.first, lines.second, start, end));
+    });
 }
 
 CellRegion SelectionGrowth::cellsAt(int position) const {
@@ -134,12 +136,9 @@ CellRegion SelectionGrowth::firstStarted(CellRegion const& starts, CellRegion co
         const bool adjoins = within->first < top;
         const bool alone = !adjoins && within == all.begin();
         const int before = adjoins ? top - 1 : alone ? INT_MIN : std::prev(within)->second;
-        const int topAfter = lineAfter(top, position);
-        const int bottomAfter = lineAfter(bottom, position);
-        const bool onwards = topAfter >= top && bottomAfter >= bottom; // at the edge of the table one of them stays
-        const int from = onwards ? (alone ? top : std::max(top, lineAfter(before, position) + 1))
-                                 : std::max(alone ? topAfter : before + 1, topAfter);
-        const int to = onwards ? bottomAfter : bottom;
+        const int taken = alone ? INT_MIN : reach(before, before, position).second;
+        auto const [reachFirst, to] = reach(top, bottom, position);
+        const int from = alone ? reachFirst : std::max(reachFirst, taken + 1);
         if (from <= to)
             first.push_back(rect(from, to, position, position));
     }
@@ -147,36 +146,57 @@ CellRegion SelectionGrowth::firstStarted(CellRegion const& starts, CellRegion co
 }
 
 /// Rows, columns and tables by the lines that they start on, which is the order of those at one position.
-std::vector<LineRun> SelectionGrowth::inListOrder() const {
-    std::vector<LineRun> runs = ranges.lines();
+std::vector<LineRun const*> SelectionGrowth::inListOrder() const {
+    std::vector<LineRun const*> runs;
+    runs.reserve(ranges.lines().size());
+    for (LineRun const& run : ranges.lines())
+        runs.push_back(&run);
     int Range::*const line = rangeAxis(axis).line;
-    std::stable_sort(runs.begin(), runs.end(),
-                     [line](LineRun const& a, LineRun const& b) { return a.range.*line < b.range.*line; });
+    auto const before = [line](LineRun const* a, LineRun const* b) { return a->range.*line < b->range.*line; };
+    if (!std::is_sorted(runs.begin(), runs.end(), before))
+        std::stable_sort(runs.begin(), runs.end(), before);
     return runs;
 }
 
 // Whole rows and columns, and tables.
 
 void SelectionGrowth::growLines(LineRun const& run, RangeSet& out) const {
-    const auto [first, last] = reach(run.firstLine(), run.lastLine(), run.position());
-    if (run.isPlain())
-        return out.addLines(run.part(first, last));
+    auto [first, last] = reach(run.firstLine(), run.lastLine(), run.position());
+    if (run.isPlain()) {
+        // Lines far apart grow into those before them, which are there already.
+        LineRun const* const before = out.lines().empty() ? nullptr : &out.lines().back();
+        if (before && before->isPlain() && before->range.type == run.range.type &&
+            before->position() == run.position() && before->firstLine() <= first)
+            first = std::max(first, before->lastLine() + 1);
+        if (first <= last)
+            out.addLines(run.part(first, last));
+        return;
+    }
     for (int line = first; line <= last; ++line)
         out.addLines(run.part(line, line));
 }
 
-/// A range across the lines starts on every line between.
 void SelectionGrowth::growAcross(LineRun const& run, RangeSet& out) const {
+    const bool isTable = run.range.type == RangeType::Table;
+    const int start = run.range.*rangeAxis(axis).line;
+    const int from = run.range.*rangeAxis(axis).position;
+    visitReaches(start, start, from, isTable ? from : run.lastLine(),
+                 [&](std::pair<int, int> lines, int first, int last) {
+                     growTo(lines, isTable ? run : run.part(first, last), out);
+                 });
+}
+
+/// A range across the lines starts on every line from the first to the last of `lines`.
+void SelectionGrowth::growTo(std::pair<int, int> lines, LineRun const& run, RangeSet& out) const {
     int Range::*const line = rangeAxis(axis).line;
     const int position = run.range.*rangeAxis(axis).position;
     const int start = run.range.*line;
-    const auto [first, last] = reach(start, start, position);
     CellRegion ahead; // of the cells at the same start
     if (run.range.type == RangeType::Table) {
         const CellRegion own(rect(start, start, position, position));
         ahead = firstStarted(own, run.behindCell ? cellsAt(position) : cellsAt(position) - own, position);
     }
-    for (int at = first; at <= last; ++at) {
+    for (int at = lines.first; at <= lines.second; ++at) {
         LineRun copy = run;
         copy.range.*line = at;
         const bool holdsCell = out.cells().contains(copy.range.row, copy.range.col);

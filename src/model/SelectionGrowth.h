@@ -22,15 +22,18 @@ public:
 
 private:
     CellRegion grownCells() const;
-    std::vector<CellRect> grownRect(CellRect const& rect) const;
+    void addGrown(std::vector<CellRect>& pieces, CellRect const& cells) const;
     CellRegion cellsBehindLines() const;
     CellRegion firstStarted(CellRegion const& starts, CellRegion const& cells, int position) const;
-    std::vector<LineRun> inListOrder() const;
+    std::vector<LineRun const*> inListOrder() const;
     void growLines(LineRun const& run, RangeSet& out) const;
     void growAcross(LineRun const& run, RangeSet& out) const;
+    void growTo(std::pair<int, int> lines, LineRun const& run, RangeSet& out) const;
 
     int lineAfter(int line, int position) const;
     std::pair<int, int> reach(int first, int last, int position) const;
+    template <class Take>
+    void visitReaches(int first, int last, int from, int to, Take take) const;
     CellRect rect(int first, int last, int from, int to) const;
     CellRegion cellsAt(int position) const;
     std::vector<std::pair<int, int>> linesOf(CellRegion const& atOnePosition) const;

@@ -22,8 +22,7 @@ CellRegion alongAxis(CellRegion const& region, Axis axis) {
 bool isOnlyAcross(RangeSet const& ranges, RangeAxis const& names, int firstLine) {
     auto const isAcross = [&](LineRun const& run) {
         Range const& range = run.range;
-        return range.type != names.lineType && range.excludedRows.empty() && range.excludedCols.empty() &&
-               range.excludedCells.empty() && range.*names.line <= firstLine;
+        return range.type != names.lineType && !range.hasExclusions() && range.*names.line <= firstLine;
     };
     return ranges.cells().isEmpty() && !ranges.lines().empty() &&
            std::all_of(ranges.lines().begin(), ranges.lines().end(), isAcross);

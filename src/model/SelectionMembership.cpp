@@ -20,13 +20,13 @@ std::uint64_t cellKey(int row, int col) {
 bool rangeCoversCell(Range const& range, int row, int col) {
     switch (range.type) {
     case RangeType::Cell: return range.row == row && range.col == col;
-    case RangeType::Row: return range.row == row && col >= range.col && !contains(range.excludedCols, col);
-    case RangeType::Column: return range.col == col && row >= range.row && !contains(range.excludedRows, row);
+    case RangeType::Row: return range.row == row && col >= range.col && !contains(range.excludedCols(), col);
+    case RangeType::Column: return range.col == col && row >= range.row && !contains(range.excludedRows(), row);
     case RangeType::Table:
-        return row >= range.row && col >= range.col && !contains(range.excludedCols, col) &&
-               !contains(range.excludedRows, row) &&
-               std::find(range.excludedCells.begin(), range.excludedCells.end(), std::pair(row, col)) ==
-                   range.excludedCells.end();
+        return row >= range.row && col >= range.col && !contains(range.excludedCols(), col) &&
+               !contains(range.excludedRows(), row) &&
+               std::find(range.excludedCells().begin(), range.excludedCells().end(), std::pair(row, col)) ==
+                   range.excludedCells().end();
     case RangeType::None: break;
     }
     return false;

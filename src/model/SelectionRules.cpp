@@ -39,9 +39,23 @@ private:
     std::map<int, int> spans; ///< first and last line
 };
 
+/// Whether two ranges have the same type and start. A quick look, for very many lines are mostly in order.
+bool hasRepeatedLines(std::vector<LineRun> const& runs) {
+    std::vector<std::tuple<RangeType, int, int, int>> spans; // type, position, first and last line
+    spans.reserve(runs.size());
+    for (LineRun const& run : runs)
+        spans.emplace_back(run.range.type, run.position(), run.firstLine(), run.lastLine());
+    if (!std::is_sorted(spans.begin(), spans.end()))
+        std::sort(spans.begin(), spans.end());
+    auto const overlap = [](auto const& a, auto const& b) {
+        return std::get<0>(a) == std::get<0>(b) && std::get<1>(a) == std::get<1>(b) && std::get<3>(a) >= std::get<2>(b);
+    };
+    return std::adjacent_find(spans.begin(), spans.end(), overlap) != spans.end();
+}
+
 /// Of ranges with the same type and start the first stays.
 void dropRepeatedLines(RangeSet& ranges) {
-    if (ranges.lines().size() < 2)
+    if (!hasRepeatedLines(ranges.lines()))
         return;
     std::map<std::pair<RangeType, int>, TakenSpans> taken;
     std::vector<LineRun> kept;
@@ -78,19 +92,20 @@ bool leavesOut(Range const& table, Range const& range) {
     const auto inRows = [&](int row) { return row >= range.row && (!oneRow || row == range.row); };
     const auto inCols = [&](int col) { return col >= range.col && (!oneCol || col == range.col); };
     const auto inRange = [&](auto const& cell) { return inRows(cell.first) && inCols(cell.second); };
-    return std::any_of(table.excludedRows.begin(), table.excludedRows.end(), inRows) ||
-           std::any_of(table.excludedCols.begin(), table.excludedCols.end(), inCols) ||
-           std::any_of(table.excludedCells.begin(), table.excludedCells.end(), inRange);
+    return std::any_of(table.excludedRows().begin(), table.excludedRows().end(), inRows) ||
+           std::any_of(table.excludedCols().begin(), table.excludedCols().end(), inCols) ||
+           std::any_of(table.excludedCells().begin(), table.excludedCells().end(), inRange);
 }
 
 void tidyExcludedCells(Range& table) {
-    auto& cells = table.excludedCells;
+    std::vector<std::pair<int, int>> cells = table.excludedCells();
     std::sort(cells.begin(), cells.end());
     cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
     std::erase_if(cells, [&](auto const& cell) {
-        return cell.first < table.row || cell.second < table.col || contains(table.excludedRows, cell.first) ||
-               contains(table.excludedCols, cell.second);
+        return cell.first < table.row || cell.second < table.col || contains(table.excludedRows(), cell.first) ||
+               contains(table.excludedCols(), cell.second);
     });
+    table.setExcludedCells(std::move(cells));
 }
 
 /// What lies in a table that starts the list adds nothing to it; a cell once taken out of the table returns to it.
@@ -101,18 +116,16 @@ void absorbIntoTable(RangeSet& ranges) {
     Range& table = run->range;
     tidyExcludedCells(table);
     std::vector<CellRect> left;
-    for (int const row : table.excludedRows)
+    for (int const row : table.excludedRows())
         left.push_back({row, table.col, row, table.colEnd});
-    for (int const col : table.excludedCols)
+    for (int const col : table.excludedCols())
         left.push_back({table.row, col, table.rowEnd, col});
     CellRegion const taken = CellRegion({table.row, table.col, table.rowEnd, table.colEnd}) - CellRegion::ofRects(left);
     std::vector<std::pair<int, int>> returned;
-    std::erase_if(table.excludedCells, [&](auto const& cell) {
-        bool const returns = ranges.cells().contains(cell.first, cell.second);
-        if (returns)
-            returned.push_back(cell);
-        return returns;
-    });
+    std::vector<std::pair<int, int>> excluded;
+    for (auto const& cell : table.excludedCells())
+        (ranges.cells().contains(cell.first, cell.second) ? returned : excluded).push_back(cell);
+    table.setExcludedCells(std::move(excluded));
     ranges.setCells(ranges.cells() - (taken | CellRegion::ofCells(std::move(returned))));
 
     Range const absorber = table;
@@ -142,6 +155,8 @@ void absorbIntoTable(RangeSet& ranges) {
 /// Drops the cells behind the start of a whole line in that line. The line's exclusions are not consulted: a cell once
 /// taken out of a line cannot be put back by adding it.
 void dropCellsBehindLines(RangeSet& ranges) {
+    if (ranges.cells().isEmpty())
+        return;
     std::vector<CellRect> behind;
     for (LineRun const& run : ranges.lines()) {
         if (run.position() == INT_MAX)

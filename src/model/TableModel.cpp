@@ -80,8 +80,8 @@ QVariant TableModel::cellValue(QModelIndex const& index) const {
         return provisional->text;
     if (highlightPreview && !highlighted.isEmpty()) {
         Range const* const range = highlighted.startingAt(index.row(), index.column(), spaces());
-        if (range && range->value.isValid())
-            return range->value;
+        if (range && range->value().isValid())
+            return range->value();
     }
     return tableData.getValueModel(index.row(), index.column());
 }
@@ -100,11 +100,8 @@ bool TableModel::isHeaderCell(QModelIndex const& index) const {
 }
 
 QVariant TableModel::foregroundOf(QModelIndex const& index) const {
-    if (highlighted.isEmpty())
-        return textBrush;
-    IndexSpaces const indexSpaces = spaces();
-    bool const marked = highlighted.covers(index.row(), index.column(), indexSpaces) ||
-                        (highlightPreview && highlighted.startingAt(index.row(), index.column(), indexSpaces));
+    bool const marked = isMarked(index.row(), index.column()) ||
+                        (highlightPreview && highlighted.startingAt(index.row(), index.column(), spaces()));
     return marked ? highlightedTextBrush : textBrush;
 }
 
@@ -112,8 +109,18 @@ QVariant TableModel::backgroundOf(QModelIndex const& index) const {
     CellColors const colors(theme, colorOptions, selection);
     if (auto const color = colors.selectionColor(index.row(), index.column()))
         return *color;
-    bool const marked = highlighted.covers(index.row(), index.column(), spaces());
-    return colors.surfaceColor(index.row(), index.column(), marked);
+    return colors.surfaceColor(index.row(), index.column(), isMarked(index.row(), index.column()));
+}
+
+bool TableModel::isMarked(int row, int col) const {
+    return highlighted.covers(row, col, spaces()) || lostCharacters.covers(row, col);
+}
+
+void TableModel::markLostCharacters(CellRegion const& cells) {
+    bool const isNews = !cells.isEmpty() || !lostCharacters.isEmpty();
+    lostCharacters.set(cells);
+    if (isNews)
+        emit lostCharactersSignal(cells.count());
 }
 
 bool TableModel::cellInHighlightedRange(Range const& cell) const {

@@ -7,9 +7,11 @@
 #include "core/RangeVector.h"
 #include "core/SortData.h"
 #include "model/CellColors.h"
+#include "model/FileDialect.h"
 #include "model/HeaderRowSearch.h"
 #include "model/HighlightedCells.h"
 #include "model/IndexSpaces.h"
+#include "model/LostCharacters.h"
 #include "model/ProvisionalText.h"
 #include "model/Selection.h"
 #include "model/TableShape.h"
@@ -292,6 +294,9 @@ public:
     bool cellInHighlightedRange(Range const& cell) const;
     /// While on, highlighted cells show the value of their range in place of their text.
     void setHighlightPreview(bool on) { highlightPreview = on; }
+    /// Marks the Raw cells whose new texts the encoding could not carry, in place of those marked before, and tells of
+    /// them by lostCharactersSignal.
+    void markLostCharacters(CellRegion const& cells);
 
     // Loading, saving and the dialect of the file.
 
@@ -308,7 +313,8 @@ public:
     bool reloadFileWithDelimiter(QString const& newDelimiter);
     bool reloadFileWithEncoding(EncodingType newEncoding);
     bool reloadFileWithParsingStandard(ParsingStandard newStandard);
-    /// See TableData::saveCSV.
+    /// See TableData::save.
+    SaveReport save(SaveRequest const& request);
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed);
@@ -355,6 +361,12 @@ public:
     /// have been changed for a save that has not come.
     void takeFileDialect();
     ParsingStandard getParsingStandard() const { return parsingStandard; }
+    /// The table's file as it was read or written last; none if it has none.
+    std::optional<FileStamp> getFileStamp() const { return tableData.getDataContainer()->getFileStamp(); }
+    /// The file has been changed by others, and the next save may go over it.
+    void takeFileAsItIs() { tableData.getDataContainer()->takeFileAsItIs(); }
+    /// What the table's file is in; null if it has none.
+    FileDialect const* getFileDialect() const;
     DialectOrigin& dialectOrigin() { return origin; }
     DialectOrigin const& dialectOrigin() const { return origin; }
     /// The storage, for sorting, searching and commands on raw data.
@@ -494,7 +506,11 @@ signals:
     void loadFailedSignal(QString reason);
     void saveStartedSignal(QString path);
     void saveFinishedSignal(QString path);
+    /// An edit has given so many cells texts with characters that the encoding lacks. 0 when that is past.
+    void lostCharactersSignal(qint64 cells);
     void autoSaveFailedSignal(QString path, QString error);
+    /// An automatic save was left out, since it would lose something; a sentence tells what.
+    void autoSaveHeldBackSignal(QString sentence);
     void setDelimiterSignal(QString delimiter);
     void updateStatsLabelSignal(QString text);
     void mainCellChangedSignal(Range mainCell);
@@ -539,6 +555,7 @@ private:
     QVariant displayText(QModelIndex const& index) const;
     QVariant backgroundOf(QModelIndex const& index) const;
     QVariant foregroundOf(QModelIndex const& index) const;
+    bool isMarked(int row, int col) const;
     bool isHeaderCell(QModelIndex const& index) const;
     void refreshBrushes();
 
@@ -557,7 +574,8 @@ private:
     void clearGrid();
     void showEverything();
     bool growTowardsLoadedRows();
-    void noteFileDialect(QString const& path, QString const& fileDelimiter);
+    SaveRequest requestOfAutoSave(bool heedsChanges) const;
+    void endAutoSave(SaveReport const& report);
     int& numHeaderCols() { return colorOptions.headerCols; }
     void orderedSet(Axis axis, Indexes& out, RangeVector const& ranges, RangeIndexType type) const;
     void orderedSet(Axis axis, Indexes& out, RangeSet const& ranges, RangeIndexType type) const;
@@ -571,6 +589,7 @@ private:
     std::optional<ProvisionalText> provisional;
     HighlightedCells highlighted;
     bool highlightPreview = false;
+    LostCharacters lostCharacters{tableData};
 
     int viewRowCount = 0; ///< the size of the grid, which is not that of the data
     int viewColCount = 0;
@@ -604,11 +623,6 @@ private:
     LineEndingType lineEnding = LineEndingType::Unix;
     EncodingType encoding = EncodingType::Utf8;
     EncodingType loadedEncoding = EncodingType::Utf8;
-    struct FileDialect {
-        QString delimiter;
-        EncodingType encoding;
-        ParsingStandard parsingStandard;
-    };
     QHash<QString, FileDialect> fileDialects; ///< by path, what the last load or save says that the files are in
     ParsingStandard parsingStandard = ParsingStandard::Rfc4180;
     DialectOrigin origin;

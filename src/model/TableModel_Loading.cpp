@@ -30,13 +30,15 @@ bool TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
     ++loadNumber;
     loadInBackground = async;
     clearGrid();
+    markLostCharacters({});
     setReadOnly(readOnly);
     this->delimiter = delimiter;
     this->saveDelimiter = saveDelimiter;
     this->encoding = encoding;
     loadedEncoding = encoding;
     this->parsingStandard = parsingStandard;
-    noteFileDialect(path, delimiter);
+    fileDialects.insert(path,
+                        {delimiter, encoding, parsingStandard, LineEndings::ofFile(path, encoding, parsingStandard)});
     setRowSortData(SortData());
     setColSortData(SortData());
     showEverything();
@@ -53,6 +55,7 @@ void TableModel::showEverything() {
 void TableModel::clearTable(QModelIndex const& parent) {
     QScopedValueRollback<bool> const onlyView(dataAlreadyChanged, true);
     tableData.clear();
+    markLostCharacters({});
     removeRows(0, rowCount(parent), parent);
     removeColumns(0, columnCount(parent), parent);
 }
@@ -122,34 +125,39 @@ bool TableModel::reloadFileWithParsingStandard(ParsingStandard newStandard) {
     return reloadFile(delimiter, encoding, newStandard);
 }
 
+SaveReport TableModel::save(SaveRequest const& request) {
+    auto const report = tableData.save(request);
+    if (!report.isSaved())
+        return report;
+    auto const path = request.path.isEmpty() ? getFilepath() : request.path;
+    auto const dialect = request.dialect.value_or(SaveDialect::present(*this));
+    FileDialect file{dialect.saveDelimiter, dialect.encoding, dialect.parsingStandard,
+                     LineEndings::of(dialect.lineEnding)};
+    file.isChosen = !request.dialect || !request.path.isEmpty(); // else the file has kept its own
+    fileDialects.insert(path, file);
+    return report;
+}
+
 bool TableModel::saveCSV(bool ignoreMaps, bool skipConcealed) {
-    bool const saved = tableData.saveCSV(ignoreMaps, skipConcealed);
-    if (saved)
-        noteFileDialect(getFilepath(), saveDelimiter);
-    return saved;
+    return saveCSV({}, ignoreMaps, skipConcealed);
 }
 
 bool TableModel::saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed) {
-    bool const saved = tableData.saveCSV(path, ignoreMaps, skipConcealed);
-    if (saved)
-        noteFileDialect(path, saveDelimiter);
-    return saved;
+    return save(SaveRequest::unchecked(path, {}, skipConcealed, ignoreMaps)).isSaved();
 }
 
 bool TableModel::saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed) {
-    bool const saved = tableData.saveCSV(path, dialect, skipConcealed);
-    if (saved)
-        fileDialects.insert(path, {dialect.saveDelimiter, dialect.encoding, dialect.parsingStandard});
-    return saved;
+    return save(SaveRequest::unchecked(path, dialect, skipConcealed)).isSaved();
 }
 
-void TableModel::noteFileDialect(QString const& path, QString const& fileDelimiter) {
-    fileDialects.insert(path, {fileDelimiter, encoding, parsingStandard});
+FileDialect const* TableModel::getFileDialect() const {
+    auto const file = fileDialects.constFind(getFilepath());
+    return file == fileDialects.constEnd() ? nullptr : &*file;
 }
 
 void TableModel::takeFileDialect() {
-    auto const file = fileDialects.constFind(getFilepath());
-    if (file == fileDialects.constEnd())
+    FileDialect const* const file = getFileDialect();
+    if (file == nullptr)
         return;
     delimiter = file->delimiter;
     encoding = file->encoding;
@@ -174,14 +182,39 @@ void TableModel::saveAfterEdit() {
     QCoreApplication::sendEvent(this, &begun);
     if (!begun.isAccepted())
         return;
+    if (getLoadResult().end == LoadEnd::Part) {
+        emit autoSaveHeldBackSignal(tr("Not saved: only the beginning of the file could be read."));
+        return;
+    }
     int const broken = parsingStandard == ParsingStandard::DelimiterOnly ? LineBreakCells::count(*this, false) : 0;
     if (broken > 0)
         emit autoSaveFailedSignal(getFilepath(),
                                   tr("Cannot save as Delimiter Only. %1").arg(LineBreakCells::sentence(broken)));
-    else if (saveCSV(false, false))
-        emit undoStackCleanChangedSignal(true);
     else
-        emit autoSaveFailedSignal(getFilepath(), getLastSaveError());
+        endAutoSave(save(requestOfAutoSave(begun.heedsChanges())));
+}
+
+// Nobody can be asked, so the file keeps what it has, and what would lose anything waits for a save of the user.
+SaveRequest TableModel::requestOfAutoSave(bool heedsChanges) const {
+    SaveRequest request;
+    if (SaveDialect::changesUnasked(*this))
+        request.dialect = SaveDialect::asInFile(*this);
+    if (heedsChanges)
+        request.file.expected = getFileStamp();
+    return request;
+}
+
+void TableModel::endAutoSave(SaveReport const& report) {
+    switch (report.outcome) {
+    case SaveReport::Outcome::Saved: emit undoStackCleanChangedSignal(true); break;
+    case SaveReport::Outcome::Failed: emit autoSaveFailedSignal(getFilepath(), report.reason); break;
+    case SaveReport::Outcome::TargetChanged:
+        emit autoSaveHeldBackSignal(tr("Not saved: the file has been changed externally."));
+        break;
+    case SaveReport::Outcome::WouldChange:
+        emit autoSaveHeldBackSignal(tr("Not saved: cells would not come back from the file as they are."));
+        break;
+    }
 }
 
 QString TableModel::getTableName() const {

@@ -179,7 +179,7 @@ QString TableModel::getSelectionSumMeanStr() const {
     std::vector<double> numbers;
     for (RangeVector const& row : rows) {
         for (Range const& cell : row) {
-            double const number = Utilities::convertStringToDouble(cell.value.toString().toUtf8(), true);
+            double const number = Utilities::convertStringToDouble(cell.value().toString().toUtf8(), true);
             if (number == number)
                 numbers.push_back(number);
         }

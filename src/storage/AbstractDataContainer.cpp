@@ -1,10 +1,10 @@
 #include "storage/AbstractDataContainer.h"
 
 #include "core/EncodingUtilities.h"
-#include "storage/AtomicFileWriter.h"
+#include "storage/CellCodec.h"
 
 #include <QDir>
-#include <QTextCodec>
+#include <QFileInfo>
 
 #include <new>
 #include <utility>
@@ -48,15 +48,6 @@ Bytes wideUnits(QString const& text, UnitLayout layout) {
     for (auto const c : text)
         appendUnit(result, c.unicode(), layout);
     return result;
-}
-
-QByteArray encodeNarrow(QString const& text, EncodingType type) {
-    if (type == EncodingType::Utf8)
-        return text.toUtf8();
-    if (type == EncodingType::Iso8859_1)
-        return text.toLatin1();
-    auto const* codec = QTextCodec::codecForName(Utilities::convertEncodingTypeToCodecName(type));
-    return codec ? codec->fromUnicode(text) : text.toUtf8();
 }
 
 /// An encoding of unknown byte order is settled by one of two marks.
@@ -212,8 +203,7 @@ void AbstractDataContainer::setProgressUpdateMutex(QMutex* mutex, QWaitCondition
 Bytes AbstractDataContainer::encodeDelimiter(QString const& text) const {
     if (auto const layout = unitLayout(encoding); layout.width > 1)
         return wideUnits(text, layout);
-    auto const bytes = encodeNarrow(text, encoding);
-    return {bytes.begin(), bytes.end()};
+    return CellCodec(encoding).encode(text);
 }
 
 void AbstractDataContainer::updateDelimiterBytes() {
@@ -287,44 +277,69 @@ QString AbstractDataContainer::formatSaveErrorReason(QString reason, QString con
     return reason.isEmpty() ? reason : reason + QLatin1Char('.');
 }
 
-bool AbstractDataContainer::failSave(AtomicFileWriter const& file, QString const& fallback) {
-    // The writer's sentences name file and folder, which stay.
-    lastSaveError = file.errorString().isEmpty() ? formatSaveErrorReason({}, fallback) : file.errorString();
-    return false;
+SaveReport AbstractDataContainer::save(SaveRequest const& request, SavedPart const& part) {
+    auto const oldPath = filepath;
+    if (!request.path.isEmpty())
+        filepath = request.path;
+    auto const report = saveToPath(request, part);
+    bool const isOwnFile = report.isSaved() && (!request.isCopy || QFileInfo(filepath) == QFileInfo(oldPath));
+    if (!report.isSaved() || request.isCopy)
+        filepath = oldPath;
+    if (isOwnFile) {
+        fileStamp = report.stamp;
+        loadResult = {};
+    }
+    lastSaveError = report.reason;
+    notKept = report.notKept;
+    return report;
 }
 
-bool AbstractDataContainer::replaceFile(std::function<bool(AtomicFileWriter&)> const& writeLines) {
-    lastSaveError.clear();
-    notKept.clear();
+bool AbstractDataContainer::saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) {
+    return saveCSV({}, ignoreMaps, transposed, rowMask, colMask);
+}
+
+bool AbstractDataContainer::saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
+                                    Mask const& colMask) {
+    return save(SaveRequest::unchecked(path, {}, false, ignoreMaps), {transposed, rowMask, colMask}).isSaved();
+}
+
+bool AbstractDataContainer::saveCSV(QString const& path, ExtensionData const& dialect, bool transposed,
+                                    Mask const& rowMask, Mask const& colMask) {
+    return save(SaveRequest::unchecked(path, dialect), {transposed, rowMask, colMask}).isSaved();
+}
+
+// The writer's sentences name file and folder, which stay.
+SaveReport AbstractDataContainer::failedSave(AtomicFileWriter const& file, QString const& fallback) const {
+    SaveReport report;
+    if (file.outcome() == AtomicFileWriter::Outcome::TargetChanged)
+        report.outcome = SaveReport::Outcome::TargetChanged;
+    report.reason = file.errorString().isEmpty() ? formatSaveErrorReason({}, fallback) : file.errorString();
+    report.notKept = file.notKept();
+    return report;
+}
+
+SaveReport AbstractDataContainer::replaceFile(AtomicFileWriter::Options const& options,
+                                              std::function<bool(AtomicFileWriter&)> const& writeLines) {
+    SaveReport failed;
     try {
-        return replaceFileUnlessFull(writeLines);
+        if (!filepath.isEmpty())
+            return replaceFileUnlessFull(options, writeLines);
+        failed.reason = QStringLiteral("No file path was specified.");
     } catch (std::bad_alloc const&) {
-        lastSaveError = QStringLiteral("There is not enough memory to save the file.");
-        return false;
+        failed.reason = QStringLiteral("There is not enough memory to save the file.");
     }
+    return failed;
 }
 
-bool AbstractDataContainer::replaceFileUnlessFull(std::function<bool(AtomicFileWriter&)> const& writeLines) {
-    if (filepath.isEmpty()) {
-        lastSaveError = QStringLiteral("No file path was specified.");
-        return false;
-    }
-    AtomicFileWriter file(filepath);
+SaveReport AbstractDataContainer::replaceFileUnlessFull(AtomicFileWriter::Options const& options,
+                                                        std::function<bool(AtomicFileWriter&)> const& writeLines) {
+    AtomicFileWriter file(filepath, options);
     if (!file.open())
-        return failSave(file, QStringLiteral("The file could not be opened for writing."));
+        return failedSave(file, QStringLiteral("The file could not be opened for writing."));
     bool const writesMark = hasBom && !bom.empty() && isBomConsistentWithEncoding(bom, encoding);
     if ((writesMark && !file.write({bom.data(), bom.size()})) || !writeLines(file))
-        return failSave(file, QStringLiteral("The file could not be written completely."));
+        return failedSave(file, QStringLiteral("The file could not be written completely."));
     if (!file.commit())
-        return failSave(file, QStringLiteral("The temporary save file could not replace the original file."));
-    notKept = file.notKept();
-    return true;
-}
-
-bool AbstractDataContainer::saveUnder(QString const& path, std::function<bool()> const& save) {
-    auto const oldPath = std::exchange(filepath, path);
-    bool const saved = save();
-    if (!saved)
-        filepath = oldPath;
-    return saved;
+        return failedSave(file, QStringLiteral("The temporary save file could not replace the original file."));
+    return {SaveReport::Outcome::Saved, {}, file.notKept(), file.stamp(), {}};
 }

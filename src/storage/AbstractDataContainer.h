@@ -2,7 +2,10 @@
 
 #include "core/Enumerations.h"
 #include "core/ExtensionData.h"
+#include "storage/FileStamp.h"
 #include "storage/LoadResult.h"
+#include "storage/SaveReport.h"
+#include "storage/SaveRequest.h"
 
 #include <QMutex>
 #include <QObject>
@@ -15,8 +18,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-class AtomicFileWriter;
 
 /// The contract of the two homes of a table, editable in memory and read-only from an index. Cells are bytes in the
 /// file's own encoding; all indexes are raw, positions in the stored table. The base owns the dialect of the file
@@ -70,17 +71,21 @@ public:
     virtual bool copyRowContentsToAnotherRow(int from, int to);
     virtual bool copyColContentsToAnotherCol(int from, int to);
 
-    // Saving. False leaves the reason in lastSaveError and the target as it was.
+    // Saving.
 
-    /// Writes the table to its own path. `transposed` writes columns as lines; the masks leave rows and columns out.
-    virtual bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) = 0;
-    /// Writes to `path`, which becomes the table's own path if the save succeeds.
-    virtual bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
-                         Mask const& colMask) = 0;
-    /// As the form above, in the dialect of that one file. Cells are converted on their way, and the table keeps its
-    /// own dialect and its cells, whether the save succeeds or not.
-    virtual bool saveCSV(QString const& path, ExtensionData const& dialect, bool transposed, Mask const& rowMask,
-                         Mask const& colMask) = 0;
+    /// Writes a part of the table. Notes the reason of a failure and what was not kept for the two calls below too.
+    SaveReport save(SaveRequest const& request, SavedPart const& part);
+    /// The file as it was read or written last.
+    std::optional<FileStamp> getFileStamp() const { return fileStamp; }
+    /// Takes the file as it is now for known.
+    void takeFileAsItIs() { fileStamp = FileStamp::of(filepath); }
+
+    // Forms of it that save also what a load would not give back. False leaves the reason in getLastSaveError().
+
+    bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask);
+    bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask);
+    bool saveCSV(QString const& path, ExtensionData const& dialect, bool transposed, Mask const& rowMask,
+                 Mask const& colMask);
 
     // Dialect.
 
@@ -153,11 +158,12 @@ signals:
 protected:
     /// Encodes both delimiters anew after a change of delimiter or encoding.
     void updateDelimiterBytes();
+    /// The save to `filepath`.
+    virtual SaveReport saveToPath(SaveRequest const& request, SavedPart const& part) = 0;
     /// The frame of every save to `filepath`: writes the mark if the table keeps one, then what `writeLines` writes,
-    /// and replaces the old file when all of it is on the disk. Notes the reason of a failure.
-    bool replaceFile(std::function<bool(AtomicFileWriter&)> const& writeLines);
-    /// Runs `save` with `path` as the table's path, which it keeps only if the save succeeds.
-    bool saveUnder(QString const& path, std::function<bool()> const& save);
+    /// and replaces the old file when all of it is on the disk.
+    SaveReport replaceFile(AtomicFileWriter::Options const& options,
+                           std::function<bool(AtomicFileWriter&)> const& writeLines);
 
     QString filepath;
     QString delimiter = QStringLiteral(",");
@@ -178,10 +184,12 @@ protected:
     QString lastSaveError;
     QStringList notKept; ///< of the last save
     LoadResult loadResult;
+    std::optional<FileStamp> fileStamp;
     LoadLimits loadLimits;
     std::atomic<bool> quit = false;
 
 private:
-    bool replaceFileUnlessFull(std::function<bool(AtomicFileWriter&)> const& writeLines);
-    bool failSave(AtomicFileWriter const& file, QString const& fallback);
+    SaveReport replaceFileUnlessFull(AtomicFileWriter::Options const& options,
+                                     std::function<bool(AtomicFileWriter&)> const& writeLines);
+    SaveReport failedSave(AtomicFileWriter const& file, QString const& fallback) const;
 };

@@ -36,6 +36,13 @@ void replaceStretch(std::vector<char>& bytes, int position, int length, std::str
 
 } // namespace
 
+std::size_t findUnits(std::string_view haystack, std::string_view needle, std::size_t unitBytes, std::size_t start) {
+    auto hit = haystack.find(needle, start);
+    while (hit != std::string_view::npos && hit % unitBytes != 0)
+        hit = haystack.find(needle, hit + 1);
+    return hit;
+}
+
 int findChars(std::string_view haystack, std::string_view needle, int start) {
     if (needle.empty() || start < 0)
         return -1;

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// Searching and replacing in cells as bytes. The searches do not align to code units, also where they serve UTF-16
-// and UTF-32 cells: files have been written and read under this rule, so it stands.
+// Searching and replacing in cells as bytes. Only findUnits aligns to code units.
+
+/// The index of the first `needle` in `haystack` at or after `start` that stands at a whole number of units; npos if
+/// there is none. No search tears a character of UTF-16 or UTF-32 that way.
+std::size_t findUnits(std::string_view haystack, std::string_view needle, std::size_t unitBytes, std::size_t start = 0);
 
 /// The byte index of the first `needle` in `haystack` at or after `start`; -1 if there is none, for an empty needle
 /// and for a start behind the last possible place.

@@ -23,8 +23,7 @@ bool CellConversion::losesText(std::string_view bytes) const {
     if (keeps(bytes))
         return false;
     QString const text = present.decode(bytes);
-    Bytes const there = next.encode(text);
-    if (next.decode({there.data(), there.size()}) != text)
-        return true;
-    return text.contains(QChar(QChar::ReplacementCharacter)) && changesBytes(bytes);
+    bool loses = false;
+    next.encode(text, &loses);
+    return loses || (text.contains(QChar(QChar::ReplacementCharacter)) && changesBytes(bytes));
 }

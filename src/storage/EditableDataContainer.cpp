@@ -90,10 +90,7 @@ int EditableDataContainer::numColsInRow(int row) const {
 bool EditableDataContainer::setValue(int const& row, int const& col, Bytes const& value) {
     if (row < 0 || col < 0)
         return false;
-    if (row >= storedRows()) {
-        rows.resize(row + 1);
-        numRowsStored = row + 1;
-    }
+    growStoredRows(row + 1);
     if (col >= numColsStored)
         resizeCols(col + 1);
     storeCell(row, col, view(value));
@@ -106,9 +103,11 @@ void EditableDataContainer::storeCell(int row, int col, std::string_view bytes) 
         rows.setCell(row, col, bytes);
 }
 
+/// The table never counts fewer rows than it stores.
 void EditableDataContainer::growStoredRows(int count) {
     if (storedRows() < count)
         rows.resize(count);
+    numRowsStored = std::max(numRowsStored, count);
 }
 
 void EditableDataContainer::clear() {
@@ -185,7 +184,6 @@ bool EditableDataContainer::resizeCols(int count) {
     return true;
 }
 
-// An insertion behind the stored rows sets the count from the place alone, whatever it was before.
 bool EditableDataContainer::insertEmptyRows(int row, int count) {
     if (!isRange(row, count))
         return false;
@@ -193,7 +191,7 @@ bool EditableDataContainer::insertEmptyRows(int row, int count) {
         rows.insertRows(row, count);
         numRowsStored += count;
     } else {
-        numRowsStored = row + count;
+        numRowsStored = std::max(numRowsStored, row) + count;
     }
     return true;
 }
@@ -255,7 +253,6 @@ bool EditableDataContainer::getCol(Cells& out, int col, bool, GetRowColMaskType 
     return true;
 }
 
-// The counts are the caller's business: it has made room for the row before.
 bool EditableDataContainer::setRow(int row, Cells const& cells) {
     if (row < 0)
         return false;
@@ -274,8 +271,6 @@ bool EditableDataContainer::setCol(int col, Cells const& cells) {
 void EditableDataContainer::permuteRows(std::vector<int> const& order, int first) {
     int const stored = storedRows();
     int const end = first + static_cast<int>(order.size());
-    // The table can count more rows than this does.
-    numRowsStored = std::max(numRowsStored, end);
     if (first >= stored)
         return;
     // Rows behind the stored ones make no lines in a file, and those that are last again still make none.
@@ -289,7 +284,6 @@ void EditableDataContainer::permuteRows(std::vector<int> const& order, int first
 
 void EditableDataContainer::permuteCols(std::vector<int> const& order, int first, bool keepLengths) {
     int const end = first + static_cast<int>(order.size());
-    numColsStored = std::max(numColsStored, end);
     std::vector<std::string_view> cells;
     for (int row = 0; row < storedRows(); ++row) {
         int const count = cellsInRow(row);
@@ -351,7 +345,6 @@ bool EditableDataContainer::copyRowContentsToAnotherRow(int from, int to) {
     if (from < 0 || to < 0)
         return false;
     growStoredRows(to + 1);
-    numRowsStored = std::max(numRowsStored, to + 1);
     if (from < storedRows())
         rows.copyRow(from, to);
     else

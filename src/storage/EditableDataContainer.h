@@ -13,14 +13,14 @@ class CellConversion;
 class CellPatch;
 class CellRegion;
 class LineWriter;
+class RoundTripCheck;
 class ReplacedCells;
 class ScannerFile;
 struct CellRect;
 struct LineDialect;
-struct ScannerDialect;
+struct Reading;
 struct LineWalk;
 struct ScannerJob;
-struct ScannerResult;
 
 /// The normal home of a table: the whole file in memory, as ragged rows of byte cells. rows.size() can be below
 /// numRows() and a row can be shorter than numCols(): what is not stored reads as empty. So a file with short rows, or
@@ -88,12 +88,6 @@ public:
     /// Takes a fill back, which must be the last change of these cells. Leaves `old` empty.
     void putBack(ReplacedCells& old);
 
-    bool saveCSV(bool ignoreMaps, bool transposed, Mask const& rowMask, Mask const& colMask) override;
-    bool saveCSV(QString const& path, bool ignoreMaps, bool transposed, Mask const& rowMask,
-                 Mask const& colMask) override;
-    bool saveCSV(QString const& path, ExtensionData const& dialect, bool transposed, Mask const& rowMask,
-                 Mask const& colMask) override;
-
     void getRowCSVString(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const override;
     void getRowCSVStringMultiByte(Bytes& out, int row, GetRowColMaskType maskType, Mask const& mask) const override;
     void getColCSVString(Bytes& out, int col, GetRowColMaskType maskType, Mask const& mask) const override;
@@ -112,11 +106,15 @@ protected:
     virtual bool loadCSVMultiByte();
     virtual bool loadCSVNoDelimiterMultiByte();
 
-private:
-    using Scan = ScannerResult (*)(CellRows& rows, ScannerJob const& job, ScannerDialect const& dialect);
+    SaveReport saveToPath(SaveRequest const& request, SavedPart const& part) override;
 
-    ScannerDialect scannerDialect() const;
-    bool loadWith(Scan scan, ScannerDialect const& dialect);
+private:
+    /// The ways of reading a file, by the width of its units and the length of its delimiter.
+    enum class ScanKind { OneByte, NoDelimiter, ByteSequence, MultiByte, NoDelimiterMultiByte };
+
+    ScanKind scanKindOf(Bytes const& readDelimiter) const;
+    Reading readingAs(ScanKind kind, Bytes const& readDelimiter) const;
+    bool loadAs(ScanKind kind);
     ScannerJob jobOf(ScannerFile& file);
     void keepWithinLimits();
     void announce(std::function<void()> const& emitSignal, int sleepMs);
@@ -136,11 +134,16 @@ private:
                  RowScratch& scratch);
     bool storeCols(int firstCol, std::span<Cells const* const> cols);
 
+    SaveReport saveInPresentDialect(SaveRequest const& request, SavedPart const& part);
     LineDialect narrowDialect() const;
     LineDialect wideDialect() const;
     LineDialect dialectOfFile() const;
     /// The bytes of a cell in the encoding of the file that is written; valid until the next call.
     std::string_view cellOfFile(int row, int col) const;
+    int cellsOfRowLine(int row) const;
+    int cellsOfColLine(int col) const;
+    bool writeLines(AtomicFileWriter& file, SavedPart const& part, RoundTripCheck* check) const;
+    void checkLine(RoundTripCheck& check, int number, int line, SavedPart const& part) const;
     void writeRow(LineWriter& writer, int row, GetRowColMaskType maskType, Mask const& mask) const;
     void writeCol(LineWriter& writer, int col, GetRowColMaskType maskType, Mask const& mask) const;
 

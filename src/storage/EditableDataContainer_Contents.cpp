@@ -39,7 +39,6 @@ std::vector<std::size_t> orderByRows(CellPatch const& patch, bool transposed) {
 /// With the counts of the table, which grow if they have to.
 void EditableDataContainer::storeRow(int row, std::span<std::string_view const> cells) {
     growStoredRows(row + 1);
-    numRowsStored = std::max(numRowsStored, row + 1);
     numColsStored = std::max(numColsStored, static_cast<int>(cells.size()));
     bool const blank = std::all_of(cells.begin(), cells.end(), [](auto bytes) { return bytes.empty(); });
     if (blank)
@@ -51,6 +50,7 @@ void EditableDataContainer::storeRow(int row, std::span<std::string_view const> 
 void EditableDataContainer::exchange(CellPatch& patch, bool transposed) {
     CellPatch before;
     before.reserve(patch.size(), patch.byteCount());
+    before.setLossyCells(patch.lossyCells());
     std::vector<std::size_t> const order = orderByRows(patch, transposed);
     Views cells;
     for (auto first = order.begin(); first != order.end();) {

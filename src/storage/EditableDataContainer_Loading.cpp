@@ -1,5 +1,5 @@
 #include "storage/EditableDataContainer.h"
-#include "storage/Scanner.h"
+#include "storage/Reading.h"
 #include "storage/ScannerFile.h"
 
 #include <QThread>
@@ -27,50 +27,58 @@ std::string bytesOf(std::vector<char> const& bytes) {
 } // namespace
 
 bool EditableDataContainer::loadCSV() {
-    if (bytesPerChar > 1)
-        return delimiterBytes.empty() ? loadCSVNoDelimiterMultiByte() : loadCSVMultiByte();
-    if (delimiterBytes.empty())
-        return loadCSVNoDelimiter();
-    if (delimiterBytes.size() > 1)
-        return loadCSVByteSequence();
-    return loadWith(scanUnits, scannerDialect());
+    switch (scanKindOf(delimiterBytes)) {
+    case ScanKind::ByteSequence: return loadCSVByteSequence();
+    case ScanKind::NoDelimiter: return loadCSVNoDelimiter();
+    case ScanKind::MultiByte: return loadCSVMultiByte();
+    case ScanKind::NoDelimiterMultiByte: return loadCSVNoDelimiterMultiByte();
+    case ScanKind::OneByte: break;
+    }
+    return loadAs(ScanKind::OneByte);
 }
 
 bool EditableDataContainer::loadCSVByteSequence() {
-    return loadWith(scanSequence, scannerDialect());
+    return loadAs(ScanKind::ByteSequence);
 }
 
 bool EditableDataContainer::loadCSVNoDelimiter() {
-    ScannerDialect dialect = scannerDialect();
-    dialect.quotes = false;
-    return loadWith(scanUnits, dialect);
+    return loadAs(ScanKind::NoDelimiter);
 }
 
 bool EditableDataContainer::loadCSVMultiByte() {
-    ScannerDialect dialect = scannerDialect();
-    dialect.rs = dialect.lf; // a record separator is an ordinary character in wide encodings
-    return loadWith(scanUnits, dialect);
+    return loadAs(ScanKind::MultiByte);
 }
 
 bool EditableDataContainer::loadCSVNoDelimiterMultiByte() {
-    ScannerDialect dialect = scannerDialect();
-    dialect.quotes = false;
-    dialect.lf = dialect.rs; // here a line feed is one, and CR with a record separator counts as one row end
-    return loadWith(scanUnits, dialect);
+    return loadAs(ScanKind::NoDelimiterMultiByte);
 }
 
-ScannerDialect EditableDataContainer::scannerDialect() const {
+EditableDataContainer::ScanKind EditableDataContainer::scanKindOf(Bytes const& readDelimiter) const {
+    if (bytesPerChar > 1)
+        return readDelimiter.empty() ? ScanKind::NoDelimiterMultiByte : ScanKind::MultiByte;
+    if (readDelimiter.empty())
+        return ScanKind::NoDelimiter;
+    return readDelimiter.size() > 1 ? ScanKind::ByteSequence : ScanKind::OneByte;
+}
+
+Reading EditableDataContainer::readingAs(ScanKind kind, Bytes const& readDelimiter) const {
     Bytes reading, saving, cr{'\r'}, lf{'\n'}, rs{'\x1e'}, quote{'"'}, doubledQuote;
     setKeyCharVecs(reading, saving, cr, lf, rs, quote, doubledQuote);
+    bool const hasDelimiter = kind != ScanKind::NoDelimiter && kind != ScanKind::NoDelimiterMultiByte;
     ScannerDialect dialect;
     dialect.unitBytes = bytesPerChar;
-    dialect.delimiter = bytesOf(reading);
-    dialect.quotes = parsingStandard != ParsingStandard::DelimiterOnly;
+    dialect.delimiter = bytesOf(readDelimiter);
+    dialect.shifts = encoding == EncodingType::Iso2022Jp;
+    dialect.quotes = hasDelimiter && parsingStandard != ParsingStandard::DelimiterOnly;
     dialect.cr = bytesOf(cr);
     dialect.lf = bytesOf(lf);
     dialect.rs = bytesOf(rs);
     dialect.quote = bytesOf(quote);
-    return dialect;
+    if (kind == ScanKind::MultiByte)
+        dialect.rs = dialect.lf; // a record separator is an ordinary character in wide encodings
+    if (kind == ScanKind::NoDelimiterMultiByte)
+        dialect.lf = dialect.rs; // here a line feed is one, and CR with a record separator counts as one row end
+    return {kind == ScanKind::ByteSequence ? scanSequence : scanUnits, dialect};
 }
 
 bool EditableDataContainer::openForLoad() {
@@ -82,12 +90,13 @@ bool EditableDataContainer::openForLoad() {
     return false;
 }
 
-bool EditableDataContainer::loadWith(Scan scan, ScannerDialect const& dialect) {
+bool EditableDataContainer::loadAs(ScanKind kind) {
     if (!opened && !openForLoad())
         return false;
     std::unique_ptr<ScannerFile> const file = std::move(opened);
     fileSize = static_cast<qint64>(file->size());
     loadResult = {};
+    fileStamp = file->stamp();
     if (fileSize == 0) {
         file->close();
         emit loadFinishedSignal();
@@ -95,13 +104,14 @@ bool EditableDataContainer::loadWith(Scan scan, ScannerDialect const& dialect) {
     }
     rows.clear();
     numRowsStored = 0;
-    ScannerResult const result = scan(rows, jobOf(*file), dialect);
+    Reading const reading = readingAs(kind, delimiterBytes);
+    ScannerResult const result = reading.scan(rows, jobOf(*file), reading.dialect);
     numRowsStored = storedRows();
     numColsStored = std::max(numColsStored, static_cast<int>(result.columns));
     if (result.beyondLimits)
         keepWithinLimits();
     else if (result.finished && !file->wasReadWhole())
-        loadResult = {LoadEnd::Part, file->failure()};
+        loadResult = {LoadEnd::Part, file->failure(), false, static_cast<qint64>(file->doneBytes())};
     file->close();
     if (result.finished)
         emit loadFinishedSignal();
@@ -147,7 +157,7 @@ void EditableDataContainer::keepWithinLimits() {
     loadResult = {LoadEnd::Part,
                   tooWide ? tr("It has more than %L1 columns.").arg(loadLimits.columns)
                           : tr("It has more than %L1 rows.").arg(loadLimits.rows),
-                  true};
+                  true, 0};
 }
 
 /// Emits a progress signal under the owner's mutex and lets the GUI answer, which a GUI that is busy need not do.

@@ -1,5 +1,7 @@
 #include "storage/LineWriter.h"
 
+#include "storage/ByteSearch.h"
+#include "storage/Iso2022Jp.h"
 #include "storage/ProbedCopy.h"
 
 #include <algorithm>
@@ -14,21 +16,16 @@ char probeOf(std::string const& sequence) {
     return found == std::string::npos ? '\0' : sequence[found];
 }
 
-bool contains(std::string_view bytes, std::string const& sequence) {
-    return !sequence.empty() && bytes.find(sequence) != std::string_view::npos;
-}
-
 } // namespace
 
 LineWriter::LineWriter(LineDialect dialectOfFile, Sink sinkOfLines, std::size_t bufferSize)
-    : dialect(std::move(dialectOfFile)), quoting(quotingOf(dialect)), sink(std::move(sinkOfLines)),
-      capacity(bufferSize), buffer(std::make_unique_for_overwrite<char[]>(bufferSize)) {
-    bool const quoteIsSpecial = dialect.standard == ParsingStandard::Rfc4180;
-    probes[0] = probeOf(dialect.delimiter);
+    : dialect(std::move(dialectOfFile)), doubts(dialect), quoting(quotingOf(dialect)), doubtful(doubts.all()),
+      sink(std::move(sinkOfLines)), capacity(bufferSize), buffer(std::make_unique_for_overwrite<char[]>(bufferSize)) {
+    probes[0] = probeOf(dialect.lineFeed);
     probes[1] = probeOf(dialect.carriageReturn);
-    probes[2] = probeOf(dialect.lineFeed);
-    probes[3] = quoteIsSpecial ? probeOf(dialect.quote) : probes[2];
-    probesAreExact = dialect.delimiter.size() == 1 && dialect.quote.size() == 1;
+    probes[2] = probeOf(dialect.quote);
+    probes[3] = hasDelimiter() ? probeOf(dialect.delimiter) : probes[0];
+    probes[4] = dialect.recordSeparator.empty() ? probes[0] : probeOf(dialect.recordSeparator);
 }
 
 LineWriter::Quoting LineWriter::quotingOf(LineDialect const& dialect) {
@@ -43,18 +40,34 @@ LineWriter::Quoting LineWriter::quotingOf(LineDialect const& dialect) {
 }
 
 void LineWriter::cell(std::string_view bytes) {
-    if (std::exchange(delimiterDue, hasDelimiter()))
+    bool const behindAnother = std::exchange(lineBegun, true);
+    if (behindAnother && hasDelimiter())
         append(dialect.delimiter);
-    switch (quoting) {
-    case Quoting::Never: append(bytes); break;
-    case Quoting::Always: appendQuoted(bytes); break;
-    case Quoting::WhenSpecial: appendUnlessQuoted(bytes); break;
-    }
+    doubtful = doubtful || doubts.isTorn(bytes) || (behindAnother && !hasDelimiter() && !bytes.empty()) ||
+               (!std::exchange(begun, true) && CellDoubts::asFirst(bytes));
+    if (dialect.shifts)
+        shiftedCell(bytes);
+    else
+        bytesOfCell(bytes);
+}
+
+// A cell that the file had left open would take what stands behind it along.
+void LineWriter::shiftedCell(std::string_view bytes) {
+    std::string closed(bytes);
+    closed += Iso2022Jp::closing(bytes);
+    bytesOfCell(closed);
+}
+
+void LineWriter::bytesOfCell(std::string_view bytes) {
+    if (quoting == Quoting::Always)
+        appendQuoted(bytes);
+    else
+        appendProbed(bytes);
 }
 
 void LineWriter::endLine() {
     append(dialect.lineEnd);
-    delimiterDue = false;
+    lineBegun = false;
 }
 
 bool LineWriter::flush() {
@@ -64,10 +77,21 @@ bool LineWriter::flush() {
     return !refused;
 }
 
+std::size_t LineWriter::find(std::string_view bytes, std::string const& sequence, std::size_t start) const {
+    if (!dialect.shifts)
+        return findUnits(bytes, sequence, dialect.unitBytes, start);
+    auto const found = Iso2022Jp::findStructure(bytes.substr(start), sequence); // what was found before ends in ASCII
+    return found == std::string_view::npos ? found : found + start;
+}
+
+bool LineWriter::holds(std::string_view bytes, std::string const& sequence) const {
+    return !sequence.empty() && find(bytes, sequence) != std::string_view::npos;
+}
+
 bool LineWriter::needsQuotes(std::string_view bytes) const {
-    return contains(bytes, dialect.delimiter) || contains(bytes, dialect.carriageReturn) ||
-           contains(bytes, dialect.lineFeed) ||
-           (dialect.standard == ParsingStandard::Rfc4180 && contains(bytes, dialect.quote));
+    return quoting != Quoting::Never &&
+           (holds(bytes, dialect.delimiter) || holds(bytes, dialect.carriageReturn) || holds(bytes, dialect.lineFeed) ||
+            (dialect.standard == ParsingStandard::Rfc4180 && holds(bytes, dialect.quote)));
 }
 
 void LineWriter::append(std::string_view bytes) {
@@ -85,26 +109,28 @@ void LineWriter::append(std::string_view bytes) {
     used += bytes.size();
 }
 
-void LineWriter::appendUnlessQuoted(std::string_view bytes) {
+void LineWriter::appendProbed(std::string_view bytes) {
     if (bytes.size() > capacity - used)
         flush();
-    if (bytes.size() <= capacity && copyUnlessProbed(buffer.get() + used, bytes.data(), bytes.size(), probes))
+    if (bytes.size() <= capacity && copyUnlessProbed(buffer.get() + used, bytes.data(), bytes.size(), probes)) {
         used += bytes.size();
-    else if ((probesAreExact && bytes.size() <= capacity) || needsQuotes(bytes))
+    } else if (needsQuotes(bytes)) {
         appendQuoted(bytes);
-    else
+    } else {
+        doubtful = doubtful || doubts.withoutQuotes(bytes);
         append(bytes);
+    }
 }
 
 void LineWriter::appendQuoted(std::string_view bytes) {
     append(dialect.quote);
-    if (!dialect.quote.empty()) {
-        for (auto hit = bytes.find(dialect.quote); hit != std::string_view::npos; hit = bytes.find(dialect.quote)) {
-            append(bytes.substr(0, hit + dialect.quote.size()));
-            append(dialect.quote);
-            bytes.remove_prefix(hit + dialect.quote.size());
-        }
+    std::size_t written = 0;
+    for (auto hit = dialect.quote.empty() ? std::string_view::npos : find(bytes, dialect.quote);
+         hit != std::string_view::npos; hit = find(bytes, dialect.quote, written)) {
+        append(bytes.substr(written, hit + dialect.quote.size() - written));
+        append(dialect.quote);
+        written = hit + dialect.quote.size();
     }
-    append(bytes);
+    append(bytes.substr(written));
     append(dialect.quote);
 }

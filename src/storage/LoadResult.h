@@ -15,6 +15,7 @@ struct LoadResult {
     LoadEnd end = LoadEnd::Whole;
     QString reason;            ///< a sentence for the user, empty after a whole load
     bool beyondLimits = false; ///< a part because the file goes on beyond the limits of the load
+    qint64 bytes = 0;          ///< of the file that a part holds
 };
 
 /// How many rows and columns a load takes. Of a file with more it takes those up to there.

@@ -8,14 +8,15 @@
 #include <emmintrin.h>
 #endif
 
-/// Copies `size` bytes unless one of four probe bytes is among them. Returns whether the copy is whole; `to` holds
+/// Copies `size` bytes unless one of five probe bytes is among them. Returns whether the copy is whole; `to` holds
 /// rubbish otherwise. Touches no byte outside of the two stretches.
-inline bool copyUnlessProbed(char* to, char const* from, std::size_t size, char const (&probes)[4]) {
+inline bool copyUnlessProbed(char* to, char const* from, std::size_t size, char const (&probes)[5]) {
 #ifdef __SSE2__
     auto const found = [&probes](__m128i bytes) {
         auto const equal = [bytes](char probe) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(probe)); };
-        return _mm_movemask_epi8(_mm_or_si128(_mm_or_si128(equal(probes[0]), equal(probes[1])),
-                                              _mm_or_si128(equal(probes[2]), equal(probes[3])))) != 0;
+        return _mm_movemask_epi8(
+                   _mm_or_si128(_mm_or_si128(_mm_or_si128(equal(probes[0]), equal(probes[1])), equal(probes[4])),
+                                _mm_or_si128(equal(probes[2]), equal(probes[3])))) != 0;
     };
     auto const step = [&](std::size_t at) {
         auto const bytes = _mm_loadu_si128(reinterpret_cast<__m128i const*>(from + at));
@@ -51,7 +52,7 @@ inline bool copyUnlessProbed(char* to, char const* from, std::size_t size, char 
 #endif
     for (std::size_t i = 0; i < size; ++i) {
         auto const c = from[i];
-        if (c == probes[0] || c == probes[1] || c == probes[2] || c == probes[3])
+        if (c == probes[0] || c == probes[1] || c == probes[2] || c == probes[3] || c == probes[4])
             return false;
         to[i] = c;
     }

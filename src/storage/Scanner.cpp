@@ -15,6 +15,8 @@ ScannerResult scan(CellRows& rows, ScannerJob const& job, ScannerDialect const& 
 } // namespace
 
 ScannerResult scanUnits(CellRows& rows, ScannerJob const& job, ScannerDialect const& dialect) {
+    if (dialect.shifts)
+        return scan<UnitScanner<std::uint8_t, Iso2022JpShifts>>(rows, job, dialect);
     if (dialect.unitBytes == 1)
         return scan<UnitScanner<std::uint8_t>>(rows, job, dialect);
     if (dialect.unitBytes == 2)

@@ -1,5 +1,7 @@
 #include "storage/ScannerBuffer.h"
 
+#include "storage/ByteSearch.h"
+#include "storage/Iso2022Jp.h"
 #include "storage/ScannerMasks.h"
 
 #include <algorithm>
@@ -177,15 +179,19 @@ void ScannerBuffer::setAttention() {
     attentionAt = std::min<char const*>(reportFrom, rowsEnd());
 }
 
-void ScannerBuffer::unquote(char* first, char* last, std::string_view doubledQuote, bool collapse) {
+void ScannerBuffer::unquote(char* first, char* last, std::string_view doubledQuote, bool collapse, bool shifts) {
+    std::string_view const cell(first, static_cast<std::size_t>(last - first));
+    auto const find = [&](std::size_t start) {
+        if (!shifts)
+            return findUnits(cell, doubledQuote, unitBytes, start);
+        auto const found = Iso2022Jp::findStructure(cell.substr(start), doubledQuote);
+        return found == std::string_view::npos ? found : found + start;
+    };
     drop(first, first + unitBytes);
-    for (char* at = first + unitBytes; collapse && at < last; at += doubledQuote.size()) {
-        at = static_cast<char*>(
-            memmem(at, static_cast<std::size_t>(last - at), doubledQuote.data(), doubledQuote.size()));
-        if (!at)
-            break;
-        drop(at + unitBytes, at + doubledQuote.size());
-    }
+    if (!collapse)
+        return;
+    for (auto at = find(unitBytes); at != std::string_view::npos; at = find(at + doubledQuote.size()))
+        drop(first + at + unitBytes, first + at + doubledQuote.size());
 }
 
 void ScannerBuffer::ensureEnds() {

@@ -75,9 +75,9 @@ public:
         settled = to;
     }
     /// Lets the opening quote at `first` fall away and, if `collapse` is set, halves every doubled quote between it and
-    /// the closing quote at `last`. Doubled quotes are found by bytes and need not align to units. The closing quote
-    /// is to be dropped when the end of the cell has been noted.
-    void unquote(char* first, char* last, std::string_view doubledQuote, bool collapse);
+    /// the closing quote at `last`; with `shifts` not in shifted characters of ISO 2022-JP. The closing quote is to be
+    /// dropped when the end of the cell has been noted.
+    void unquote(char* first, char* last, std::string_view doubledQuote, bool collapse, bool shifts = false);
     /// Stores the row, whose bytes end at `end`; the next begins at `next`.
     template <typename End>
     void finishRow(char* end, char* next);

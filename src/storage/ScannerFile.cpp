@@ -40,6 +40,7 @@ ScannerFile::ScannerFile(QString const& path) {
         fail(errno);
     } else {
         bytesInFile = static_cast<std::uint64_t>(status.st_size);
+        stampAtOpening = FileStamp::of(status);
         posix_fadvise(descriptor, 0, 0, POSIX_FADV_SEQUENTIAL);
     }
 }

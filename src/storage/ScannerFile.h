@@ -1,10 +1,13 @@
 #pragma once
 
+#include "storage/FileStamp.h"
+
 #include <QString>
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <sys/types.h>
 
 /// A regular file opened for one reading from start to end.
@@ -24,6 +27,10 @@ public:
     std::uint64_t size() const { return bytesInFile; }
     /// Reads up to `bytes` bytes; 0 at the end of the file and after an error.
     std::size_t read(char* to, std::size_t bytes);
+    /// How many bytes have come.
+    std::uint64_t doneBytes() const { return bytesRead; }
+    /// Of the file when it was opened; none if the system does not tell.
+    std::optional<FileStamp> stamp() const { return stampAtOpening; }
     /// Whether as many bytes came as the file had when it was opened: not if it shrank, nor after an error.
     bool wasReadWhole() const { return bytesRead >= bytesInFile; }
     void close();
@@ -41,4 +48,5 @@ private:
     std::uint64_t bytesInFile = 0;
     std::uint64_t bytesRead = 0;
     QString failureText;
+    std::optional<FileStamp> stampAtOpening;
 };

@@ -7,7 +7,10 @@
 
 SequenceScanner::SequenceScanner(CellRows& rows, ScannerJob const& scannerJob, ScannerDialect const& dialect)
     : buffer(rows, scannerJob, 1, dialect.delimiter.size()), job(scannerJob), delimiter(dialect.delimiter),
-      quotes(dialect.quotes) {}
+      quotes(dialect.quotes) {
+    if (dialect.shifts)
+        shifts.emplace();
+}
 
 bool SequenceScanner::run() {
     buffer.start();
@@ -60,12 +63,25 @@ bool SequenceScanner::scanUntil(char* stop) {
         std::uint64_t special = found.find(delimiter[0], '"', '\r', '\n', '\x1e');
         if (bytes < 64)
             special &= (std::uint64_t(1) << bytes) - 1;
-        for (; special; special &= special - 1) {
-            char* const at = window + std::countr_zero(special);
-            if (at >= buffer.in && !takeToken<End>(at))
-                return false;
-        }
-        buffer.in = std::max(buffer.in, window + bytes);
+        if (shifts)
+            special &= shifts->structure(window, bytes);
+        bool const goesOn = takeTokens<End>(window, special);
+        if (goesOn)
+            buffer.in = std::max(buffer.in, window + bytes);
+        if (shifts)
+            shifts->moveOn(buffer.in - window);
+        if (!goesOn)
+            return false;
+    }
+    return true;
+}
+
+template <typename End>
+bool SequenceScanner::takeTokens(char* window, std::uint64_t special) {
+    for (; special; special &= special - 1) {
+        char* const at = window + std::countr_zero(special);
+        if (at >= buffer.in && !takeToken<End>(at))
+            return false;
     }
     return true;
 }
@@ -101,7 +117,7 @@ bool SequenceScanner::endCell(char* at, State atState, bool endsRow) {
     if (atState == State::Quoted)
         return true;
     if (atState == State::QuoteInQuoted)
-        buffer.unquote(buffer.mark, at - 1, "\"\"", true);
+        buffer.unquote(buffer.mark, at - 1, "\"\"", true, shifts.has_value());
     noteEnd<End>(atState == State::QuoteInQuoted ? at - 1 : at);
     if (atState == State::QuoteInQuoted)
         buffer.drop(at - 1, at);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "storage/Iso2022Jp.h"
 #include "storage/ScannerBuffer.h"
 #include "storage/ScannerDialect.h"
 
+#include <optional>
 #include <string>
 
 /// Scans a file of one-byte units whose delimiter is a sequence of bytes. Delimiters, line ends and single bytes are
@@ -25,6 +27,8 @@ private:
     template <typename End>
     bool scanUntil(char* stop);
     template <typename End>
+    bool takeTokens(char* window, std::uint64_t special);
+    template <typename End>
     bool takeToken(char* at);
     template <typename End>
     bool endCell(char* at, State atState, bool endsRow);
@@ -40,6 +44,7 @@ private:
     ScannerJob const& job;
     std::string const delimiter;
     bool const quotes;
+    std::optional<Iso2022JpShifts> shifts;
     bool beyondLimits = false;
     bool rowEnded = false; ///< whether any row has ended yet
 

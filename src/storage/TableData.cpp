@@ -106,7 +106,7 @@ Axis TableData::storedAxis(Axis shown, bool ignoreTranspose) const {
 }
 
 int TableData::modelCount(Axis axis) const {
-    return along(axis).count - along(axis).concealed.size();
+    return countOf(axis) - along(axis).concealed.size();
 }
 
 int TableData::modelFromRaw(Axis axis, int raw, bool nearest) const {
@@ -115,11 +115,11 @@ int TableData::modelFromRaw(Axis axis, int raw, bool nearest) const {
 }
 
 int TableData::numRawRows(bool ignoreTranspose) const {
-    return along(storedAxis(Axis::Rows, ignoreTranspose)).count;
+    return countOf(storedAxis(Axis::Rows, ignoreTranspose));
 }
 
 int TableData::numRawCols(bool ignoreTranspose) const {
-    return along(storedAxis(Axis::Columns, ignoreTranspose)).count;
+    return countOf(storedAxis(Axis::Columns, ignoreTranspose));
 }
 
 int TableData::numModelRows(bool ignoreTranspose) const {

@@ -82,12 +82,13 @@ public:
     LoadResult const& getLoadResult() const { return dataContainer->getLoadResult(); }
     void setLoadLimits(LoadLimits limits) { loadLimits = limits; }
 
-    // Saving. See AbstractDataContainer; `skipConcealed` leaves concealed rows and columns out of the file. A table
-    // that is locked is not saved, nor is one over its own file that goes on beyond the limits of the load.
+    // Saving. A table that is locked is not saved, nor is one over its own file that goes on beyond the limits of the
+    // load.
 
+    SaveReport save(SaveRequest const& request);
+    // Forms of it that save also what a load would not give back. False leaves the reason in getLastSaveError().
     bool saveCSV(bool ignoreMaps, bool skipConcealed);
     bool saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed);
-    /// Writes to `path`, which becomes the table's own, in another dialect than the table's, which stays as it is.
     bool saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed);
 
     // Dialect: kept here for the next load and forwarded to the container.
@@ -226,10 +227,12 @@ public:
     /// Writes one text to all cells of a region, which is Model, and notes what they held in `old`, which has to be
     /// empty. With content the table grows; the size is signalled at most once.
     void fill(CellRegion const& cells, QString const& text, ReplacedCells& old);
-    /// Whether that would change anything.
+    /// Whether that would change anything, or would if the encoding could carry the text.
     bool wouldFillChange(CellRegion const& cells, QString const& text) const;
     /// Takes the last fill back. The table keeps its size.
     void putBack(ReplacedCells& old);
+    /// The Raw cells of a Model region.
+    CellRegion rawCells(CellRegion const& model) const;
     bool isCellPopulated(int modelRow, int modelCol) const;
     /// The row, or for Left and Right the column, of the jump of getNextBlockLocation from a Model cell.
     int nextBlockLine(int modelRow, int modelCol, Direction direction) const;
@@ -271,13 +274,12 @@ signals:
     void updateProgressSignal(float percent) const;
 
 public slots:
-    /// Ends the load thread and takes over the counts of the container that it has filled.
+    /// Ends the load thread and takes over the container that it has filled.
     void onLoadFinished();
 
 private:
     /// The stored table along one axis.
     struct AxisState {
-        int count = 0; ///< as the container has it, and as growth by an edit sets it
         ConcealedList concealed;
         std::array<LineSizeStore, 2> sizes; ///< by the axis as which it is shown
         quint64 revision = 0;               ///< another one after each change of the lines
@@ -292,7 +294,7 @@ private:
     void startLoadThread(Container former);
     void takeOverLoaded();
     void endLoadThread(AbstractDataContainer* container);
-    bool refusesSave(QString const& path);
+    QString saveRefusalFor(QString const& path) const;
     bool refusesChanges() const { return readOnly || isLocked(); }
 
     // Every row and column pair above is a face of one of these. They know stored axes only.
@@ -300,6 +302,8 @@ private:
     Axis storedAxis(Axis shown, bool ignoreTranspose) const;
     AxisState& along(Axis axis) { return axes[static_cast<std::size_t>(axis)]; }
     AxisState const& along(Axis axis) const { return axes[static_cast<std::size_t>(axis)]; }
+    /// Only the container counts its lines.
+    int countOf(Axis axis) const { return axis == Axis::Rows ? dataContainer->numRows() : dataContainer->numCols(); }
     int modelCount(Axis axis) const;
     int modelFromRaw(Axis axis, int raw, bool nearest) const;
     void concealModel(Axis axis, Indexes const& models);
@@ -319,6 +323,7 @@ private:
     bool duplicate(Axis axis, int model, int offset);
     bool move(Axis axis, int model, int offset);
     bool moveAroundConcealed(Axis axis, int model, int offset, Cells const& cells);
+    bool grow(Axis axis, int count);
     void growTo(Axis axis, int count);
     Indexes empty(Axis axis, int start, RangeIndexType indexType, GetRowColMaskType maskType,
                   Indexes const& mask) const;

@@ -46,16 +46,14 @@ bool TableData::setValueRaw(int row, int col, QString const& text, bool ignoreTr
 
 /// Whether a cell can be written: inside the table, or outside with content, for which the table grows.
 bool TableData::growToHold(int row, int col, bool filled) {
-    int& rows = along(Axis::Rows).count;
-    int& cols = along(Axis::Columns).count;
     if (row < 0 || col < 0)
         return false;
-    if (row < rows && col < cols)
+    if (row < countOf(Axis::Rows) && col < countOf(Axis::Columns))
         return true;
     if (!filled)
         return false;
-    rows = std::max(rows, row + 1);
-    cols = std::max(cols, col + 1);
+    grow(Axis::Rows, row + 1);
+    grow(Axis::Columns, col + 1);
     signalSize();
     return true;
 }
@@ -98,22 +96,30 @@ std::vector<std::pair<int, int>> shownRuns(ConcealedList const& concealed, int f
 
 } // namespace
 
-/// The cells of a Model region as the container counts them.
-CellRegion TableData::storedCells(CellRegion const& model) const {
-    ConcealedList const& rows = along(Axis::Rows).concealed;
-    ConcealedList const& cols = along(Axis::Columns).concealed;
-    if (!transposed && rows.size() == 0 && cols.size() == 0)
+CellRegion TableData::rawCells(CellRegion const& model) const {
+    ConcealedList const& rows = along(storedAxis(Axis::Rows, false)).concealed;
+    ConcealedList const& cols = along(storedAxis(Axis::Columns, false)).concealed;
+    if (rows.size() == 0 && cols.size() == 0)
         return model;
-    std::vector<CellRect> stored;
-    for (CellRect rect : model.rects()) {
-        if (transposed)
-            rect = {rect.left, rect.top, rect.right, rect.bottom};
+    std::vector<CellRect> raw;
+    for (CellRect const& rect : model.rects()) {
         auto const colRuns = shownRuns(cols, rect.left, rect.right);
         for (auto const& [top, bottom] : shownRuns(rows, rect.top, rect.bottom)) {
             for (auto const& [left, right] : colRuns)
-                stored.push_back({top, left, bottom, right});
+                raw.push_back({top, left, bottom, right});
         }
     }
+    return CellRegion::ofRects(raw);
+}
+
+/// The cells of a Model region as the container counts them.
+CellRegion TableData::storedCells(CellRegion const& model) const {
+    CellRegion const raw = rawCells(model);
+    if (!transposed)
+        return raw;
+    std::vector<CellRect> stored;
+    for (CellRect const& rect : raw.rects())
+        stored.push_back({rect.left, rect.top, rect.right, rect.bottom});
     return CellRegion::ofRects(stored);
 }
 
@@ -130,16 +136,21 @@ void TableData::fill(CellRegion const& cells, QString const& text, ReplacedCells
 bool TableData::wouldFillChange(CellRegion const& cells, QString const& text) const {
     if (!editableContainer)
         return false;
-    auto const bytes = codec.encode(text);
+    bool loses = false;
+    auto const bytes = codec.encode(text, &loses);
+    if (loses)
+        return true;
     std::string_view const wanted(bytes.data(), bytes.size());
     for (CellRect const& rect : storedCells(cells).rects()) {
         // Cells outside of the data are empty.
-        bool const outside = rect.bottom >= along(Axis::Rows).count || rect.right >= along(Axis::Columns).count;
+        bool const outside = rect.bottom >= countOf(Axis::Rows) || rect.right >= countOf(Axis::Columns);
         if (outside && !wanted.empty())
             return true;
-        for (int row = rect.top; row <= std::min(rect.bottom, along(Axis::Rows).count - 1); ++row) {
-            for (int col = rect.left; col <= std::min(rect.right, along(Axis::Columns).count - 1); ++col) {
-                if (editableContainer->cellView(row, col) != wanted)
+        for (int row = rect.top; row <= std::min(rect.bottom, countOf(Axis::Rows) - 1); ++row) {
+            for (int col = rect.left; col <= std::min(rect.right, countOf(Axis::Columns) - 1); ++col) {
+                // Bytes that mean nothing are the same text as those of the replacement character.
+                std::string_view const present = editableContainer->cellView(row, col);
+                if (present != wanted && codec.decode(present) != text)
                     return true;
             }
         }
@@ -240,7 +251,7 @@ void TableData::setEncoding(EncodingType encoding, bool convertCells) {
 // Cells that stay as they are stay in the compact form in which a load stores them.
 void TableData::convertTable(CellConversion const& conversion) {
     Cells cells;
-    for (int row = 0; row < along(Axis::Rows).count; ++row) {
+    for (int row = 0; row < countOf(Axis::Rows); ++row) {
         cells.clear();
         dataContainer->getRow(cells, row, false, GetRowColMaskType::NoMask, {});
         bool changed = false;

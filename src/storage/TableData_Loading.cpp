@@ -65,8 +65,6 @@ bool TableData::loadCSV(QString const& path, bool useThread, DataContainerType t
     Container former = std::move(dataContainer);
     setContainer(makeContainer(type));
     dataContainerType = type;
-    axes[0].count = 0;
-    axes[1].count = 0;
     transposed = false;
     resetSizes();
 
@@ -118,8 +116,6 @@ void TableData::startLoadThread(Container former) {
 
 void TableData::onLoadFinished() {
     takeOverLoaded();
-    along(Axis::Rows).count = dataContainer->numRows();
-    along(Axis::Columns).count = dataContainer->numCols();
     if (getLoadResult().beyondLimits)
         dataContainerType = DataContainerType::ReadOnly;
     emit loadFinishedSignal();
@@ -170,47 +166,4 @@ bool TableData::makeEditable() {
     dataContainerType = DataContainerType::Editable;
     readOnly = false;
     return true;
-}
-
-bool TableData::refusesSave(QString const& path) {
-    saveRefusal.clear();
-    if (isLocked())
-        saveRefusal = tr("The file is being loaded.");
-    else if (getLoadResult().beyondLimits && QFileInfo(path) == QFileInfo(getFilepath()))
-        saveRefusal = tr("The table holds only the beginning of the file. Save it under another name.");
-    return !saveRefusal.isEmpty();
-}
-
-bool TableData::saveCSV(bool ignoreMaps, bool skipConcealed) {
-    if (refusesSave(getFilepath()))
-        return false;
-    emit saveStartedSignal(getFilepath());
-    bool const saved = dataContainer->saveCSV(ignoreMaps, transposed, skipMask(Axis::Rows, skipConcealed),
-                                              skipMask(Axis::Columns, skipConcealed));
-    emit saveFinishedSignal(getFilepath());
-    return saved;
-}
-
-bool TableData::saveCSV(QString const& path, bool ignoreMaps, bool skipConcealed) {
-    if (refusesSave(path))
-        return false;
-    emit saveStartedSignal(path);
-    bool const saved = dataContainer->saveCSV(path, ignoreMaps, transposed, skipMask(Axis::Rows, skipConcealed),
-                                              skipMask(Axis::Columns, skipConcealed));
-    emit saveFinishedSignal(getFilepath());
-    return saved;
-}
-
-bool TableData::saveCSV(QString const& path, ExtensionData const& dialect, bool skipConcealed) {
-    if (refusesSave(path))
-        return false;
-    emit saveStartedSignal(path);
-    bool const saved = dataContainer->saveCSV(path, dialect, transposed, skipMask(Axis::Rows, skipConcealed),
-                                              skipMask(Axis::Columns, skipConcealed));
-    emit saveFinishedSignal(getFilepath());
-    return saved;
-}
-
-TableData::Indexes TableData::skipMask(Axis axis, bool skipConcealed) const {
-    return skipConcealed ? along(axis).concealed.indexes() : Indexes{};
 }

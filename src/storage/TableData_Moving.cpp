@@ -54,8 +54,7 @@ bool TableData::moveLines(Axis shown, LineMoves const& moves) {
         return false;
     Axis const axis = storedAxis(shown, false);
     Indexes const places = along(axis).concealed.toRaw(first, last);
-    if (places.back() >= along(axis).count)
-        growTo(axis, places.back() + 1);
+    growTo(axis, places.back() + 1);
 
     Indexes const order = rawOrder(sourcesOf(moves, first, last), places);
     if (axis == Axis::Rows)

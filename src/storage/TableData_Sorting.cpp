@@ -48,7 +48,7 @@ bool TableData::getSortIndexes(Indexes& out, int key, Axis axis, SortType type, 
 
 void TableData::sortLines(Axis shown, Indexes const& order) {
     Axis const axis = storedAxis(shown, false);
-    if (editableContainer == nullptr || isLocked() || int(order.size()) != along(axis).count)
+    if (editableContainer == nullptr || isLocked() || int(order.size()) != countOf(axis))
         return;
     if (axis == Axis::Rows)
         editableContainer->permuteRows(order);

@@ -12,7 +12,6 @@ using Container = AbstractDataContainer;
 
 /// The calls of a container along one axis.
 struct AxisCalls {
-    int (Container::*count)() const;
     bool (Container::*resize)(int);
     bool (Container::*get)(Container::Cells&, int, bool, GetRowColMaskType, Container::Mask const&) const;
     bool (Container::*set)(int, Container::Cells const&);
@@ -26,16 +25,16 @@ struct AxisCalls {
 };
 
 AxisCalls const& callsAlong(Axis axis) {
-    static constexpr AxisCalls rows = {
-        &Container::numRows,         &Container::resizeRows,       &Container::getRow,
-        &Container::setRow,          &Container::insertRow,        &Container::insertRows,
-        &Container::insertEmptyRows, &Container::removeRows,       &Container::copyRowContentsToAnotherRow,
-        &Container::emptyRows,       &Container::numEmptyRowsAtEnd};
-    static constexpr AxisCalls columns = {
-        &Container::numCols,         &Container::resizeCols,       &Container::getCol,
-        &Container::setCol,          &Container::insertCol,        &Container::insertCols,
-        &Container::insertEmptyCols, &Container::removeCols,       &Container::copyColContentsToAnotherCol,
-        &Container::emptyCols,       &Container::numEmptyColsAtEnd};
+    static constexpr AxisCalls rows = {&Container::resizeRows, &Container::getRow,
+                                       &Container::setRow,     &Container::insertRow,
+                                       &Container::insertRows, &Container::insertEmptyRows,
+                                       &Container::removeRows, &Container::copyRowContentsToAnotherRow,
+                                       &Container::emptyRows,  &Container::numEmptyRowsAtEnd};
+    static constexpr AxisCalls columns = {&Container::resizeCols, &Container::getCol,
+                                          &Container::setCol,     &Container::insertCol,
+                                          &Container::insertCols, &Container::insertEmptyCols,
+                                          &Container::removeCols, &Container::copyColContentsToAnotherCol,
+                                          &Container::emptyCols,  &Container::numEmptyColsAtEnd};
     return axis == Axis::Rows ? rows : columns;
 }
 
@@ -81,7 +80,7 @@ bool TableData::makeRoom(Axis axis, int at, int count) {
     AxisState& state = along(axis);
     state.concealed.shiftForInsertion(at, count);
     noteLines(axis, [=](LineSizeStore& sizes) { sizes.insert(at, count); });
-    return count >= 1 && at >= 0 && at <= state.count;
+    return count >= 1 && at >= 0 && at <= countOf(axis);
 }
 
 bool TableData::insertEmpty(Axis axis, int at, int count) {
@@ -90,7 +89,6 @@ bool TableData::insertEmpty(Axis axis, int at, int count) {
     if (!makeRoom(axis, at, count))
         return true;
     bool const inserted = (*dataContainer.*callsAlong(axis).insertEmpty)(at, count);
-    along(axis).count += count;
     signalSize();
     return inserted;
 }
@@ -101,22 +99,19 @@ bool TableData::insertFilled(Axis axis, int at, std::vector<Cells> const& filled
     int const count = static_cast<int>(filled.size());
     if (!makeRoom(axis, at, count))
         return true;
-    bool const inserted = (*dataContainer.*callsAlong(axis).insertFilled)(at, filled);
-    along(axis).count += count;
-    return inserted;
+    return (*dataContainer.*callsAlong(axis).insertFilled)(at, filled);
 }
 
 // Removal.
 
 bool TableData::removeRaw(Axis axis, int at, int count) {
     AxisState& state = along(axis);
-    count = std::min(count, state.count - at);
+    count = std::min(count, countOf(axis) - at);
     if (count < 1 || at < 0 || refusesChanges())
         return false;
     bool const removed = (*dataContainer.*callsAlong(axis).remove)(at, count);
     state.concealed.shiftForRemoval(at, count);
     noteLines(axis, [=](LineSizeStore& sizes) { sizes.remove(at, count); });
-    state.count -= count;
     return removed;
 }
 
@@ -125,7 +120,7 @@ bool TableData::removeModel(Axis axis, int model, int count) {
     Indexes raws;
     for (int index = std::max(model, 0); index < model + count; ++index) {
         int const raw = state.concealed.toRaw(index);
-        if (raw >= state.count)
+        if (raw >= countOf(axis))
             break;
         raws.push_back(raw);
     }
@@ -138,7 +133,6 @@ bool TableData::removeModel(Axis axis, int model, int count) {
         (*dataContainer.*callsAlong(axis).remove)(run->first, run->second - run->first + 1);
     state.concealed.shiftForRemoval(raws);
     noteLines(axis, [&](LineSizeStore& sizes) { sizes.remove(raws); });
-    state.count -= static_cast<int>(raws.size());
     signalSize();
     return true;
 }
@@ -156,7 +150,6 @@ void TableData::take(TakenLines& lines) {
     lines.concealed = along(axis).concealed.removeBlocks(lines.blocks);
     auto taken = lines.sizes.begin();
     noteLines(axis, [&](LineSizeStore& sizes) { *taken++ = sizes.take(lines.blocks); });
-    along(axis).count -= lines.count();
     signalSize();
 }
 
@@ -171,19 +164,18 @@ void TableData::putBack(TakenLines& lines) {
     along(axis).concealed.insertBlocks(lines.blocks, lines.concealed);
     auto taken = lines.sizes.cbegin();
     noteLines(axis, [&](LineSizeStore& sizes) { sizes.putBack(lines.blocks, *taken++); });
-    along(axis).count += lines.count();
     signalSize();
 }
 
 // Contents of whole lines.
 
+bool TableData::grow(Axis axis, int count) {
+    return count > countOf(axis) && (*dataContainer.*callsAlong(axis).resize)(count);
+}
+
 void TableData::growTo(Axis axis, int count) {
-    (*dataContainer.*callsAlong(axis).resize)(count);
-    // After edits far from the end the container can count fewer lines than the table.
-    if (count > along(axis).count) {
-        along(axis).count = count;
+    if (grow(axis, count))
         signalSize();
-    }
 }
 
 bool TableData::duplicate(Axis axis, int model, int offset) {
@@ -192,10 +184,8 @@ bool TableData::duplicate(Axis axis, int model, int offset) {
     ConcealedList const& concealed = along(axis).concealed;
     int const from = concealed.toRaw(model);
     int const to = std::max(concealed.toRaw(model + offset), concealed.toRaw(0));
-    AxisCalls const& calls = callsAlong(axis);
-    if (int const needed = std::max(from, to) + 1; needed > (*dataContainer.*calls.count)())
-        growTo(axis, needed);
-    return (*dataContainer.*calls.copyContents)(from, to);
+    growTo(axis, std::max(from, to) + 1);
+    return (*dataContainer.*callsAlong(axis).copyContents)(from, to);
 }
 
 bool TableData::move(Axis axis, int model, int offset) {
@@ -204,8 +194,7 @@ bool TableData::move(Axis axis, int model, int offset) {
     int const to = concealed.toRaw(model + offset);
     if (from < 0 || to < 0 || refusesChanges())
         return false;
-    if (to >= along(axis).count)
-        growTo(axis, to + 1);
+    growTo(axis, to + 1);
 
     Cells cells;
     AxisCalls const& calls = callsAlong(axis);

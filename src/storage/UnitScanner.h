@@ -1,5 +1,6 @@
 #pragma once
 
+#include "storage/Iso2022Jp.h"
 #include "storage/ScannerBuffer.h"
 #include "storage/ScannerDialect.h"
 #include "storage/ScannerMasks.h"
@@ -9,8 +10,8 @@
 
 /// Scans a file whose delimiter is one code unit or none, by masks of 64 units: where no quote stands at the start of a
 /// cell, every delimiter and line end of a mask is the end of a cell. A cell that breaks out of its quotes is kept as
-/// it stands in the file, and so is one whose quote is never closed.
-template <typename Unit>
+/// it stands in the file, and so is one whose quote is never closed. `Shifts` says which units count as structure.
+template <typename Unit, typename Shifts = NoShifts>
 class UnitScanner {
 public:
     UnitScanner(CellRows& rows, ScannerJob const& job, ScannerDialect const& dialect);
@@ -31,13 +32,15 @@ private:
     static std::uint64_t from(std::ptrdiff_t bit) { return bit < 64 ? ~std::uint64_t(0) << bit : 0; }
     bool isDelimiter(Unit unit) const { return hasDelimiter && unit == delimiter; }
     bool isSeparator(Unit unit) const { return isDelimiter(unit) || unit == cr || unit == lf || unit == rs; }
-    Masks masksAt(char const* window, std::ptrdiff_t units) const;
+    Masks masksAt(char const* window, std::ptrdiff_t units);
 
     // Each of these moves buffer.in and returns false if scanning has to stop there.
     template <typename End>
     bool scan();
     template <typename End>
     bool scanWindow(std::ptrdiff_t units);
+    template <typename End>
+    bool takeWindow(char* window, std::ptrdiff_t units);
     template <typename End>
     bool endCells(std::uint64_t cells, std::uint64_t lineEnds, char* window);
     template <typename End>
@@ -60,6 +63,7 @@ private:
     bool const quotes;
     std::string const doubledQuote;
 
+    [[no_unique_address]] Shifts shifts;
     State state = State::CellStart;
     char* end = nullptr;     ///< behind the last whole unit at hand
     bool rowStarted = false; ///< whether the row at hand has asked startRow()
@@ -69,15 +73,15 @@ private:
     bool beyondLimits = false;
 };
 
-template <typename Unit>
-UnitScanner<Unit>::UnitScanner(CellRows& rows, ScannerJob const& scannerJob, ScannerDialect const& dialect)
+template <typename Unit, typename Shifts>
+UnitScanner<Unit, Shifts>::UnitScanner(CellRows& rows, ScannerJob const& scannerJob, ScannerDialect const& dialect)
     : buffer(rows, scannerJob, sizeof(Unit), sizeof(Unit)), job(scannerJob), cr(key(dialect.cr)), lf(key(dialect.lf)),
       rs(key(dialect.rs)), quote(key(dialect.quote)), delimiter(key(dialect.delimiter)),
       hasDelimiter(dialect.delimiter.size() == sizeof(Unit)), quotes(dialect.quotes),
       doubledQuote(dialect.quote + dialect.quote) {}
 
-template <typename Unit>
-bool UnitScanner<Unit>::run() {
+template <typename Unit, typename Shifts>
+bool UnitScanner<Unit, Shifts>::run() {
     buffer.start();
     for (;;) {
         buffer.isWide() ? scan<std::uint64_t>() : scan<std::uint32_t>();
@@ -95,9 +99,9 @@ bool UnitScanner<Unit>::run() {
     return !stopped;
 }
 
-template <typename Unit>
+template <typename Unit, typename Shifts>
 template <typename End>
-bool UnitScanner<Unit>::scan() {
+bool UnitScanner<Unit, Shifts>::scan() {
     end = buffer.in + (buffer.filled - buffer.in) / width * width;
     if (buffer.in == end)
         return true;
@@ -116,20 +120,28 @@ bool UnitScanner<Unit>::scan() {
     return true;
 }
 
-template <typename Unit>
-typename UnitScanner<Unit>::Masks UnitScanner<Unit>::masksAt(char const* window, std::ptrdiff_t units) const {
+template <typename Unit, typename Shifts>
+typename UnitScanner<Unit, Shifts>::Masks UnitScanner<Unit, Shifts>::masksAt(char const* window, std::ptrdiff_t units) {
     ScannerWindow<Unit> const found(window);
-    std::uint64_t const valid = ~from(units);
+    std::uint64_t const valid = ~from(units) & shifts.structure(window, units);
     std::uint64_t const delimiters = hasDelimiter ? found.find(delimiter) & valid : 0;
     std::uint64_t const lineEnds = found.find(cr, lf, rs) & valid & ~delimiters;
     std::uint64_t const quoteMask = quotes ? found.find(quote) & valid & ~delimiters : 0;
     return {delimiters | lineEnds, lineEnds, quoteMask};
 }
 
-template <typename Unit>
+template <typename Unit, typename Shifts>
 template <typename End>
-bool UnitScanner<Unit>::scanWindow(std::ptrdiff_t units) {
+bool UnitScanner<Unit, Shifts>::scanWindow(std::ptrdiff_t units) {
     char* const window = buffer.in;
+    bool const goesOn = takeWindow<End>(window, units);
+    shifts.moveOn(buffer.in - window);
+    return goesOn;
+}
+
+template <typename Unit, typename Shifts>
+template <typename End>
+bool UnitScanner<Unit, Shifts>::takeWindow(char* window, std::ptrdiff_t units) {
     Masks const masks = masksAt(window, units);
     for (;;) {
         std::ptrdiff_t const bit = (buffer.in - window) / width;
@@ -161,9 +173,9 @@ bool UnitScanner<Unit>::scanWindow(std::ptrdiff_t units) {
 }
 
 /// Ends a cell at each unit of `cells`, and a row where it is a line end too.
-template <typename Unit>
+template <typename Unit, typename Shifts>
 template <typename End>
-bool UnitScanner<Unit>::endCells(std::uint64_t cells, std::uint64_t lineEnds, char* window) {
+bool UnitScanner<Unit, Shifts>::endCells(std::uint64_t cells, std::uint64_t lineEnds, char* window) {
     End* next = buffer.nextEnd<End>();
     std::ptrdiff_t offset = window - buffer.origin();
     while (cells) {
@@ -184,9 +196,9 @@ bool UnitScanner<Unit>::endCells(std::uint64_t cells, std::uint64_t lineEnds, ch
     return true;
 }
 
-template <typename Unit>
+template <typename Unit, typename Shifts>
 template <typename End>
-bool UnitScanner<Unit>::endRow(char* lineEnd) {
+bool UnitScanner<Unit, Shifts>::endRow(char* lineEnd) {
     char* next = lineEnd + width;
     if (unitAt<Unit>(lineEnd) == cr) {
         if (next == end)
@@ -201,8 +213,8 @@ bool UnitScanner<Unit>::endRow(char* lineEnd) {
     return next == end || startRow();
 }
 
-template <typename Unit>
-bool UnitScanner<Unit>::startRow() {
+template <typename Unit, typename Shifts>
+bool UnitScanner<Unit, Shifts>::startRow() {
     if (buffer.in >= buffer.attention() && !buffer.mayStartRow(buffer.in))
         return false;
     if (job.stopped()) {
@@ -216,9 +228,9 @@ bool UnitScanner<Unit>::startRow() {
 }
 
 /// Decides on the quote at `at` within a quoted cell by the unit behind it.
-template <typename Unit>
+template <typename Unit, typename Shifts>
 template <typename End>
-bool UnitScanner<Unit>::passQuote(char* at) {
+bool UnitScanner<Unit, Shifts>::passQuote(char* at) {
     char* const behind = at + width;
     if (behind == end) {
         state = State::QuoteInQuoted;
@@ -241,33 +253,32 @@ bool UnitScanner<Unit>::passQuote(char* at) {
     return true;
 }
 
-template <typename Unit>
+template <typename Unit, typename Shifts>
 template <typename End>
-void UnitScanner<Unit>::closeQuoted(char* closing) {
-    // In wide units two bytes that are no quotes can still look like a doubled one, so those cells are always searched.
-    buffer.unquote(buffer.mark, closing, doubledQuote, doubled || width > 1);
+void UnitScanner<Unit, Shifts>::closeQuoted(char* closing) {
+    buffer.unquote(buffer.mark, closing, doubledQuote, doubled, Shifts::areThere);
     noteEnd<End>(closing);
     buffer.drop(closing, closing + width);
 }
 
-template <typename Unit>
+template <typename Unit, typename Shifts>
 template <typename End>
-void UnitScanner<Unit>::noteEnd(char* at) {
+void UnitScanner<Unit, Shifts>::noteEnd(char* at) {
     End* const next = buffer.nextEnd<End>();
     *next = static_cast<End>(at - buffer.origin());
     buffer.setNextEnd(next + 1);
 }
 
-template <typename Unit>
+template <typename Unit, typename Shifts>
 template <typename End>
-void UnitScanner<Unit>::endFile() {
+void UnitScanner<Unit, Shifts>::endFile() {
     char* const at = buffer.in;
     if (at == buffer.rowBegin)
         return;
     if (state == State::Unquoted)
         noteEnd<End>(at);
     else if (state == State::Quoted) // a separator as the last unit of an open quote gets lost
-        noteEnd<End>(isSeparator(unitAt<Unit>(at - width)) ? at - width : at);
+        noteEnd<End>(shifts.endsPlain() && isSeparator(unitAt<Unit>(at - width)) ? at - width : at);
     else if (state == State::QuoteInQuoted)
         closeQuoted<End>(at - width);
     buffer.finishRow<End>(at, at);

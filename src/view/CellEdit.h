@@ -16,26 +16,31 @@ class TableModel;
 class CellEdit {
 public:
     /// Remembers the selection and the main cell.
-    explicit CellEdit(TableModel& model, LeftOut leftOut = LeftOut::Change);
+    explicit CellEdit(TableModel& model);
 
     Range const& mainRange() const { return editMainRange; }
+    /// Whether `cell` (Model) is the main cell of the edit.
+    bool isAt(Range const& cell) const { return cell.row == editMainRange.row && cell.col == editMainRange.col; }
     RangeSet const& ranges() const { return editRanges; }
     bool isTextChanged() const { return cellTextChanged; }
     bool isMultiCell() const { return !editRanges.isSingleCell(); }
+    QString const& text() const { return lastText; }
 
     /// Shows `text` in all cells of the edit; with `skipMainCell` in all others, for the main cell is under an editor.
     void setText(QString const& text, bool skipMainCell);
     /// Takes back what setText() has shown. The edit is over.
     void revert();
     /// As revert(), and returns the command that writes the text, null if no cell would hold another text than before.
-    std::unique_ptr<QUndoCommand> finish();
+    /// It leaves cells out that were taken out of the ranges, or changes them as it was shown.
+    std::unique_ptr<QUndoCommand> finish(LeftOut leftOut = LeftOut::Change);
 
 private:
+    std::unique_ptr<QUndoCommand> commandThatKeepsBytes() const;
+
     TableModel& model;
     RangeSet editRanges; ///< with the main cell
     CellRegion cells;    ///< as far as the grid goes
     Range editMainRange;
     QString lastText;
-    LeftOut leftOut;
     bool cellTextChanged = false;
 };

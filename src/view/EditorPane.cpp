@@ -4,6 +4,7 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 
 EditorPane::EditorPane(QWidget* parent) : QPlainTextEdit(parent) {
     setFocusPolicy(Qt::StrongFocus);
@@ -37,6 +38,14 @@ void EditorPane::keyPressEvent(QKeyEvent* event) {
         return;
     case PaneKeyAction::Finish: emit editingFinishedSignal(); return;
     }
+}
+
+QMimeData* EditorPane::createMimeDataFromSelection() const {
+    auto* const data = new QMimeData;
+    QString text = textCursor().selectedText();
+    text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+    data->setText(text);
+    return data;
 }
 
 void EditorPane::focusInEvent(QFocusEvent* event) {

@@ -25,6 +25,8 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    /// As QPlainTextEdit has it, but with the blanks of the text.
+    QMimeData* createMimeDataFromSelection() const override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 

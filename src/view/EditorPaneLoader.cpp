@@ -9,7 +9,8 @@
 
 #include <utility>
 
-EditorPaneLoader::EditorPaneLoader(QPlainTextEdit* pane, QObject* parent) : QObject(parent), pane(pane) {
+EditorPaneLoader::EditorPaneLoader(QPlainTextEdit* pane, QObject* parent)
+    : QObject(parent), pane(pane), documentText(pane->document()) {
     chunkTimer.setInterval(0);
     connect(&chunkTimer, &QTimer::timeout, this, &EditorPaneLoader::onChunkTimeout);
     QScrollBar const* const bar = pane->verticalScrollBar();
@@ -32,7 +33,7 @@ void EditorPaneLoader::request(QString const& text) {
 bool EditorPaneLoader::isShowing(QString const& text) const {
     if (isStale() || chunkedLoadActive)
         return pendingText == text;
-    return pane->document()->characterCount() - 1 == text.size() && pane->toPlainText() == text;
+    return documentText.text() == text;
 }
 
 void EditorPaneLoader::flush() {
@@ -59,7 +60,8 @@ void EditorPaneLoader::begin(int generation) {
 
 void EditorPaneLoader::loadAtOnce() {
     QSignalBlocker const blocker(pane);
-    pane->setPlainText(std::exchange(pendingText, QString()));
+    pane->setPlainText(pendingText);
+    documentText.wasSet(std::exchange(pendingText, QString()));
     applyCursorPlace();
 }
 
@@ -71,6 +73,7 @@ void EditorPaneLoader::beginChunks() {
     {
         QSignalBlocker const blocker(pane);
         pane->clear();
+        documentText.wasSet(QString());
     }
     moveScrollBar();
     appendChunk();
@@ -90,7 +93,9 @@ void EditorPaneLoader::appendChunk() {
     // The two characters of a line break, inserted apart, would make two.
     if (pendingText.mid(loadedLength + length - 1, 2) == QLatin1String("\r\n"))
         ++length;
-    cursor.insertText(pendingText.mid(loadedLength, length));
+    QString const chunk = pendingText.mid(loadedLength, length);
+    cursor.insertText(chunk);
+    documentText.wasAppended(chunk);
     loadedLength += length;
     moveScrollBar();
 }

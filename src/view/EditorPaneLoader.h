@@ -1,5 +1,7 @@
 #pragma once
 
+#include "view/DocumentText.h"
+
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -24,6 +26,8 @@ public:
     bool isShowing(QString const& text) const;
     /// Begins a requested load at once.
     void flush();
+    /// The text of a cell that the pane stands for, with what the user has done to it since it was loaded.
+    QString text() const { return documentText.text(); }
     /// Forgets a requested or running load; what has been loaded stays.
     void abandon();
     void setCursorPlace(CursorPlace newPlace) { place = newPlace; }
@@ -51,6 +55,7 @@ private:
     bool isComplete() const { return loadedLength >= pendingText.size(); }
 
     QPlainTextEdit* pane;
+    DocumentText documentText;
     QTimer chunkTimer;
     QString pendingText;
     int requestedUpdate = 0; ///< counts the texts asked for

@@ -13,6 +13,10 @@ KeyRest::KeyRest(QWidget& window) : window(window), since(TypingGuard::now()) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
+bool KeyRest::isNeeded() {
+    return FromOutside::isActing() || TypingGuard::isInKeys();
+}
+
 bool KeyRest::isOfWindow(QObject const* object) const {
     auto const* const widget = qobject_cast<QWidget const*>(object);
     return widget != nullptr ? widget->window() == &window : object == window.windowHandle();

@@ -9,8 +9,10 @@
 class QWidget;
 class TableModel;
 
-/// Asks what is to become of cells that were taken out of the selection, before one text is written to all of it. None
-/// if the user gives the change up; not asked where no such cell would change. The text of an edit to come is not known
-/// yet, and an edit of any cell can change it.
-std::optional<LeftOut> askAboutLeftOutCells(QWidget* parent, TableModel const& model,
-                                            std::optional<QString> const& text);
+/// Whether `text`, written to all of `ranges` (Model), would change cells that were taken out of them.
+bool wouldChangeLeftOutCells(TableModel const& model, RangeSet const& ranges, QString const& text);
+
+/// Asks what is to become of cells that were taken out of `ranges`, before `text` is written to all of them.
+/// None if the user gives the change up; not asked where no such cell would change.
+std::optional<LeftOut> askAboutLeftOutCells(QWidget* parent, TableModel const& model, RangeSet const& ranges,
+                                            QString const& text);

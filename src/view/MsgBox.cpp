@@ -2,7 +2,6 @@
 
 #include "core/ModalHold.h"
 #include "view/KeyRest.h"
-#include "view/TypingGuard.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -25,7 +24,7 @@ int MsgBox::exec() {
     ModalHold const hold;
     if (!answer) {
         std::optional<KeyRest> rest;
-        if (FromOutside::isActing())
+        if (KeyRest::isNeeded())
             rest.emplace(*this);
         return QMessageBox::exec();
     }

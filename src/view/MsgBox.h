@@ -6,8 +6,8 @@
 
 #include <functional>
 
-/// The message box of every dialog message of the program. One that comes from outside (FromOutside) takes no key until
-/// it has stood for a moment without any, since the user types something else when it opens.
+/// The message box of every dialog message of the program. One that comes from outside (FromOutside) or right after a
+/// key takes no key until it has stood for a moment without any, since the user types something else when it opens.
 class MsgBox : public QMessageBox {
     Q_OBJECT
 

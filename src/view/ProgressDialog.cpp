@@ -1,5 +1,7 @@
 #include "view/ProgressDialog.h"
 
+#include "view/KeyRest.h"
+
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -20,11 +22,18 @@ ProgressDialog::ProgressDialog(QString const& what, Theme const& theme, QWidget*
     layout->addWidget(cancel, 0, Qt::AlignRight);
     bar->setRange(0, 100);
     bar->setAccessibleName(what);
+    bar->setFocusPolicy(Qt::StrongFocus);
+    bar->setFocus();
+    cancel->setAutoDefault(false);
+    if (KeyRest::isNeeded())
+        rest = std::make_unique<KeyRest>(*this);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     showTimer.setSingleShot(true);
     connect(&showTimer, &QTimer::timeout, this, &QWidget::show);
     showTimer.start(shortJob);
 }
+
+ProgressDialog::~ProgressDialog() = default;
 
 void ProgressDialog::setPercent(float percent) {
     bar->setValue(static_cast<int>(percent));

@@ -92,7 +92,7 @@ int SelectionMoves::farthestSelectedLine(RangeSet const& ranges, Range const& ma
 
 int SelectionMoves::smallestAxisException(Range const& range, Axis axis, int above) {
     int smallest = -1;
-    for (int const line : range.*rangeAxis(axis).excludedLines) {
+    for (int const line : (range.*rangeAxis(axis).excludedLines)()) {
         if (line > above && (smallest == -1 || line < smallest))
             smallest = line;
     }

@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
 #include <utility>
 
 QWidget* TableDelegate::createEditor(QWidget* parent, QStyleOptionViewItem const& option,
@@ -38,9 +39,17 @@ void TableDelegate::setEditorData(QWidget* editor, QModelIndex const& index) con
 
 void TableDelegate::setModelData(QWidget*, QAbstractItemModel*, QModelIndex const&) const {}
 
+/// A cell that reaches past the far edge of its view, as one in a frozen band that is wider than the window, is edited
+/// in what is in sight of it, where the text scrolls to its caret.
 void TableDelegate::updateEditorGeometry(QWidget* editor, QStyleOptionViewItem const& option,
                                          QModelIndex const&) const {
-    editor->setGeometry(option.rect);
+    QRect const seen = editor->parentWidget()->rect();
+    QRect place = option.rect;
+    if (option.direction == Qt::RightToLeft && seen.contains(place.topRight()))
+        place.setLeft(std::max(place.left(), seen.left()));
+    else if (option.direction == Qt::LeftToRight && seen.contains(place.topLeft()))
+        place.setRight(std::min(place.right(), seen.right()));
+    editor->setGeometry(place);
 }
 
 /// The keys that end an edit. Escape keeps the text as well; there is no key that takes it back.

@@ -102,7 +102,7 @@ void TableView::connectSignalsWithModel() {
     connect(model, &TableModel::loadFinishedSignal, this, &TableView::loadFinishedSignal);
     connect(model, &TableModel::loadFailedSignal, this, &TableView::loadFailedSignal);
     connect(model, &TableModel::tableSizeChangedSignal, this, &TableView::tableSizeChangedSignal);
-    connect(model, &TableModel::mainCellChangedSignal, this, &TableView::mainCellChangedSignal);
+    connect(model, &TableModel::mainCellChangedSignal, this, &TableView::onMainCellChanged);
     connect(model, &TableModel::selectionSizeChangedSignal, this, &TableView::selectionSizeChangedSignal);
     connect(model, &TableModel::updateStatusBarSignal, this, &TableView::updateStatusBarSignal);
     connect(model, &TableModel::updateFindReplaceMatchesSignal, this, &TableView::updateFindReplaceMatchesSignal);
@@ -131,9 +131,15 @@ void TableView::connectSizesWithModel() {
     connectSizesAlong(Axis::Columns);
 }
 
-// Undo.
+// Undo. No command changes the table under an open edit, which is a step of its own before it.
+
+void TableView::endEditBeforeStep() {
+    if (pendingEdit)
+        stopEditing();
+}
 
 void TableView::pushUndoCommand(QUndoCommand* command) {
+    endEditBeforeStep();
     // One that would do nothing must not cost the user what can be redone.
     if (command->isObsolete() || refuses(command))
         delete command;
@@ -142,6 +148,7 @@ void TableView::pushUndoCommand(QUndoCommand* command) {
 }
 
 void TableView::pushUndoCommands(QString const& text, std::vector<QUndoCommand*> const& commands) {
+    endEditBeforeStep();
     std::vector<QUndoCommand*> taken;
     for (QUndoCommand* const command : commands) {
         if (refuses(command))
@@ -163,11 +170,13 @@ void TableView::pushUndoCommands(QString const& text, std::vector<QUndoCommand*>
 }
 
 void TableView::undo() {
+    endEditBeforeStep();
     if (!refuses(stack.command(stack.index() - 1)))
         changeStack([this] { stack.undo(); });
 }
 
 void TableView::redo() {
+    endEditBeforeStep();
     if (!refuses(stack.command(stack.index())))
         changeStack([this] { stack.redo(); });
 }

@@ -340,7 +340,10 @@ public slots:
     void onCellEditorCreated(QWidget* editor);
     /// Reports a failed save after an edit, which stays.
     void onAutoSaveFailed(QString const& fileName, QString const& reason);
+    void onAutoSaveHeldBack(QString const& sentence);
     void onNewPendingSelectionCorner(Range const& corner);
+    /// Ends the edit of another cell, and passes the news on.
+    void onMainCellChanged(Range const& mainCell);
     /// Inserts lines in the model, each of which will stand where the list says, and lets them grow.
     void insertRowsSlot(std::vector<int> const& rows) { insertLines(Axis::Rows, rows); }
     void insertColsSlot(std::vector<int> const& cols) { insertLines(Axis::Columns, cols); }
@@ -364,6 +367,8 @@ signals:
     void selectionChangedSignal(TableView* view);
     void selectionSizeChangedSignal(RangeSize size);
     void updateStatusBarSignal();
+    /// Something to be told in the status bar for a while.
+    void messageSignal(QString text);
     /// The view has scrolled while the find and replace widget is open.
     void updateFindReplaceMatchesSignal();
     void undoStackCleanChangedSignal(bool clean);
@@ -462,7 +467,9 @@ private:
     void performRemoveRows();
     void performRemoveCols();
     void applyFont();
+    bool isLargeForAutoFit(Axis axis) const;
     bool askToDisableAutoFit(QString const& text);
+    void fitAfterLoad();
 
     bool beginReload(bool asReadOnly);
     bool loadInBackground(std::function<bool()> const& load);
@@ -477,6 +484,7 @@ private:
     void connectEditingWithModel();
     void onTableSavedOrLoaded();
     /// Carries a change of the undo stack out. After a save by it the stack is clean.
+    void endEditBeforeStep();
     void changeStack(std::function<void()> const& change);
     bool refuses(QUndoCommand const* command) const;
     void connectSignalsWithDelegate(TableDelegate* delegate);
@@ -484,7 +492,9 @@ private:
     QString mainText() const;
     bool resolveEditPathForLargeMainCell(bool& usePane);
     bool askForEditorPane();
-    void beginEdit(LeftOut leftOut = LeftOut::Change);
+    void beginEdit();
+    std::optional<LeftOut> askBeforeCommit(CellEdit const& edit);
+    void endDragsLater();
     void openCellEditor(bool overwrite, bool startEmpty, QKeyEvent* event);
     void cancelEditingIfEditorWasNotCreated();
     void setEditStateOfAllViews(bool open, QuickEdit* editor);
@@ -538,8 +548,8 @@ private:
     int averageBoldCharWidth = 0;
     bool largeCellCursorAtFront = false;
     bool inLargeCellPrompt = false;
-    bool inLeftOutPrompt = false;
     bool autoSaveFailed = false;
+    QString untoldFailure;  ///< of an automatic save, to be told when the keys are still
     bool autoSaved = false; ///< by the command that is being carried out
     bool sorting = false;
     bool readOnly = false;

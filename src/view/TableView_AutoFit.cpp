@@ -277,13 +277,20 @@ void TableView::applyFont() {
 
 // The warning.
 
-void TableView::warnAutoFitIfLargeFile() {
+bool TableView::isLargeForAutoFit(Axis axis) const {
     constexpr int many = 10000;
+    TableModel const& model = *tableModel();
+    bool const isLarge = axis == Axis::Rows ? autoFitRowHeight && model.rowCountModel() > many
+                                            : autoFitColWidth && model.columnCountModel() > many;
+    return isLarge && !suppressAutoFitWarnings;
+}
+
+void TableView::warnAutoFitIfLargeFile() {
     int const rowCount = tableModel()->rowCountModel();
     int const colCount = tableModel()->columnCountModel();
-    bool const rows = autoFitRowHeight && rowCount > many;
-    bool const cols = autoFitColWidth && colCount > many;
-    if (suppressAutoFitWarnings || (!rows && !cols))
+    bool const rows = isLargeForAutoFit(Axis::Rows);
+    bool const cols = isLargeForAutoFit(Axis::Columns);
+    if (!rows && !cols)
         return;
     QString text;
     if (rows && cols)

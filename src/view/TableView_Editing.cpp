@@ -1,6 +1,7 @@
 // Editing cells: where an edit takes place and how it begins and ends. What it writes is CellEdit's.
 
 #include "view/CellLengths.h"
+#include "view/EditorPane.h"
 #include "view/FrozenTableView.h"
 #include "view/LeftOutQuestion.h"
 #include "view/MsgBox.h"
@@ -8,8 +9,11 @@
 #include "view/TableDelegate.h"
 #include "view/TableView.h"
 #include "view/TextKeys.h"
+#include "view/TypingGuard.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QUndoCommand>
 
@@ -33,6 +37,7 @@ void TableView::connectEditing() {
 
 void TableView::connectEditingWithModel() {
     connect(tableModel(), &TableModel::autoSaveFailedSignal, this, &TableView::onAutoSaveFailed);
+    connect(tableModel(), &TableModel::autoSaveHeldBackSignal, this, &TableView::onAutoSaveHeldBack);
     connect(tableModel(), &TableModel::saveFinishedSignal, this, &TableView::onTableSavedOrLoaded);
     connect(tableModel(), &TableModel::loadFinishedSignal, this, &TableView::onTableSavedOrLoaded);
 }
@@ -135,15 +140,8 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
         !usePane && mainText().size() > CellLengths::longestInPlace && (fromInputMethod || !event->text().isEmpty());
     if (!skipLoad && !resolveEditPathForLargeMainCell(usePane))
         return;
-    if (inLeftOutPrompt)
-        return;
-    inLeftOutPrompt = true;
-    std::optional<LeftOut> const leftOut = askAboutLeftOutCells(this, *tableModel(), std::nullopt);
-    inLeftOutPrompt = false;
-    if (!leftOut)
-        return;
     scrollToMainCell(true, true);
-    beginEdit(*leftOut);
+    beginEdit();
     if (!usePane) {
         openCellEditor(overwrite, skipLoad, fromInputMethod ? nullptr : event);
         return;
@@ -155,8 +153,8 @@ void TableView::startEditing(bool overwrite, QKeyEvent* event) {
     onCellTextEdited(event->text());
 }
 
-void TableView::beginEdit(LeftOut leftOut) {
-    pendingEdit.emplace(*tableModel(), leftOut);
+void TableView::beginEdit() {
+    pendingEdit.emplace(*tableModel());
     setEditStateOfAllViews(true, nullptr);
     emit addContextSignal(Context::CellEditing);
 }
@@ -238,6 +236,7 @@ void TableView::keepEditorInSight() {
 // How it ends.
 
 void TableView::stopEditing(bool commit) {
+    QPointer<TableView> const alive(this);
     setEditState(false, cellEditor);
     if (!hasContext(Context::CellEditing) && !pendingEdit)
         return;
@@ -254,25 +253,55 @@ void TableView::stopEditing(bool commit) {
         }
         onCellEditingFinished();
     }
-    onEditorClosed();
+    if (alive)
+        onEditorClosed();
 }
 
 void TableView::onCellEditingFinished() {
     setEditStateOfAllViews(isEditing(), nullptr);
     if (!pendingEdit)
         return;
-    // Pushing may show a message, and the edit is over by then.
-    bool const changed = pendingEdit->isTextChanged();
-    RangeSet const ranges = pendingEdit->ranges();
-    std::unique_ptr<QUndoCommand> command = pendingEdit->finish();
+    // Asking and pushing may show a message, and the edit is over by then.
+    QPointer<TableView> const alive(this);
+    CellEdit edit = std::move(*pendingEdit);
     pendingEdit.reset();
+    std::optional<LeftOut> const leftOut = askBeforeCommit(edit);
+    if (!alive)
+        return;
+    bool const changed = edit.isTextChanged();
+    std::unique_ptr<QUndoCommand> command;
+    if (leftOut)
+        command = edit.finish(*leftOut);
+    else
+        edit.revert();
     if (command)
         pushUndoCommand(command.release());
     else if (changed) {
-        tableModel()->enforceAutoFitOnModel(ranges);
+        tableModel()->enforceAutoFitOnModel(edit.ranges());
         refreshView();
+        emit mainCellChangedSignal(getMainCell(true)); // the pane may show what was typed
     }
     emit addContextSignal(Context::Navigating);
+}
+
+/// What becomes of cells that were taken out of the edit's ranges; none if the text is given up.
+std::optional<LeftOut> TableView::askBeforeCommit(CellEdit const& edit) {
+    if (!edit.isTextChanged() || !wouldChangeLeftOutCells(*tableModel(), edit.ranges(), edit.text()))
+        return LeftOut::Change;
+    QPointer<TableView> const alive(this);
+    std::optional<LeftOut> const answer = askAboutLeftOutCells(this, *tableModel(), edit.ranges(), edit.text());
+    if (alive)
+        endDragsLater();
+    return answer;
+}
+
+/// A press that a box has come between: its release never reaches the table.
+void TableView::endDragsLater() {
+    auto const end = [this] {
+        for (AbstractTableView* const view : allViews())
+            view->endCutOffDrag();
+    };
+    QMetaObject::invokeMethod(this, end, Qt::QueuedConnection);
 }
 
 void TableView::onEditorClosed() {
@@ -280,10 +309,53 @@ void TableView::onEditorClosed() {
     emit removeContextSignal(Context::CellEditing);
 }
 
+/// Whoever moves the main cell: the text stays in the cell where it was typed. The command of the edit selects what it
+/// has written to, and after it what is selected by now is selected again.
+void TableView::onMainCellChanged(Range const& mainCell) {
+    if (!pendingEdit || pendingEdit->isAt(mainCell)) {
+        emit mainCellChangedSignal(mainCell);
+        return;
+    }
+    TableModel* const model = tableModel();
+    Range const moved = model->getMainCell();
+    RangeSet const selected = model->getSelectedSet();
+    QPointer<QWidget> const focused = QApplication::focusWidget();
+    bool const inEditor = focused == cellEditor || qobject_cast<EditorPane*>(focused) != nullptr;
+    QPointer<TableView> const alive = this;
+    stopEditing(); // may ask about cells that were taken out
+    if (!alive)
+        return;
+    if (!inEditor && focused)
+        focused->setFocus(Qt::OtherFocusReason);
+    if (selected.isEmpty())
+        model->clearSelection(moved);
+    else
+        model->setSelection(moved, selected);
+}
+
 void TableView::onAutoSaveFailed(QString const& fileName, QString const& reason) {
     autoSaveFailed = true;
     emit undoStackCleanChangedSignal(false);
-    MsgBox::inform(this, tableModel()->getTheme(), buildSaveFailureMessage(fileName, reason));
+    bool const isWaiting = !untoldFailure.isEmpty();
+    untoldFailure = buildSaveFailureMessage(fileName, reason);
+    if (isWaiting)
+        return;
+    // A series of texts goes on, and each is kept.
+    TypingGuard::whenStill(this, [this] {
+        QString const text = std::exchange(untoldFailure, QString());
+        if (!autoSaveFailed)
+            return;
+        QPointer<TableView> const alive(this);
+        MsgBox::inform(this, tableModel()->getTheme(), text);
+        if (alive)
+            endDragsLater();
+    });
+}
+
+void TableView::onAutoSaveHeldBack(QString const& sentence) {
+    autoSaveFailed = true;
+    emit undoStackCleanChangedSignal(false);
+    emit messageSignal(sentence);
 }
 
 void TableView::onTableSavedOrLoaded() {

@@ -1,6 +1,7 @@
 // Loading: how a table is filled from its file, in the background as a rule, and what becomes of the focus meanwhile.
 
 #include "view/TableView.h"
+#include "view/TypingGuard.h"
 
 namespace {
 
@@ -119,8 +120,20 @@ void TableView::onLoadProgressUpdate(int, int, int) {
 void TableView::onLoadFinished() {
     takeReadOnlyFromModel();
     setResizeContentsPrecision(precisionForRows(tableModel()->rowCountModel()));
-    warnAutoFitIfLargeFile();
+    bool const asks = isLargeForAutoFit(Axis::Rows) || isLargeForAutoFit(Axis::Columns);
+    if (!asks)
+        fitAfterLoad();
+    showAfterLoad();
+    if (asks) // whatever the user has turned to meanwhile
+        TypingGuard::whenStill(this, [this] {
+            if (isLoading())
+                return;
+            warnAutoFitIfLargeFile();
+            fitAfterLoad();
+        });
+}
+
+void TableView::fitAfterLoad() {
     enforceAutoFitColWidth(false);
     enforceAutoFitRowHeight(false);
-    showAfterLoad();
 }

@@ -61,15 +61,18 @@ void TableView::connectSizesAlong(Axis axis) {
     TableModel const* const model = tableModel();
     SizeSignals const& asked = signalsOf(axis);
     bool const rows = axis == Axis::Rows;
+    auto const insert = [this, rows](std::vector<int> const& lines) {
+        rows ? insertRowsSlot(lines) : insertColsSlot(lines);
+    };
     auto const remove = [this, rows](std::vector<int> const& lines) {
         rows ? removeRowsSlot(lines) : removeColsSlot(lines);
     };
     auto const fit = [this, rows](std::vector<int> const& lines) {
         rows ? enforceAutoFitRowHeights(lines) : enforceAutoFitColWidths(lines);
     };
-    connect(model, asked.insertLines, this, [this, axis](std::vector<int> const& lines) { insertLines(axis, lines); });
+    connect(model, asked.insertLines, this, insert);
     connect(model, asked.insertRun, this,
-            [this, axis](int line, int count) { insertLines(axis, convertRowAndCountToVector(line, count)); });
+            [insert](int line, int count) { insert(convertRowAndCountToVector(line, count)); });
     connect(model, asked.removeLines, this, remove);
     connect(model, asked.removeRun, this,
             [remove](int line, int count) { remove(convertRowAndCountToVector(line, count)); });

@@ -124,6 +124,10 @@ qint64 TypingGuard::lastKey() {
     return lastKeyAt;
 }
 
+bool TypingGuard::isInKeys() {
+    return lastKeyAt == lastActAt && now() - lastKeyAt < stillMs;
+}
+
 void TypingGuard::noteKey() {
     lastKeyAt = now();
     lastActAt = lastKeyAt;

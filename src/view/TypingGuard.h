@@ -28,6 +28,8 @@ public:
     static bool isTyping();
     /// When the last key came, by the clock.
     static qint64 lastKey();
+    /// Whether a key came just now, and neither a shortcut nor the mouse after it: what opens by it may meet more keys.
+    static bool isInKeys();
     /// A key that was kept from everybody.
     static void noteKey();
 

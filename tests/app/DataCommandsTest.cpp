@@ -1,7 +1,7 @@
 // Commands on cells, rows and columns, carried out by their names in a window.
 
 #include "app/PaneView.h"
-#include "tests/app/WindowFixture.h"
+#include "tests/app/TellingFixture.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -66,7 +66,7 @@ TEST_F(DataCommands, WhatWasEditedBeforeATableBecameReadOnlyStaysAndIsStillUnsav
     TableView& table = *window.getActiveTable();
     TableModel& edited = *table.tableModel();
     RangeVector cells{modelCell(0, 0)};
-    cells.front().value = QString("kept");
+    cells.front().setValue(QString("kept"));
     table.pushUndoCommand(new SetModelDataCommand(&edited, cells, true));
     table.setReadOnly(true);
     EXPECT_TRUE(table.hasUnsavedChanges());
@@ -113,6 +113,8 @@ Table const tables[] = {
          {"Duplicate Selected Cell Contents Left", "K2,0", "h j j|a ú ú|- - -|a ú ú|b - -", "K1,0*"},
          {"Duplicate Selected Cell Contents Up", "C1,1", "h x j|a x ú|- - -|a x ú|b - -", "C0,1*"},
          {"Transpose Selected Cells", "C0,0 C0,1 C1,0 C1,1", "h a j|i x ú|- - -|a x ú|b - -"},
+         {"Transpose Selected Cells", "R1,0", "h i j|a - -|x - -|ú x ú|b - -", "K0,1*"},
+         {"Transpose Selected Cells", "K1,0", "h i x - x|a - ú - -|- - - - -|a - ú - -|b - - - -", "R0,1*"},
          {"Transpose Table", "R1,0 C0,2", "h a - a b|i x - x -|j ú - ú -", "K1,0* C2,0"},
          {"Insert Cells, Move Rest of Row Right", "C1,1", "h i j -|a - x ú|- - - -|a x ú -|b - - -"},
          {"Insert Cells, Move Rest of Column Down", "C1,0", "h i j|- x ú|a - -|- x ú|a - -|b - -"},
@@ -135,6 +137,8 @@ Table const tables[] = {
          {"Duplicate Column(s)", "K1,0 C0,2", "h i j i j|a x ú x ú|- - - - -|a x ú x ú|b - - - -", "K3,0* C0,4"},
          {"Duplicate Row(s) Multiple Times", "C0,1", "h i j|h i j|h i j|a x ú|- - -|a x ú|b - -", "C1,1*", "2"},
          {"Move Row(s) Up", "R0,0 R1,0", nullptr},
+         {"Move Row(s) Down", "C1,0 K2,0", "h i j|- - -|a x ú|a x ú|b - -", "C2,0* K2,0"},
+         {"Move Column(s) Right", "C1,0 R3,0", "i h j|x a ú|- - -|x a ú|- b -", "C1,1* R3,0"},
          {"Move Column(s) Left", "C2,0 C3,1", nullptr, nullptr},
          {"Move Row(s) Just Above Row ...", "R1,0 C2,2", nullptr, nullptr, "1"},
          {"Move Row(s) Down", "R0,0 C1,2", "- - -|h i j|a x ú|a x ú|b - -", "R1,0* C2,2"},
@@ -302,6 +306,7 @@ Table const tables[] = {
          {"Select Entire Column(s) (Header Excluded)", "C2,0", nullptr, "K0,1*"},
          {"Select Up to Top of Column (Header Excluded)", "C3,1", nullptr, "C1,1 C2,1 C3,1*"},
          {"Invert Selection by Rows (Header Excluded)", "R1,0", nullptr, "R2,0* R3,0"},
+         {"Invert Selection by Rows (Header Excluded)", "R2,0", nullptr, "R1,0* R3,0"},
          {"Show All Hidden Row(s)", "C2,1", "t u|h i|c 1|a 2|b 3", "C3,1*"},
      }},
     {"t,h,c,a,b\nu,i,1,2,3\n",
@@ -312,6 +317,7 @@ Table const tables[] = {
          {"Select Entire Row(s) (Header Excluded)", "C0,2", nullptr, "R0,1*"},
          {"Select Left To Start of Row (Header Excluded)", "C1,3", nullptr, "C1,1 C1,2 C1,3*"},
          {"Invert Selection by Columns (Header Excluded)", "K1,0", nullptr, "K2,0* K3,0"},
+         {"Invert Selection by Columns (Header Excluded)", "K3,0", nullptr, "K1,0* K2,0"},
          {"Show All Hidden Column(s)", "C1,2", "t h c a b|u i 1 2 3", "C1,3*"},
      }},
     {"h,i,j\na,3,1\nb,2,3\nc,1,2\n",
@@ -357,6 +363,14 @@ Table const tables[] = {
          {"Show Hidden Column(s) in Selection", "K0,0", "h - j|a - 1|(- - -)|(b - 2)"},
          {"Remove All Filtered Out and Hidden Data", "C0,0", "h|a"},
      }},
+    {"h,i,,\na,,,\n,,,\n",
+     {{1}, {}, 1, 0},
+     "h i - -|(a - - -)|- - - -",
+     {
+         {"Remove Extraneous Rows and Columns", "C0,1", "h i|(a -)"},
+         {"Remove Empty Column(s)", "C0,1", "h i|(a -)|- -"},
+         {"Hide Empty Column(s)", "C0,1", "h i (-) (-)|(a - (-) (-))|- - (-) (-)"},
+     }},
     {"h,Two words, x ,-007\n",
      {{}, {}, 0, 0},
      "h Two words  x  -007",
@@ -374,38 +388,78 @@ Table const tables[] = {
      }},
 };
 
-TEST_F(DataCommands, EachDoesWhatItsNameSaysAndUndoTakesItBack) {
-    for (Table const& start : tables) {
-        open(start.content);
-        model().setAndApplyHiddenRowsList(start.standing.hiddenRows);
-        model().setAndApplyHiddenColsList(start.standing.hiddenCols);
-        table()->setNumberOfHeaderRows(start.standing.headerRows, false);
-        table()->setNumberOfHeaderColumns(start.standing.headerCols, false);
-        QUndoStack& stack = *table()->undoStack();
-        for (Case const& test : start.cases) {
-            SCOPED_TRACE(std::string(test.name) + " on " + test.selection + " of " + start.before);
-            select(test.selection);
-            std::string const selectedBefore = selection();
-            std::string const selected = test.selected == nullptr ? selectedBefore : inOrder(test.selected);
-            std::string const expected = test.expected == nullptr ? start.before : test.expected;
-            ASSERT_EQ(stored(), start.before);
-            run(test.name, test.answer == nullptr ? QStringList() : QStringList(test.answer));
-            EXPECT_EQ(stored(), expected);
-            EXPECT_EQ(selection(), selected);
-            EXPECT_EQ(stack.index(), test.expected == nullptr ? 0 : 1);
-            if (stack.index() == 0)
-                continue;
-            window.runCommand("Undo");
-            EXPECT_EQ(stored(), start.before);
-            EXPECT_EQ(selection(), selectedBefore);
-            window.runCommand("Redo");
-            EXPECT_EQ(stored(), expected);
-            EXPECT_EQ(selection(), selected);
-            window.runCommand("Undo");
-        }
-        window.closeFile(table());
+QByteArray transposed(QByteArray const& csv) {
+    QList<QByteArray> const lines = csv.chopped(1).split('\n');
+    QByteArray result;
+    for (int col = 0; col <= lines.front().count(','); ++col) {
+        for (QByteArray const& line : lines)
+            result += line.split(',').value(col) + ',';
+        result.back() = '\n';
     }
+    return result;
 }
+
+class EachDataCommand : public TellingFixture, public testing::WithParamInterface<std::tuple<std::size_t, bool>> {
+protected:
+    /// Without rows at the end that hold nothing: those behind what was ever edited are not written.
+    static QByteArray withContent(QByteArray const& bytes) {
+        return QString::fromUtf8(bytes).remove(QRegularExpression("(?<=\n),*\n(,*\n)*$")).toUtf8();
+    }
+    /// The data as a save writes them.
+    QByteArray asSaved() const {
+        TableData const& data = model().getTableData();
+        QByteArray bytes;
+        for (int row = 0; row < data.numRawRows(); ++row) {
+            for (int col = 0; col < data.numRawCols(); ++col)
+                bytes += data.getValueRaw(row, col).toString().toUtf8() + ',';
+            bytes.back() = '\n';
+        }
+        return bytes;
+    }
+};
+
+TEST_P(EachDataCommand, DoesWhatItsNameSaysAndUndoTakesItBackHoweverTheTableIsStored) {
+    auto const [index, isTransposed] = GetParam();
+    Table const& start = tables[index];
+    open(isTransposed ? transposed(start.content) : start.content);
+    if (isTransposed)
+        model().toggleTranspose();
+    model().setAndApplyHiddenRowsList(start.standing.hiddenRows);
+    model().setAndApplyHiddenColsList(start.standing.hiddenCols);
+    table()->setNumberOfHeaderRows(start.standing.headerRows, false);
+    table()->setNumberOfHeaderColumns(start.standing.headerCols, false);
+    QUndoStack& stack = *table()->undoStack();
+    for (Case const& test : start.cases) {
+        SCOPED_TRACE(std::string(test.name) + " on " + test.selection + " of " + start.before);
+        select(test.selection);
+        std::string const selectedBefore = selection();
+        std::string const selected = test.selected == nullptr ? selectedBefore : inOrder(test.selected);
+        std::string const expected = test.expected == nullptr ? start.before : test.expected;
+        ASSERT_EQ(stored(), start.before);
+        run(test.name, test.answer == nullptr ? QStringList() : QStringList(test.answer));
+        EXPECT_EQ(stored(), expected);
+        EXPECT_EQ(selection(), selected);
+        EXPECT_EQ(told(), toBeTold());
+        EXPECT_EQ(stack.index(), test.expected == nullptr ? 0 : 1);
+        if (stack.index() == 0)
+            continue;
+        window.runCommand("Undo");
+        EXPECT_EQ(stored(), start.before);
+        EXPECT_EQ(selection(), selectedBefore);
+        EXPECT_EQ(told(), toBeTold());
+        window.runCommand("Redo");
+        EXPECT_EQ(stored(), expected);
+        EXPECT_EQ(selection(), selected);
+        EXPECT_EQ(told(), toBeTold());
+        EXPECT_TRUE(window.saveFile(table()));
+        EXPECT_EQ(withContent(read("a.csv")), withContent(asSaved()));
+        window.runCommand("Undo");
+    }
+    stack.setClean();
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EachDataCommand,
+                         testing::Combine(testing::Range(std::size_t(0), std::size(tables)), testing::Bool()));
 
 TEST_F(DataCommands, NothingToDoLeavesTheTableUnchanged) {
     open("H,I\nA,X\n");
@@ -417,6 +471,19 @@ TEST_F(DataCommands, NothingToDoLeavesTheTableUnchanged) {
         select(name == std::string("Upper Case") ? "T0,0" : "C7,9");
         window.runCommand(name);
         EXPECT_TRUE(window.getActiveTable()->undoStack()->isClean()) << name;
+    }
+}
+
+TEST_F(DataCommands, MovedAndDuplicatedContentsLeaveCellsAloneThatWereTakenOutOfTheSelection) {
+    open("a,b\n1,2\n3,4\n");
+    for (auto const& [command, expected] : {std::pair("Move Cell Contents Right", "- a|1 2|- 3"),
+                                            std::pair("Duplicate Selected Cell Contents Right", "a a|1 2|3 3")}) {
+        select("K0,0*");
+        ASSERT_TRUE(model().removeCellFromSelection(1, 0));
+        window.runCommand(command);
+        EXPECT_EQ(stored(), expected) << command;
+        window.runCommand("Undo");
+        EXPECT_EQ(stored(), "a b|1 2|3 4");
     }
 }
 

@@ -167,6 +167,9 @@ TEST_F(LauncherTest, TheListScrollsWithTheSelectionAndNeverPastItsRoom) {
         press(Qt::Key_PageDown);
     EXPECT_EQ(list().verticalScrollBar()->value(), list().verticalScrollBar()->maximum());
     EXPECT_GT(list().verticalScrollBar()->maximum(), 0);
+    launcher->setEditorText("row");
+    EXPECT_GT(list().verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(list().verticalScrollBar()->value(), 0) << "a new list is shown from its start";
     int const full = launcher->height();
     QSignalSpy changes(launcher, &Launcher::heightChangedSignal);
     launcher->setEditorText("row 4");

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
+#include <QTest>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
@@ -39,6 +41,38 @@ TEST(NoticeLine, IsReadableAndOperableInANarrowWindow) {
         EXPECT_TRUE(label->toolTip().contains(path));
         EXPECT_EQ(line->text(), "This is told of a file: " + path);
     }
+}
+
+TEST(NoticeLine, LetsNoTypedKeyReachAShortcutOfTheWindow) {
+    QWidget window;
+    auto* const line = new NoticeLine(QString(), &window);
+    line->tell("Told of %1", {"a.csv"});
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto* const dismiss = line->findChild<QPushButton*>();
+    for (QWidget* const focused : {static_cast<QWidget*>(line), static_cast<QWidget*>(dismiss)}) {
+        for (Qt::Key const key :
+             {Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Insert, Qt::Key_F2, Qt::Key_1, Qt::Key_A}) {
+            int commands = 0;
+            QShortcut const plain(QKeySequence(key), &window, [&] { ++commands; });
+            QShortcut const withControl(QKeySequence(int(Qt::CTRL) | key), &window, [&] { commands += 10; });
+            focused->setFocus();
+            QTest::keyClick(focused, key);
+            EXPECT_EQ(commands, 0) << key;
+            QTest::keyClick(focused, key, Qt::ControlModifier);
+            EXPECT_EQ(commands, 10) << key;
+        }
+    }
+    int left = 0;
+    QObject::connect(line, &NoticeLine::leftSignal, [&] { ++left; });
+    line->setFocus();
+    QTest::keyClick(line, Qt::Key_Escape);
+    EXPECT_EQ(left, 1);
+    QTest::keyClick(line, Qt::Key_Tab);
+    EXPECT_TRUE(dismiss->hasFocus());
+    QTest::keyClick(dismiss, Qt::Key_Space);
+    EXPECT_TRUE(line->isHidden());
 }
 
 TEST(StatusBar, AMessageStandsWholeInANarrowWindow) {

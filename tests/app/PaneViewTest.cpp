@@ -4,6 +4,7 @@
 #include "view/EditorPane.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QInputMethodEvent>
 #include <QPushButton>
 #include <QScrollBar>
@@ -98,6 +99,14 @@ TEST_F(PaneViewTest, ThePaneOpensAndClosesAndRemembersItsHeight) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return height() == 0; }));
         EXPECT_EQ(panes.getEditorPaneHeight(), 180);
     }
+    panes.showEditorPane(true, false);
+    for (int const dragged : {120, 0, 150}) { // by the handle, which also closes and opens it
+        panes.findChild<QSplitter*>()->setSizes({splitter->height() - dragged, dragged});
+        QTest::mouseRelease(splitter->handle(1), Qt::LeftButton);
+        EXPECT_EQ(hasAnyContext(context, Context::EditorPaneShown), dragged > 0);
+        EXPECT_EQ(panes.isEditorPaneShown(), dragged > 0);
+        EXPECT_EQ(panes.getEditorPaneHeight(), dragged > 0 ? height() : 120);
+    }
 }
 
 TEST_F(PaneViewTest, TypingGoesToThePaneAndToAllSelectedCells) {
@@ -145,6 +154,88 @@ TEST_F(PaneViewTest, AKeyWithoutACharacterLeavesTheCellAndTheOpenEditAlone) {
     EXPECT_EQ(view->undoStack()->count(), 1);
 }
 
+TEST_F(PaneViewTest, OnlyWhatTheUserChangesInACellChanges) {
+    model().setEncoding(EncodingType::Utf16LE); // which holds halves of pairs too
+    QString const texts[] = {QStringLiteral("a\u00a0b\r\nc\rd\ne"),
+                             QStringLiteral("\r\n\r\n"),
+                             QStringLiteral("a\u2028b\u2029c\ufdd0d\ufdd1e"),
+                             QStringLiteral("\ufeffa\ufffc\ufffd\tb"),
+                             QChar(0) + QStringLiteral("a\x01\x7f"),
+                             QChar(0xd83d) + QStringLiteral("a") + QChar(0xde00),
+                             QStringLiteral("\U0001f600b")};
+    struct Case {
+        std::vector<std::pair<Qt::Key, Qt::KeyboardModifiers>> keys;
+        QString before; ///< what the keys put in front
+        QString behind;
+    };
+    Case const cases[] = {
+        {{{Qt::Key_X, Qt::NoModifier}}, {}, QStringLiteral("x")},
+        {{{Qt::Key_Home, Qt::ControlModifier}, {Qt::Key_Y, Qt::NoModifier}}, QStringLiteral("y"), {}},
+        {{{Qt::Key_X, Qt::NoModifier}, {Qt::Key_Backspace, Qt::NoModifier}}, {}, {}},
+        {{{Qt::Key_X, Qt::NoModifier}, {Qt::Key_Z, Qt::ControlModifier}}, {}, {}},
+        {{{Qt::Key_V, Qt::ControlModifier}}, {}, QStringLiteral("p\u00a0q")},
+        {{{Qt::Key_A, Qt::ControlModifier}, {Qt::Key_C, Qt::ControlModifier}}, {}, {}},
+        {{{Qt::Key_A, Qt::ControlModifier}, {Qt::Key_Delete, {}}, {Qt::Key_Z, Qt::ControlModifier}}, {}, {}},
+    };
+    for (bool const inPane : {true, false}) {
+        panes.showEditorPane(inPane, false);
+        for (QString const& stored : texts) {
+            setText(1, 1, stored);
+            ASSERT_EQ(text(1, 1), stored);
+            for (Case const& each : cases) {
+                SCOPED_TRACE(stored.toStdString() + (inPane ? " in the pane, case " : " in the grid, case ") +
+                             std::to_string(&each - cases));
+                QApplication::clipboard()->setText(QStringLiteral("p\u00a0q"));
+                go(0, 0);
+                go(1, 1);
+                view->editMainCellAppend();
+                for (auto const& [pressed, modifiers] : each.keys)
+                    key(pressed, pressed == Qt::Key_Home && !inPane ? Qt::NoModifier : modifiers);
+                key(Qt::Key_Escape);
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                EXPECT_EQ(text(1, 1), each.before + stored + each.behind);
+                EXPECT_EQ(view->undoStack()->count(), each.before.isEmpty() && each.behind.isEmpty() ? 0 : 1);
+                view->undo();
+                view->undoStack()->clear();
+                EXPECT_EQ(text(1, 1), stored);
+            }
+        }
+    }
+}
+
+TEST_F(PaneViewTest, LineBreaksThatAreTypedOrPastedAreLineFeeds) {
+    panes.showEditorPane(true, false);
+    setText(1, 1, QStringLiteral("a\r\nb"));
+    go(1, 1);
+    view->editMainCellAppend();
+    key(Qt::Key_Return);
+    key(Qt::Key_Return, Qt::ShiftModifier);
+    QApplication::clipboard()->setText(QStringLiteral("c\r\nd\u2028e\u00a0f"));
+    key(Qt::Key_V, Qt::ControlModifier);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(text(1, 1), QStringLiteral("a\r\nb\n\nc\nd\ne\u00a0f"));
+    // What is copied in the pane is the text itself.
+    clickPane(QPoint(5, 5));
+    key(Qt::Key_A, Qt::ControlModifier);
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("a\nb\n\nc\nd\ne\u00a0f"));
+}
+
+TEST_F(PaneViewTest, AnEditOfALongCellLeavesItsLineBreaksAlone) {
+    panes.showEditorPane(true, false);
+    QString const stored = QStringLiteral("0123456789\u00a0\r\n").repeated(10000);
+    setText(1, 1, stored);
+    go(1, 1);
+    view->editMainCellAppend();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane().document()->isUndoRedoEnabled(); }));
+    key(Qt::Key_X);
+    EXPECT_EQ(text(1, 1), u'x' + stored);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(text(1, 1), stored);
+    EXPECT_EQ(view->undoStack()->count(), 0);
+}
+
 TEST_F(PaneViewTest, NavigationKeysLeaveThePaneIfTheyAreNotItsOwn) {
     panes.setLetEditorPaneConsumeNavigationKeystrokes(false);
     panes.showEditorPane(true, false);
@@ -158,6 +249,10 @@ TEST_F(PaneViewTest, NavigationKeysLeaveThePaneIfTheyAreNotItsOwn) {
     key(Qt::Key_Return);
     EXPECT_EQ(text(1, 2), QStringLiteral("b"));
     EXPECT_EQ(model().getMainCell(), Range(2, 1, RangeIndexType::Model));
+    key(Qt::Key_C);
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(text(2, 1), QStringLiteral("c"));
+    EXPECT_EQ(model().getMainCell(), Range(2, 0, RangeIndexType::Model));
 }
 
 TEST_F(PaneViewTest, AClickBeginsAnEditAtItsPlaceAndAClickElsewhereEndsIt) {

@@ -3,6 +3,7 @@
 #include "commands/PreferenceFiles.h"
 #include "storage/AtomicFileWriter.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/support/HeldReads.h"
 #include "view/FrozenTableView.h"
 
 #include <QAction>
@@ -73,12 +74,16 @@ TEST_F(PreferencesTest, ANewUserGetsAllFilesAndTheNextStartLeavesThemAlone) {
 TEST_F(PreferencesTest, DamagedFilesAreReplacedAndWhatMayBeSomethingElseStays) {
     PreferenceStartup const first(location);
     QByteArray const fresh = read(shortcutsPath);
+    int copies = 0;
     for (QByteArray const& damage :
          {QByteArray(), QByteArray(10000, '\0'), QByteArray("\"unclosed\n"), QByteArray("Command;User Shortcut\n")}) {
         write(shortcutsPath, damage);
         write(settingsPath, "Setting,User Value\nTheme,light\n");
         PreferenceStartup const start(location);
         EXPECT_EQ(read(shortcutsPath), fresh);
+        ++copies;
+        QString const number = copies == 1 ? QString() : QString(" %1").arg(copies);
+        EXPECT_EQ(read(location + "/Shortcuts (User) - damaged" + number + ".csv"), damage);
         EXPECT_EQ(MainWindow().getSettings().getTheme().getName(), "Light");
     }
     QFile::remove(settingsPath);
@@ -94,6 +99,25 @@ TEST_F(PreferencesTest, DamagedFilesAreReplacedAndWhatMayBeSomethingElseStays) {
     EXPECT_TRUE(QDir(settingsPath + "/kept").exists());
     EXPECT_TRUE(QFile::exists(shortcutsPath));
     EXPECT_EQ(huge.size(), qint64(1) << 33);
+}
+
+TEST_F(PreferencesTest, ADiskThatFailsToReadCostsNoPreferences) {
+    QByteArray const mine = "Setting,User Value\nTheme,light\n";
+    for (int good = 0; good < 4; ++good) {
+        PreferenceStartup const first(location);
+        write(settingsPath, mine);
+        write(shortcutsPath, "Command,User Shortcut\nSave File,f9\n");
+        write(extensionsPath, "mine alone");
+        HeldReads reads;
+        reads.failAfter(good);
+        PreferenceStartup start(location);
+        start.update(MainWindow().getCommands());
+        EXPECT_FALSE(PreferenceFiles::writeSettingToFile(Settings(), SettingType::Theme).isEmpty());
+        reads.failAfter(-1);
+        EXPECT_TRUE(read(settingsPath).contains("light")) << good;
+        EXPECT_TRUE(read(shortcutsPath).contains("f9")) << good;
+        EXPECT_TRUE(good > 2 || read(extensionsPath) == "mine alone") << good;
+    }
 }
 
 TEST_F(PreferencesTest, FilesOneFolderTooDeepMoveUpAndOtherVersionsFilesAreBroughtUpToDate) {

@@ -201,6 +201,10 @@ TEST_F(PromptsTest, EverySettingWithAValueAsksInItsOwnWordsAndTakesOnlyWhatIsGoo
     }
 }
 
+bool any(EncodingType) {
+    return true;
+}
+
 TEST_F(PromptsTest, ParametersOfASaveAreSetInOneUndoableChangeAndToldInTheStatusBar) {
     auto const labels = [&] {
         return QStringList{window.getStatusBar()->text(StatusBar::Label::Delimiter),
@@ -210,8 +214,8 @@ TEST_F(PromptsTest, ParametersOfASaveAreSetInOneUndoableChangeAndToldInTheStatus
     QStringList const before = labels();
     ScriptedAsker asker({"", "tab", "Windows (CR LF)", "morse", "UTF-16LE", "All Quotes"});
     asker.ask(Prompts::saveDialect(
-        {DialectPart::Delimiter, DialectPart::LineEnding, DialectPart::Encoding, DialectPart::ParsingStandard},
-        table()));
+        {DialectPart::Delimiter, DialectPart::LineEnding, DialectPart::Encoding, DialectPart::ParsingStandard}, table(),
+        any));
     EXPECT_EQ(asker.titles, QStringList({"Delimiter:", "Line Ending:", "Encoding:", "Parsing Standard:"}));
     EXPECT_EQ(asker.complaints.size(), 2);
     EXPECT_EQ(labels(), QStringList({"Delimiters (Load, Save): comma (,), tab", "UTF-16LE", "Windows"}));
@@ -222,10 +226,10 @@ TEST_F(PromptsTest, ParametersOfASaveAreSetInOneUndoableChangeAndToldInTheStatus
     EXPECT_EQ(model().getParsingStandard(), ParsingStandard::Rfc4180);
     EXPECT_TRUE(table()->undoStack()->isClean());
 
-    ScriptedAsker({"Windows (CR LF)"}).ask(Prompts::saveDialect({DialectPart::LineEnding}, table()));
+    ScriptedAsker({"Windows (CR LF)"}).ask(Prompts::saveDialect({DialectPart::LineEnding}, table(), any));
     EXPECT_EQ(labels(), QStringList({before[0], before[1], "Windows"}));
     table()->undo();
-    ScriptedAsker({","}).ask(Prompts::saveDialect({DialectPart::Delimiter}, table()));
+    ScriptedAsker({","}).ask(Prompts::saveDialect({DialectPart::Delimiter}, table(), any));
     EXPECT_EQ(table()->undoStack()->count(), 1) << "what is the same already is no change";
 }
 
@@ -251,7 +255,7 @@ TEST_F(PromptsTest, AQuestionForADialectBeginsAtWhatIsInForceAndNamesTheDelimite
         names << option.text + '=' + option.valuePill;
     EXPECT_EQ(names, (QStringList{"(auto)=", ",=comma", "tab=", ";=semi-colon", "|=pipe",
                                   "space=", "Unit Separator=", "(none)="}));
-    EXPECT_EQ(Prompts::saveDialect({DialectPart::Delimiter}, table()).selected, "|");
+    EXPECT_EQ(Prompts::saveDialect({DialectPart::Delimiter}, table(), any).selected, "|");
     EXPECT_EQ(reload(DialectPart::Encoding).selected, "UTF-8");
     EXPECT_EQ(reload(DialectPart::ParsingStandard).selected, "Sparse Quotes");
     model().setDelimiter("::", ",");

@@ -54,9 +54,6 @@ protected:
                    ? testing::AssertionSuccess()
                    : testing::AssertionFailure() << "nobody waits";
     }
-
-    /// Switches a setting of the window on by its command.
-    void toggle(QString const& setting) { window.runCommand("Toggle " + setting); }
 };
 
 } // namespace
@@ -205,8 +202,36 @@ TEST_F(SaveFlowTest, WhatIsTypedWhenTheFileGoesNeverLandsInAnotherTable) {
     QFile::remove(path);
     EXPECT_TRUE(QTest::qWaitFor(goes));
     typeText("again");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
     enter();
-    EXPECT_EQ(table()->tableModel()->getTableData().getValueRaw(1, 0).toString(), "again");
+    EXPECT_EQ(stored(), "other");
+
+    write("a.csv", "1\n"); // and between two texts
+    window.openFile(path);
+    clock.pass(TypingGuard::idleMs);
+    QFile::remove(path);
+    EXPECT_TRUE(QTest::qWaitFor(goes));
+    typeText("next");
+    enter();
+    EXPECT_EQ(stored(), "other");
+}
+
+TEST_F(SaveFlowTest, ASeriesOfTextsGoesOnThroughAutomaticSavesThatFail) {
+    HeldClock clock;
+    toggle("Save After Each Edit");
+    QString const path = open("1\n");
+    show();
+    QFile::remove(path);
+    QDir().mkdir(path); // a file cannot take the place of a folder
+    for (char const* const text : {"alpha", "beta", "gamma"}) {
+        typeText(text);
+        enter();
+    }
+    box.next("OK");
+    clock.pass(TypingGuard::stillMs);
+    EXPECT_EQ(box.texts().size(), 1);
+    EXPECT_EQ(stored(), "alpha|beta|gamma");
+    toggle("Save After Each Edit");
 }
 
 TEST_F(SaveFlowTest, AWindowThatClosesAsksAboutTheEditsOfTablesWhoseFilesWent) {
@@ -513,6 +538,49 @@ TEST_F(SaveFlowTest, ASaveInAnotherEncodingTellsWhatItCannotCarryAndCanBeUndoneL
     EXPECT_EQ(read("b.lat"), "\t1\t?\r\n\t\xd9\t\r\n");
 }
 
+TEST_F(SaveFlowTest, AChangeOfTheEncodingTellsWhatItCannotCarryBeforeIt) {
+    open("日本,1\nxé,й\n");
+    QString const before = dialect();
+    box.next("Cancel");
+    run("Set Encoding for File Save", {"ISO 8859-1"});
+    EXPECT_EQ(box.texts().value(0), "2 cells hold characters that ISO 8859-1 cannot carry.");
+    EXPECT_EQ(box.defaults().value(0), "Cancel");
+    box.next("Show Cells");
+    run("Set Parameters for File Save", {"tab", "Windows", "ISO 8859-1", "All Quotes"});
+    EXPECT_EQ(selection(), "C0,0* C1,1");
+    EXPECT_EQ(dialect(), before) << "nothing of it";
+    EXPECT_TRUE(table()->undoStack()->isClean());
+
+    box.next("Change Anyway");
+    run("Set Encoding for File Save", {"ISO 8859-1"});
+    EXPECT_EQ(shown(), "?? 1|xé ?");
+    run("Set Encoding for File Save", {"UTF-16LE"}); // carries all
+    table()->undo();
+    table()->undo();
+    EXPECT_EQ(shown(), "日本 1|xé й");
+    box.next("Change Anyway", [&] { window.closeFile(table()); });
+    run("Set Encoding for File Save", {"ISO 8859-1"});
+}
+
+TEST_F(SaveFlowTest, AnEditThatTheEncodingCannotCarryIsToldInTheStatusBar) {
+    open("a,b\nc,d\n");
+    run("Set Encoding for File Save", {"Windows-1252"});
+    auto const message = [&] { return window.getStatusBar()->currentMessage().toStdString(); };
+    change(QStringLiteral("x日"));
+    EXPECT_EQ(shown(), "x? b|c d");
+    EXPECT_EQ(message(), "The text of 1 cell holds characters that Windows-1252 cannot carry; they were written as "
+                         "\"?\".");
+    table()->undo();
+    EXPECT_EQ(message(), "");
+    RangeSet const cells(CellRegion({0, 0, 1, 1}));
+    table()->pushUndoCommand(new SetModelDataCommand(&model(), cells, QStringLiteral("日"), true));
+    EXPECT_EQ(message(), "The texts of 4 cells hold characters that Windows-1252 cannot carry; they were written as "
+                         "\"?\".");
+    change("é", 0, 0);
+    EXPECT_EQ(message(), "");
+    EXPECT_EQ(shown(), "é ?|? ?");
+}
+
 TEST_F(SaveFlowTest, BytesWithoutMeaningStayWhereTheEncodingStaysAndACopyIsInThatOfItsName) {
     setExtensions("lat,tab,CRLF,ISO 8859-5,RFC 4180\n");
     open("й,\xff\n2,3\n");
@@ -598,6 +666,49 @@ TEST_F(SaveFlowTest, AReloadStaysAtItsPlaceAndSortsOnlyWhereTheSettingSaysSo) {
         EXPECT_EQ(table()->verticalScrollBar()->value(), 240);
         EXPECT_EQ(table()->horizontalScrollBar()->value(), 160);
     }
+}
+
+TEST_F(SaveFlowTest, TheSortOfAReloadWaitsForTheKeysAndForAnOpenText) {
+    HeldClock clock;
+    open("h\nb\na\n");
+    show();
+    table()->sortRowsOrCols({SortType::Ascending, Axis::Rows, 0});
+    table()->undoStack()->setClean();
+    auto const reload = [&](QByteArray const& bytes) {
+        int const rows = int(bytes.count('\n'));
+        write("a.csv", bytes);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model().rowCountRaw() == rows && !table()->isLoading(); }));
+    };
+    QObject::connect(table(), &TableView::loadBegunSignal, &TypingGuard::noteKey); // a user who types elsewhere
+    reload("h\nd\nc\nb\n");
+    EXPECT_EQ(stored(), "h|d|c|b");
+    clock.pass(TypingGuard::stillMs);
+    EXPECT_EQ(stored(), "h|b|c|d");
+    reload("h\ne\nd\nc\nb\n");
+    select("C0,0*");
+    typeText("t");
+    clock.pass(2 * TypingGuard::idleMs);
+    EXPECT_EQ(stored(), "h|e|d|c|b");
+    typeText("op");
+    enter();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        clock.pass(TypingGuard::stillMs);
+        return stored() == "top|b|c|d|e";
+    })) << stored();
+    box.next("Reload"); // the text is an edit
+    write("a.csv", "h\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model().rowCountRaw() == 1; }));
+}
+
+TEST_F(SaveFlowTest, AReloadThatCannotBeSortedAgainTellsSo) {
+    open("h,i\nb,2\na,1\n");
+    table()->sortRowsOrCols({SortType::Ascending, Axis::Rows, 1});
+    table()->undoStack()->setClean();
+    write("a.csv", "h\nb\na\n");
+    auto const isTold = [&] {
+        return window.getStatusBar()->currentMessage() == "a.csv was read again and is not sorted any more.";
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isTold));
 }
 
 TEST_F(SaveFlowTest, TwoTablesNeverComeToStandOnOneFile) {

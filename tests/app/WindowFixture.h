@@ -10,6 +10,7 @@
 #include "tests/support/PromptAnswers.h"
 #include "tests/support/TestFolder.h"
 #include "view/TableView.h"
+#include "view/TypingGuard.h"
 
 #include <QDir>
 #include <QTest>
@@ -32,7 +33,7 @@ private:
 /// Puts a text into a cell by a command that can be undone.
 inline void change(TableView& table, QString const& text, int row = 0, int col = 0) {
     RangeVector cells{modelCell(row, col)};
-    cells[0].value = text;
+    cells[0].setValue(text);
     cells[0].hasMainCell = true;
     table.pushUndoCommand(new SetModelDataCommand(table.tableModel(), cells, true));
 }
@@ -40,6 +41,8 @@ inline void change(TableView& table, QString const& text, int row = 0, int col =
 /// A window with preferences and a folder of its own. A question that no answer was given for fails the test.
 class WindowFixture : public testing::Test {
 protected:
+    WindowFixture() { TypingGuard::setClock({}); } // the keys of the test before are no user's of this one
+
     QString write(QString const& name, QByteArray const& bytes) const { return directory.write(name, bytes); }
     QByteArray read(QString const& name) const { return directory.read(name); }
     /// Writes a file and opens it. Returns the path.
@@ -74,6 +77,8 @@ protected:
     void set(QByteArray const& settings) {
         window.onPreferenceChanged(write(Utilities::getSettingsFilepath(), "Setting,User Value\n" + settings + '\n'));
     }
+    /// Switches a setting of the window by its command.
+    void toggle(QString const& setting) { window.runCommand("Toggle " + setting); }
     /// Runs a command and answers its questions.
     void run(QString const& command, QStringList const& answers = {}) {
         window.runCommand(command);

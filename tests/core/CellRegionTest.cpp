@@ -19,19 +19,49 @@ CellRegion randomRegion(std::mt19937& random) {
     return CellRegion::ofRects(rects);
 }
 
-TEST(CellRegion, IsASetOfCells) {
-    std::mt19937 random(5);
-    using Cells = std::set<std::pair<int, int>>;
-    auto const cellsOf = [](CellRegion const& region) {
+using Cells = std::set<std::pair<int, int>>;
+
+Cells cellsOf(CellRegion const& region) {
+    Cells cells;
+    for (CellRect const& rect : region.rects()) {
+        for (int row = rect.top; row <= rect.bottom; ++row) {
+            for (int col = rect.left; col <= rect.right; ++col)
+                EXPECT_TRUE(cells.emplace(row, col).second);
+        }
+    }
+    return cells;
+}
+
+TEST(CellRegion, IsMadeOfRectanglesInWhateverOrder) {
+    std::mt19937 random(7);
+    auto const number = [&](int below) { return int(random() % unsigned(below)); };
+    for (int round = 0; round < 3000; ++round) {
+        std::vector<CellRect> rects;
+        bool const oneColumn = round % 3 == 0;
+        for (int i = number(6); i > 0; --i) {
+            int const top = number(9);
+            int const left = oneColumn ? 3 : number(9);
+            rects.push_back({top, left, top + number(4) - (number(9) == 0), left + (oneColumn ? 1 : number(4))});
+        }
+        if (round % 2 == 0)
+            std::sort(rects.begin(), rects.end(), [](CellRect const& a, CellRect const& b) {
+                return std::pair(a.top, a.left) < std::pair(b.top, b.left);
+            });
         Cells cells;
-        for (CellRect const& rect : region.rects()) {
+        for (CellRect const& rect : rects) {
             for (int row = rect.top; row <= rect.bottom; ++row) {
                 for (int col = rect.left; col <= rect.right; ++col)
-                    EXPECT_TRUE(cells.emplace(row, col).second);
+                    cells.emplace(row, col);
             }
         }
-        return cells;
-    };
+        CellRegion const region = CellRegion::ofRects(rects);
+        EXPECT_EQ(cellsOf(region), cells);
+        EXPECT_EQ(region, CellRegion::ofCells({cells.begin(), cells.end()})); // the one form of the set
+    }
+}
+
+TEST(CellRegion, IsASetOfCells) {
+    std::mt19937 random(5);
     for (int round = 0; round < 500; ++round) {
         CellRegion const a = randomRegion(random);
         CellRegion const b = randomRegion(random);

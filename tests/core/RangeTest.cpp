@@ -18,7 +18,7 @@ TEST(Range, ConstructorsPlaceTheStart) {
         EXPECT_EQ(std::tuple(range.type, range.indexType, range.row, range.col), expected);
         EXPECT_EQ(std::tuple(range.rowEnd, range.colEnd, range.hasMainCell), std::tuple(INT_MAX, INT_MAX, false));
         EXPECT_EQ(std::tuple(range.mainIndex, range.mainRow, range.mainCol), std::tuple(-1, -1, -1));
-        EXPECT_FALSE(range.value.isValid());
+        EXPECT_FALSE(range.value().isValid());
     }
 }
 
@@ -51,7 +51,7 @@ TEST(Range, MovesInvalidateOrStopAtZero) {
 
 TEST(Range, EqualityComparesTypeAndStart) {
     Range other(1, 2, RangeIndexType::Raw);
-    other.value = "content";
+    other.setValue("content");
     EXPECT_EQ(cell(1, 2), other);
     EXPECT_NE(cell(1, 2), cell(2, 1));
     EXPECT_NE(row(0), column(0));
@@ -60,7 +60,7 @@ TEST(Range, EqualityComparesTypeAndStart) {
 
 TEST(Range, ContainsRange) {
     Range excluding = row(5);
-    excluding.excludedCols = {9};
+    excluding.setExcludedCols({9});
     Range const shortRow = block(RangeType::Row, 5, 2, INT_MAX, 8);
     Range const shortColumn = block(RangeType::Column, 2, 5, 8, INT_MAX);
     Range const box = table(2, 2, 8, 8);
@@ -87,9 +87,9 @@ TEST(Range, ContainsRange) {
 
 TEST(Range, ContentsFallBackToTheScalar) {
     Range line = row(2);
-    line.value = "scalar";
-    line.oldValue = "old scalar";
-    line.lineValues = {"a", "b"};
+    line.setValue("scalar");
+    line.setOldValue("old scalar");
+    line.setLineValues({"a", "b"});
     EXPECT_EQ(valueAt(line, 3, 0, false), "b"); // a Row is indexed by rows
     EXPECT_EQ(valueAt(line, 2, 1, false), "a");
     EXPECT_EQ(valueAt(line, 1, 0, false), "scalar");
@@ -97,12 +97,12 @@ TEST(Range, ContentsFallBackToTheScalar) {
     EXPECT_EQ(valueAt(line, 2, 0, true), "old scalar");
 
     Range vertical = column(2);
-    vertical.lineOldValues = {"a", "b"};
+    vertical.setLineOldValues({"a", "b"});
     EXPECT_EQ(valueAt(vertical, 0, 3, true), "b");
 
     Range area = table(1, 1);
-    area.value = "scalar";
-    area.tableValues = {{"a"}, {"b", "c"}};
+    area.setValue("scalar");
+    area.setTableValues({{"a"}, {"b", "c"}});
     EXPECT_EQ(valueAt(area, 2, 2, false), "c");
     EXPECT_EQ(valueAt(area, 1, 2, false), "scalar");
     EXPECT_EQ(valueAt(area, INT_MIN, 1, false), "scalar");
@@ -110,15 +110,28 @@ TEST(Range, ContentsFallBackToTheScalar) {
 
 TEST(Range, CopyWithoutValuesKeepsContentsAndEndsOfTheTarget) {
     Range from = table(1, 2, 3, 4);
-    from.value = "from";
+    from.setValue("from");
     from.hasMainCell = true;
     from.mainRow = 7;
-    from.excludedCells = {{5, 6}};
+    from.setExcludedCells({{5, 6}});
     Range to(9, 9, RangeIndexType::Raw);
-    to.value = "to";
+    to.setValue("to");
     copyWithoutValues(to, from);
     EXPECT_EQ(to, from);
     EXPECT_EQ(std::tuple(to.indexType, to.hasMainCell, to.mainRow), std::tuple(Model, true, 7));
-    EXPECT_EQ(to.excludedCells, from.excludedCells);
-    EXPECT_EQ(std::tuple(to.value, to.rowEnd), std::tuple(QVariant("to"), INT_MAX));
+    EXPECT_EQ(to.excludedCells(), from.excludedCells());
+    EXPECT_EQ(std::tuple(to.value(), to.rowEnd), std::tuple(QVariant("to"), INT_MAX));
+}
+
+TEST(Range, CopiesShareContentsAndExclusionsUntilOneIsWritten) {
+    Range range(1, RangeType::Row, Model);
+    range.setLineValues({"a", "b"});
+    range.setExcludedCols({4});
+    Range copy = range;
+    EXPECT_EQ(&copy.lineValues(), &range.lineValues());
+    copy.setExcludedCols({});
+    copy.setValue("new");
+    EXPECT_EQ(std::tuple(range.hasExclusions(), range.value().isValid()), std::tuple(true, false));
+    EXPECT_EQ(std::tuple(copy.hasExclusions(), copy.value()), std::tuple(false, QVariant("new")));
+    EXPECT_EQ(copy.lineValues(), range.lineValues());
 }

@@ -11,9 +11,9 @@ using testing::IsEmpty;
 TEST(RangeVector, CountsWhatIsFilled) {
     Range line = row(1);
     EXPECT_EQ(RangeVector{line}.numCells(), 0);
-    line.lineOldValues = {1, 2, 3};
+    line.setLineOldValues({1, 2, 3});
     Range area = table();
-    area.tableOldValues = {{1, 2}, {3, 4}};
+    area.setTableOldValues({{1, 2}, {3, 4}});
     EXPECT_EQ((RangeVector{cell(0, 0), line, area, table(), Range()}.numCells()), 1 + 3 + 4);
 }
 
@@ -87,11 +87,11 @@ TEST(RangeVector, Transposes) {
     Range line = block(RangeType::Row, 3, 4);
     line.hasMainCell = true;
     line.mainIndex = 6;
-    line.lineValues = {1};
+    line.setLineValues({1});
     Range const vertical = RangeVector::transposeRange(line);
     EXPECT_EQ(vertical, column(3));
     EXPECT_EQ(vertical.mainIndex, 6);
-    EXPECT_TRUE(vertical.hasMainCell && vertical.lineValues.empty());
+    EXPECT_TRUE(vertical.hasMainCell && vertical.lineValues().empty());
     EXPECT_EQ(RangeVector::transposeRange(vertical), row(3));
 
     Range area = table(1, 0);

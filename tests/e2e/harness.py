@@ -41,6 +41,7 @@ FAILURES = pathlib.Path(os.environ["GRIDWRIGHT_FAILURES"])
 SCREENSHOTS = os.environ.get("GRIDWRIGHT_SCREENSHOTS")
 PATIENCE = 30.0  # seconds that an expectation waits; a loaded machine under sanitizers is slow
 POLL = 0.03
+KEY_REST = 0.6  # seconds for which a box that a key has brought up takes none
 
 
 def middle(rect):
@@ -192,13 +193,14 @@ class DesktopTest(unittest.TestCase):
         self.wait_for(holds, lambda: f"the window does not come to {wanted} but is {seen['now']}")
 
     def expect_message(self, *words):
-        """Waits until a message box is open whose text holds all these words."""
+        """Waits until a message box is open whose text holds all these words, and until it takes keys."""
         def shown():
             message = self.state().get("message")
             return message is not None and all(word in message for word in words)
 
         self.expect_window("Gridwright")
         self.wait_for(shown, lambda: f"no message with {words} but {self.state().get('message')!r}")
+        time.sleep(KEY_REST)
 
     def expect_cell(self, row, col, text):
         """Waits until a cell in sight shows a text."""

@@ -64,7 +64,7 @@ TEST(CellColors, SelectionAndDragRectangle) {
     Setting setting = withMainCell(1, 1);
     Range row(4, RangeType::Row, Model);
     row.col = 2;
-    row.excludedCols = {5};
+    row.setExcludedCols({5});
     setting.selection.addCellToSelection(row);
     EXPECT_EQ(colorOf(setting, 1, 1), theme.getMainCellColor());
     EXPECT_EQ(colorOf(setting, 4, 2), theme.getSelectedCellColor());

@@ -64,15 +64,15 @@ TEST_F(IndexSpacesTest, ListsKeepTheirOwnRuleFromUserToModel) {
 
 TEST_F(IndexSpacesTest, RangesTakeEverythingElseAlong) {
     Range range(2, RangeType::Row, Model);
-    range.value = 7;
-    range.excludedCols = {1};
+    range.setValue(7);
+    range.setExcludedCols({1});
     range.mainIndex = 2;
     Range const raw = spaces.rawRange(range);
     EXPECT_EQ(raw.indexType, Raw);
     EXPECT_EQ(raw.row, 4);
     EXPECT_EQ(raw.col, 1);
-    EXPECT_EQ(raw.value, 7);
-    EXPECT_EQ(raw.excludedCols, std::vector<int>{1});
+    EXPECT_EQ(raw.value(), 7);
+    EXPECT_EQ(raw.excludedCols(), std::vector<int>{1});
     EXPECT_EQ(raw.mainIndex, 2);
 
     Range const concealed(3, 1, Raw);

@@ -60,13 +60,13 @@ TEST_F(RangeExpansionTest, CellsByRowAndByColumn) {
 
 TEST_F(RangeExpansionTest, ReadsOnlyWhatIsAskedFor) {
     Range cell(0, 1, Model);
-    cell.oldValue = "kept";
+    cell.setOldValue("kept");
     auto const rows = expansion.cellsByRows({cell, table(2, 3)}, place, nullptr);
     ASSERT_EQ(textOf(rows), "01 | 23");
-    EXPECT_EQ(rows[0][0].value, "01");
-    EXPECT_EQ(rows[0][0].oldValue, "kept");
-    EXPECT_EQ(rows[1][0].value, "23");
-    EXPECT_FALSE(rows[1][0].oldValue.isValid());
+    EXPECT_EQ(rows[0][0].value(), "01");
+    EXPECT_EQ(rows[0][0].oldValue(), "kept");
+    EXPECT_EQ(rows[1][0].value(), "23");
+    EXPECT_FALSE(rows[1][0].oldValue().isValid());
     EXPECT_EQ(expansion.cellValues({cell, Range(3, RangeType::Column, Model)}, place),
               (std::vector<QVariant>{"01", "03", "13", "23"}));
 }
@@ -74,10 +74,10 @@ TEST_F(RangeExpansionTest, ReadsOnlyWhatIsAskedFor) {
 TEST_F(RangeExpansionTest, CellsWithTheContentsThatRangesHold) {
     Range column(0, RangeType::Column, Model);
     column.row = 1;
-    column.lineValues = {"a"};
-    column.lineOldValues = {"b", "c"};
+    column.setLineValues({"a"});
+    column.setLineOldValues({"b", "c"});
     Range block = table(1, 2);
-    block.tableValues = {{"d", "e"}, {"f"}};
+    block.setTableValues({{"d", "e"}, {"f"}});
     block.hasMainCell = true;
     block.mainRow = 2;
     block.mainCol = 2;
@@ -85,7 +85,7 @@ TEST_F(RangeExpansionTest, CellsWithTheContentsThatRangesHold) {
     ASSERT_EQ(textOf({cells}), "10 20 12 13 22* 23");
     QStringList contents;
     for (Range const& cell : cells)
-        contents << cell.value.toString() + '/' + cell.oldValue.toString();
+        contents << cell.value().toString() + '/' + cell.oldValue().toString();
     EXPECT_EQ(contents.join(' '), "a/b /c d/ e/ f/ /");
 }
 

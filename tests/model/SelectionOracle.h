@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/RangeAxis.h"
+#include "model/SelectionShift.h"
 #include "model/SelectionSize.h"
 #include "tests/model/SelectionText.h"
 
@@ -69,21 +71,31 @@ public:
             if (!rangeCoversCell(*range, row, col))
                 return false;
             if (range->type == RangeType::Row)
-                range->excludedCols.push_back(col);
+                range->setExcludedCols(with(range->excludedCols(), col));
             else if (range->type == RangeType::Column)
-                range->excludedRows.push_back(row);
+                range->setExcludedRows(with(range->excludedRows(), row));
             else
-                range->excludedCells.emplace_back(row, col);
+                range->setExcludedCells(with(range->excludedCells(), std::pair(row, col)));
             return true;
         }
         return false;
     }
 
-    /// One copy of each range for every line from where it stands to `lines` further, inside the view.
-    void grow(int Range::*line, int lines, int count) {
+    /// One copy of each range for every line from where it stands to where the steps lead it, inside the view.
+    void grow(int Range::*line, std::vector<SelectionType> const& steps, ShiftBounds const& bounds) {
         std::vector<Range> const base = std::exchange(list, {});
         for (Range const& range : base) {
-            int const end = std::clamp(range.*line + lines, 0, count - 1);
+            Range moved = range;
+            for (SelectionType const step : steps) {
+                bool const forwards = int(step) % 2 == 1;
+                if (step < SelectionType::BlockUp) {
+                    moved.*line += forwards ? 1 : -1;
+                    continue;
+                }
+                moved.*line = std::clamp(moved.*line, 0, bounds.lineCount - 1);
+                moved.*line = bounds.nextBlock(moved.row, moved.col, directionOf(step));
+            }
+            int const end = std::clamp(moved.*line, 0, bounds.lineCount - 1);
             for (int at = std::min(range.*line, end); at <= std::max(range.*line, end); ++at) {
                 list.push_back(range);
                 list.back().*line = at;
@@ -92,9 +104,63 @@ public:
         sanitize();
     }
 
+    /// Cells, whole lines and the main cell behind line `last` go back to it. Returns whether any did.
+    bool pullBack(int Range::*line, RangeType lineType, int last) {
+        bool moved = main.*line > last;
+        main.*line = std::min(main.*line, last);
+        for (Range& range : list) {
+            if (range.*line > last && (range.type == RangeType::Cell || range.type == lineType)) {
+                range.*line = last;
+                moved = true;
+            }
+        }
+        if (moved)
+            sanitize();
+        return moved;
+    }
+
+    /// What is left of the lines behind the header: lines of which nothing was selected whole, others by cells. Where
+    /// only ranges across all lines are selected, such ranges are left.
+    void invert(Axis axis, GridSize data, int header) {
+        RangeAxis const& names = rangeAxis(axis);
+        std::vector<Range> const old = std::exchange(list, {});
+        auto const selected = [&](int line, int position) {
+            Range const cell = names.cell(line, position);
+            return std::any_of(old.begin(), old.end(),
+                               [&](Range const& range) { return rangeCoversCell(range, cell.row, cell.col); });
+        };
+        bool const onlyAcross = std::all_of(old.begin(), old.end(), [&](Range const& range) {
+            return range.type != RangeType::Cell && range.type != names.lineType && !range.hasExclusions() &&
+                   range.*names.line <= header;
+        });
+        std::vector<Range> left; // cells
+        for (int line = header; line < data.*names.lineCount; ++line) {
+            std::size_t const before = left.size();
+            for (int position = 0; position < data.*names.positionCount; ++position) {
+                if (!selected(line, position))
+                    left.push_back(names.cell(line, position));
+            }
+            bool const untouched = int(left.size() - before) == data.*names.positionCount;
+            for (std::size_t i = before; i < left.size(); ++i) {
+                Range range = left[i];
+                range.type = onlyAcross ? names.crossType : untouched ? names.lineType : RangeType::Cell;
+                if (onlyAcross ? line == header : !untouched || i == before)
+                    list.push_back(range);
+            }
+        }
+        main = left.empty() ? modelCell(0, 0) : left.front();
+        sanitize();
+    }
+
     RangeVector ranges() const { return RangeVector(list.begin(), list.end()); }
 
 private:
+    template <class Element>
+    static std::vector<Element> with(std::vector<Element> list, Element added) {
+        list.push_back(added);
+        return list;
+    }
+
     void dropRepetitions() {
         std::vector<Range> kept;
         for (Range const& range : list) {
@@ -108,7 +174,7 @@ private:
         Range& table = list.front();
         if (table.type != RangeType::Table)
             return;
-        auto& excluded = table.excludedCells;
+        auto excluded = table.excludedCells();
         std::sort(excluded.begin(), excluded.end());
         excluded.erase(std::unique(excluded.begin(), excluded.end()), excluded.end());
         auto const leavesOut = [&](Range const& range) {
@@ -125,6 +191,7 @@ private:
             bool const inside = range->type == RangeType::Cell && table.containsRange(*range);
             range = returns || inside ? list.erase(range) : range + 1;
         }
+        table.setExcludedCells(excluded);
         for (auto range = list.begin() + 1; range != list.end();)
             range = table.containsRange(*range) && !leavesOut(*range) ? list.erase(range) : range + 1;
     }

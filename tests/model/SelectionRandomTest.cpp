@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <random>
 
 namespace {
@@ -16,13 +17,15 @@ public:
     explicit Pair(unsigned seed) : random(seed) {}
 
     void step() {
-        switch (number(7)) {
+        switch (number(9)) {
         case 0: set(); break;
         case 1:
         case 2: add(); break;
         case 3: remove(); break;
         case 4: move(); break;
         case 5: grow(); break;
+        case 6: pullBack(); break;
+        case 7: invert(); break;
         default: setMain(); break;
         }
         compare();
@@ -92,19 +95,63 @@ private:
     }
     void grow() {
         bool const rows = number(2) == 0;
-        bool const on = number(2) == 0;
         selection.resetShiftSelectInfo();
         SelectionOracle const base = oracle;
-        ShiftBounds const bounds{rows ? view.rows : view.cols, nullptr};
-        for (int steps = 1; steps <= 3; ++steps) {
-            Direction const direction =
-                rows ? (on ? Direction::Down : Direction::Up) : (on ? Direction::Right : Direction::Left);
-            rows ? selection.selectUpOrDown(direction, false, false, nullptr, bounds)
-                 : selection.selectLeftOrRight(direction, false, false, nullptr, bounds);
+        ShiftBounds const bounds{rows ? view.rows : view.cols,
+                                 [this](int row, int col, Direction to) { return nextBlock(row, col, to); }};
+        bool const byBlocks = number(2) == 0;
+        bool const mixed = number(3) == 0;
+        bool const on = number(2) == 0;
+        std::vector<SelectionType> steps;
+        said = (rows ? "rows " : "cols ") + textOf(base.ranges()) + " by";
+        for (int key = 0; key < 3; ++key) {
+            bool const forwards = mixed ? number(2) == 0 : on;
+            bool const block = mixed ? number(2) == 0 : byBlocks;
+            auto const direction = Direction(int(rows ? Direction::Up : Direction::Left) + int(forwards));
+            auto const step = SelectionType(int(direction) + (block ? int(SelectionType::BlockUp) : 0));
+            rows ? selection.selectUpOrDown(direction, block, false, nullptr, bounds)
+                 : selection.selectLeftOrRight(direction, block, false, nullptr, bounds);
+            bool const back = !steps.empty() && int(steps.back()) == (int(step) ^ 1);
+            back ? steps.pop_back() : steps.push_back(step);
+            said += " " + std::to_string(int(step));
             oracle = base;
-            oracle.grow(rows ? &Range::row : &Range::col, on ? steps : -steps, bounds.lineCount);
+            oracle.grow(rows ? &Range::row : &Range::col, steps, bounds);
         }
-        said = (rows ? on ? "down from " : "up from " : on ? "right from " : "left from ") + textOf(base.ranges());
+    }
+    /// The next end of a run of filled cells, or the edge of the view.
+    int nextBlock(int row, int col, Direction to) const {
+        bool const rows = to == Direction::Up || to == Direction::Down;
+        int const by = to == Direction::Down || to == Direction::Right ? 1 : -1;
+        int const count = rows ? view.rows : view.cols;
+        auto const isFilled = [&](int line) {
+            int const number = rows ? line * view.cols + col : row * view.cols + line;
+            return line >= 0 && line < count && (filled >> number) % 2 == 1;
+        };
+        int line = rows ? row : col;
+        bool const toEnd = isFilled(line) && isFilled(line + by);
+        for (line += by; line > 0 && line < count - 1; line += by) {
+            if (toEnd ? !isFilled(line + by) : isFilled(line))
+                break;
+        }
+        return std::clamp(line, 0, count - 1);
+    }
+    void pullBack() {
+        bool const rows = number(2) == 0;
+        int const last = number(rows ? view.rows : view.cols);
+        RangeAxis const& names = rangeAxis(rows ? Axis::Rows : Axis::Columns);
+        said = (rows ? "rows to " : "cols to ") + std::to_string(last) + " from " + textOf(oracle.ranges());
+        EXPECT_EQ(selection.pullBackLines(rows ? Axis::Rows : Axis::Columns, last),
+                  oracle.pullBack(names.line, names.lineType, last))
+            << said;
+    }
+    void invert() {
+        bool const rows = number(2) == 0;
+        int const header = number(3);
+        said =
+            (rows ? "rows left of " : "cols left of ") + textOf(oracle.ranges()) + " below " + std::to_string(header);
+        oracle.invert(rows ? Axis::Rows : Axis::Columns, view, header);
+        rows ? selection.invertSelectionByRowsHeaderExcluded(view, header)
+             : selection.invertSelectionByColumnsHeaderExcluded(view, header);
     }
     void setMain() {
         oracle.main = modelCell(number(view.rows), number(view.cols));
@@ -148,6 +195,7 @@ private:
     }
 
     std::mt19937 random;
+    std::uint64_t filled = (std::uint64_t(random()) << 32) | random(); ///< cells with content, by bit
     Selection selection;
     SelectionOracle oracle{{modelCell(0, 0)}, modelCell(0, 0)};
     std::string said;

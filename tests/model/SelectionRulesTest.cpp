@@ -43,20 +43,21 @@ TEST(SelectionRules, BringAListInForm) {
 
 TEST(SelectionRules, ATableThatStartsTheListAbsorbsWhatItHolds) {
     RangeVector ranges = rangesFrom("T0,1 C3,3 C2,2 R0,2 R2,2 K1,0 K4,0 C5,0");
-    ranges[0].excludedCells = {{5, 5}, {2, 2}, {0, 0}, {4, 3}, {0, 4}};
-    ranges[0].excludedRows = {4};
+    ranges[0].setExcludedCells({{5, 5}, {2, 2}, {0, 0}, {4, 3}, {0, 4}});
+    ranges[0].setExcludedRows({4});
     Range mainCell = modelCell(1, 1);
     sanitizeList(ranges, mainCell);
     // The pairs outside or excluded anyway are gone, the cell (2, 2) is back, and the row with a hole filled stays.
     EXPECT_EQ(textOf(ranges), "C5,0 T0,1* K1,0* R0,2 R2,2 K4,0");
     const std::vector<std::pair<int, int>> left{{0, 4}, {5, 5}};
-    EXPECT_EQ(ranges[1].excludedCells, left);
+    EXPECT_EQ(ranges[1].excludedCells(), left);
 }
 
 TEST(SelectionRules, ACellTakenOutOfARowCannotBePutBack) {
     for (char const* text : {"R2,0 C2,3", "K2,0 C3,2"}) {
         RangeVector ranges = rangesFrom(text);
-        ranges[0].excludedCols = ranges[0].excludedRows = {3};
+        ranges[0].setExcludedCols({3});
+        ranges[0].setExcludedRows({3});
         Range mainCell = modelCell(2, 2);
         sanitizeList(ranges, mainCell);
         EXPECT_EQ(ranges.size(), 1u) << text;
@@ -98,11 +99,11 @@ RangeVector randomRanges(std::mt19937& random) {
         range.col = number(grid.cols);
         const bool excluding = number(4) == 0;
         if (excluding && range.type == RangeType::Row)
-            range.excludedCols = {range.col + number(3)};
+            range.setExcludedCols({range.col + number(3)});
         else if (excluding && range.type == RangeType::Column)
-            range.excludedRows = {range.row + number(3)};
+            range.setExcludedRows({range.row + number(3)});
         else if (excluding && range.type == RangeType::Table)
-            range.excludedCells = {{range.row + number(3), range.col}, {range.row, range.col + number(3)}};
+            range.setExcludedCells({{range.row + number(3), range.col}, {range.row, range.col + number(3)}});
         ranges.push_back(range);
     }
     return ranges;

@@ -39,9 +39,9 @@ std::vector<std::pair<int, int>> walkedCells(RangeVector const& ranges, GridSize
 
 TEST(SelectedCellWalk, VisitsEachCellOnceInOrderWhateverRangesOverlap) {
     Range gapped = column(2);
-    gapped.excludedRows = {1, 3};
+    gapped.setExcludedRows({1, 3});
     Range lowerTable = table(4, 1);
-    lowerTable.excludedCells = {{5, 2}};
+    lowerTable.setExcludedCells({{5, 2}});
     std::vector<RangeVector> const selections = {
         {},
         {cell(3, 1), cell(0, 4), cell(3, 0)},

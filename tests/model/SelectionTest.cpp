@@ -30,22 +30,22 @@ TEST(Selection, EveryFormOfSettingFindsItsMainCell) {
     for (MainCase const& c : cases) {
         Range range = rangesFrom(c.range).front();
         range.mainIndex = range.mainRow = range.mainCol = c.mainIndex;
-        range.value = "new";
-        range.oldValue = "old";
+        range.setValue("new");
+        range.setOldValue("old");
         Selection alone;
         Range given = range;
         given.hasMainCell = false;
         EXPECT_EQ(alone.setSelection(given).multiCell, false) << c.range;
         EXPECT_TRUE(given.hasMainCell);
         EXPECT_EQ(std::pair(alone.mainCell().row, alone.mainCell().col), c.fromStart) << c.range;
-        EXPECT_EQ(alone.mainCell().value, "new");
-        EXPECT_EQ(alone.mainCell().oldValue, "old");
+        EXPECT_EQ(alone.mainCell().value(), "new");
+        EXPECT_EQ(alone.mainCell().oldValue(), "old");
 
         Selection listed;
         const SelectionChange change = listed.setSelection(RangeVector{range, modelCell(9, 7)}, true);
         EXPECT_TRUE(change.mainCell && change.ranges && change.size && change.multiCell.value());
         EXPECT_EQ(std::pair(listed.mainCell().row, listed.mainCell().col), c.absolute) << c.range;
-        EXPECT_EQ(listed.mainCell().value, "new");
+        EXPECT_EQ(listed.mainCell().value(), "new");
 
         Selection again;
         again.setSelection(Selection::withAbsoluteMainCell(alone.ranges()), true);
@@ -261,8 +261,8 @@ TEST(Selection, AnInversionIsTheComplementOfHolesToo) {
 
 TEST(Selection, ManyRangesAnswerAsFewDo) {
     RangeVector ranges = rangesFrom("R3,2 K6,4 T8,5");
-    ranges[0].excludedCols = {4};
-    ranges[2].excludedCells = {{9, 7}};
+    ranges[0].setExcludedCols({4});
+    ranges[2].setExcludedCells({{9, 7}});
     for (int i = 0; i < 20; ++i)
         ranges.push_back(modelCell(i % 5, i % 3));
     Selection selection;

@@ -117,6 +117,12 @@ TEST_F(SortCommandTest, SelectedCellsSortAmongThemselves) {
     apply({cell(1, 0), cell(2, 0), cell(3, 0), cell(1, 2), cell(3, 2)}, Axis::Columns, SortType::Descending);
     EXPECT_EQ(lines(), QStringList({"h,h,h", "b,2,7", "9,a,c", "1,8,3"}));
     EXPECT_TRUE(sortedCells(model, {column(0)}, Axis::Rows, SortType::Ascending).empty());
+    for (auto const& [caseSensitive, sorted] : {std::pair(true, "A,B,a,b"), std::pair(false, "A,a,b,B")}) {
+        load("b,A,a,B\n");
+        model.setCaseSensitiveSorting(caseSensitive);
+        apply({row(0)}, Axis::Rows, SortType::Ascending);
+        EXPECT_EQ(lines(), QStringList(sorted));
+    }
 }
 
 TEST(Worker, TellsItsShareOfALargerJobUntilItIsCanceled) {

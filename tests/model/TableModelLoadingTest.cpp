@@ -24,7 +24,7 @@ TEST_F(TableModelLoadingTest, OneLoadFillsTheGridAndSaysSoOnce) {
         load("a,b\nc,d\ne,f\n", async);
         EXPECT_TRUE(!async || finished.wait());
         EXPECT_EQ(finished.size(), 1);
-        EXPECT_EQ(mainCell.last()[0].value<Range>().value, "a");
+        EXPECT_EQ(mainCell.last()[0].value<Range>().value(), "a");
         EXPECT_EQ(size.last(), (QVariantList{3, 2, 3, 2}));
         EXPECT_EQ(changed.last()[1].toModelIndex(), model.index(2, 1));
         EXPECT_EQ(shown(), "a b|c d|e f");

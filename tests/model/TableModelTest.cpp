@@ -148,7 +148,7 @@ TEST_F(TableModelTest, EditsSignalTheirCellsOnceEach) {
     changed.clear();
     RangeVector cells{Range(2, 2, Raw), Range(1, 1, Raw), Range(0, 1, Model)};
     for (Range& cell : cells)
-        cell.value = "x";
+        cell.setValue("x");
     model.populateExistingCells(cells, false);
     EXPECT_TRUE(model.setDataRaw(model.index(2, 2), "I"));
     EXPECT_EQ(told(), "1,1-1,1 0,1-0,1 1,1-1,1");
@@ -250,7 +250,7 @@ TEST_F(TableModelTest, SelectionFollowsRowsThatAreGone) {
     EXPECT_TRUE(changed);
     EXPECT_EQ(model.rowCount(), 4);
     EXPECT_EQ(model.getMainCell(), Range(0, 0, Model));
-    EXPECT_EQ(mainCell.last()[0].value<Range>().value, "a");
+    EXPECT_EQ(mainCell.last()[0].value<Range>().value(), "a");
     EXPECT_EQ(selected.size(), 1);
     model.removeExtraneousRows(changed);
     EXPECT_FALSE(changed);
@@ -344,7 +344,7 @@ TEST_F(TableModelTest, HighlightFollowsConcealingAndPreviewsReplacements) {
     model.setNumberOfHeaderRows(0);
     model.setSelection(Range(0, 0, Model));
     Range hit(2, 1, Raw);
-    hit.value = "new";
+    hit.setValue("new");
     model.setHighlightedRange(hit);
     auto const background = [&](int row, int col) {
         return model.data(model.index(row, col), Qt::BackgroundRole).value<QColor>();
@@ -374,7 +374,7 @@ TEST_F(TableModelTest, SelectionIsAnnouncedInOrder) {
     QStringList order;
     QObject::connect(&model, &TableModel::removeContextSignal, [&](Context c) { order << QString("-%1").arg(int(c)); });
     QObject::connect(&model, &TableModel::addContextSignal, [&](Context c) { order << QString("+%1").arg(int(c)); });
-    QObject::connect(&model, &TableModel::mainCellChangedSignal, [&](Range cell) { order << cell.value.toString(); });
+    QObject::connect(&model, &TableModel::mainCellChangedSignal, [&](Range cell) { order << cell.value().toString(); });
     QObject::connect(&model, &TableModel::selectionChangedSignal, [&] { order << "ranges"; });
     QObject::connect(&model, &TableModel::selectionSizeChangedSignal, [&] { order << "size"; });
     model.setSelection(Range(1, 1, Raw));

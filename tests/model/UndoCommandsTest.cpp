@@ -28,6 +28,7 @@
 
 #include <memory>
 #include <random>
+#include <set>
 
 namespace {
 
@@ -44,21 +45,22 @@ struct Case {
 };
 
 constexpr char const* content = "a0,a1,a2,a3,\nb0,b1,b2,b3,\nc0,c1,,c3,\nd0,\xc3\xa9,,,\n,,,,\n";
+constexpr char const* contentTransposed = "a0,b0,c0,d0,\na1,b1,c1,\xc3\xa9,\na2,b2,,,\na3,b3,c3,,\n,,,,\n";
 
 Range filled(char const* text, char const* value) {
     Range range = rangesFrom(text).front();
-    range.value = QString::fromUtf8(value);
+    range.setValue(QString::fromUtf8(value));
     return range;
 }
 
 Range withLine(char const* text, std::vector<QVariant> values) {
     Range range = rangesFrom(text).front();
-    range.lineValues = std::move(values);
+    range.setLineValues(std::move(values));
     return range;
 }
 
 Range excluding(Range range, int col) {
-    range.excludedCols = {col};
+    range.setExcludedCols({col});
     return range;
 }
 
@@ -106,6 +108,13 @@ Case const cases[] = {
     {"SetModelDataCommand", "T0,0", "T0,0*",
      [](auto* m, auto&) -> Command* { return new SetModelDataCommand(m, {filled("T0,0", "t")}, false); },
      "t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t|t t t t t t"},
+    {"SetModelDataCommand", "T3,3", "T3,3*",
+     [](auto* m, auto&) -> Command* {
+         Range table = filled("T3,3", "t");
+         table.setTableValues({{"p", "q"}, {"r"}});
+         return new SetModelDataCommand(m, {table}, false);
+     },
+     "a0 a1 a2 a3 - -|b0 b1 b2 b3 - -|c0 c1 - c3 - -|d0 é - p q t|- - - r t t|- - - t t t|- - - t t t"},
     {"PasteCommand", "C1,1 C2,2", "C2,1* C1,2",
      [](auto* m, auto& s) -> Command* {
          return new PasteCommand(m, {filled("C8,9", "P"), filled("C9,8", "Q")}, s, true);
@@ -128,8 +137,8 @@ Case const cases[] = {
          std::erase_if(
              cells, [m](Range const& cell) { return cell.row >= m->rowCountRaw() || cell.col >= m->columnCountRaw(); });
          for (Range& cell : cells) {
-             cell.value = QStringLiteral("one line");
-             cell.oldValue = m->getTableData().getValueRaw(cell.row, cell.col);
+             cell.setValue(QStringLiteral("one line"));
+             cell.setOldValue(m->getTableData().getValueRaw(cell.row, cell.col));
          }
          return new ReplaceLineBreaksCommand(m, cells);
      },
@@ -229,11 +238,13 @@ enum Standing { AsLoaded, Concealed, Transposed, ConcealedAndTransposed };
 
 class UndoCommands : public TableModelFixture {
 protected:
+    /// A transposed table comes from such a file that it shows what the others show.
     void prepare(int standing) {
-        load(content);
+        bool const transposed = standing == Transposed || standing == ConcealedAndTransposed;
+        load(transposed ? contentTransposed : content);
         model.setNumBufferRows(2);
         model.setNumBufferCols(1);
-        if (standing == Transposed || standing == ConcealedAndTransposed)
+        if (transposed)
             model.toggleTranspose();
         if (standing == Concealed || standing == ConcealedAndTransposed) {
             model.concealRawRows({1});
@@ -309,7 +320,7 @@ TEST_P(EveryUndoCommand, UndoBringsBackWhatWasAndRedoWhatBecame) {
     EXPECT_EQ(command->text(), QLatin1String(test.text));
 
     command->redo();
-    if (standing == AsLoaded) {
+    if (standing == AsLoaded || standing == Transposed) {
         EXPECT_EQ(textOf(model.getSelection()), test.selected);
         EXPECT_EQ(table(), test.expected ? test.expected : tableBefore);
     }
@@ -321,6 +332,74 @@ TEST_P(EveryUndoCommand, UndoBringsBackWhatWasAndRedoWhatBecame) {
     EXPECT_EQ(state(), after);
     command->undo();
     EXPECT_EQ(state(), before);
+}
+
+/// The texts in sight, rows of cells.
+using Texts = std::vector<std::vector<QString>>;
+
+TEST_P(EveryUndoCommand, TellsWhoShowsTheTableAllThatHasChangedAndSavesItAtOnce) {
+    auto const [index, standing] = GetParam();
+    prepare(standing);
+    std::unique_ptr<TableUndoCommand> const command(make(cases[index]));
+    std::string const name = cases[index].text;
+    std::set<int> fitted[2]; // rows, columns
+    auto const note = [&](int axis) {
+        return [&lines = fitted[axis]](std::vector<int> const& told) { lines.insert(told.begin(), told.end()); };
+    };
+    QObject::connect(&model, &TableModel::enforceAutoFitRowHeightsSignal, &model, note(0));
+    QObject::connect(&model, &TableModel::enforceAutoFitColWidthsSignal, &model, note(1));
+    auto const texts = [this] {
+        Texts all(std::size_t(model.rowCountModel()));
+        for (int row = 0; row < model.rowCountModel(); ++row) {
+            for (int col = 0; col < model.columnCountModel(); ++col)
+                all[row].push_back(text(row, col, Qt::EditRole));
+        }
+        return all;
+    };
+    // What cells are shifted away from their places is fitted with the next edit there.
+    bool const fitsCells =
+        name == "SetModelDataCommand" || name == "PasteCommand" || name.find("CellContents") != std::string::npos;
+    bool const selects = name == "ChangeSelectionCommand";
+    bool const ofRows = name.find("Rows") != std::string::npos;
+    bool const changesLines = (name.starts_with("Insert") || name.starts_with("Remove") ||
+                               name.starts_with("DuplicateRows") || name.starts_with("DuplicateCols")) &&
+                              name.find("AtEnd") == std::string::npos && name.find("Hidden") == std::string::npos;
+    model.saveCSV(false, false);
+    model.setSaveAfterEachEdit(true);
+    for (auto const step : {&QUndoCommand::redo, &QUndoCommand::undo, &QUndoCommand::redo}) {
+        Texts const before = texts();
+        fitted[0].clear();
+        fitted[1].clear();
+        Texts shownAtLast;
+        bool whole = false;
+        auto const look = QObject::connect(
+            &model, &TableModel::dataChanged, &model, [&](QModelIndex const& first, QModelIndex const& last) {
+                shownAtLast = texts();
+                whole =
+                    first == model.index(0, 0) && last == model.index(model.rowCount() - 1, model.columnCount() - 1);
+            });
+        QSignalSpy const found(&model, &TableModel::updateFindReplaceMatchesSignal);
+        (command.get()->*step)();
+        QObject::disconnect(look);
+        Texts const after = texts();
+        EXPECT_TRUE(selects || shownAtLast == after) << "a view that looks when it is told sees all of it";
+        EXPECT_TRUE(selects || whole || model.rowCount() == 0 || model.columnCount() == 0);
+        EXPECT_TRUE(found.count() > 0 || name.starts_with("Set") || selects);
+        if (fitsCells) {
+            for (std::size_t row = 0; row < std::min(before.size(), after.size()); ++row) {
+                for (std::size_t col = 0; col < std::min(before[row].size(), after[row].size()); ++col)
+                    EXPECT_TRUE(before[row][col] == after[row][col] ||
+                                (fitted[0].count(int(row)) > 0 && fitted[1].count(int(col)) > 0))
+                        << row << ',' << col;
+            }
+        } else if (changesLines) {
+            EXPECT_EQ(fitted[ofRows ? 0 : 1].size(),
+                      std::size_t(ofRows ? model.rowCountModel() : model.columnCountModel()));
+        }
+        QByteArray const savedAtOnce = read(model.getFilepath());
+        EXPECT_TRUE(model.saveCSV(false, false));
+        EXPECT_EQ(savedAtOnce, read(model.getFilepath()));
+    }
 }
 
 std::string nameOf(testing::TestParamInfo<std::tuple<std::size_t, int>> const& info) {
@@ -423,7 +502,7 @@ TEST_F(UndoCommands, WhatIsTakenOutOfALineStaysOutWhileLinesBesideItAreHidden) {
         bool const rows = axis == Axis::Rows;
         load("a,b,c\nd,e,f\ng,h,i\n");
         Range line(1, rows ? RangeType::Row : RangeType::Column, RangeIndexType::Model);
-        (rows ? line.excludedCols : line.excludedRows) = {2};
+        rows ? line.setExcludedCols({2}) : line.setExcludedRows({2});
         model.setSelection(modelCell(1, 1), RangeVector{line});
         if (rows)
             stack.push(new ApplyHiddenColsCommand(&model, model.getSelectedSet(), std::vector<int>{0}, true));

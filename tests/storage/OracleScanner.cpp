@@ -6,12 +6,13 @@ namespace {
 
 using Unit = std::string;
 
-std::string collapsed(std::string const& text, std::string const& from, std::string const& to) {
+/// The text with each doubled quote as one.
+std::string collapsed(std::string const& text, std::string const& quote) {
     std::string result;
-    for (std::size_t i = 0; i < text.size();) {
-        bool const hit = text.compare(i, from.size(), from) == 0;
-        result += hit ? to : text.substr(i, 1);
-        i += hit ? from.size() : 1;
+    for (std::size_t i = 0; i < text.size(); i += quote.size()) {
+        result += text.substr(i, quote.size());
+        if (text.compare(i, 2 * quote.size(), quote + quote) == 0)
+            i += quote.size();
     }
     return result;
 }
@@ -96,7 +97,7 @@ private:
 
     void strip() {
         cell = cell.substr(dialect.quote.size(), cell.size() - 2 * dialect.quote.size());
-        cell = collapsed(cell, dialect.quote + dialect.quote, dialect.quote);
+        cell = collapsed(cell, dialect.quote);
     }
 
     ScannerDialect const dialect;
@@ -165,7 +166,7 @@ private:
 
     void strip() {
         if (cell.size() > 1)
-            cell = collapsed(cell.substr(1, cell.size() - 2), "\"\"", "\"");
+            cell = collapsed(cell.substr(1, cell.size() - 2), "\"");
     }
 
     void store() {

@@ -1,5 +1,4 @@
-#include "core/EncodingUtilities.h"
-#include "storage/EditableDataContainer.h"
+#include "tests/storage/FilledContainer.h"
 #include "tests/support/TestFolder.h"
 
 #include <new>
@@ -9,38 +8,13 @@ using namespace std::string_literals;
 namespace {
 
 using Bytes = AbstractDataContainer::Bytes;
-using Table = std::vector<std::vector<std::string>>;
 using enum ParsingStandard;
 using enum GetRowColMaskType;
 
-/// ASCII text in the code units of an encoding.
-std::string spelled(std::string const& text, EncodingType encoding) {
-    auto const width = Utilities::numBytesPerChar(encoding);
-    bool const highFirst = encoding == EncodingType::Utf16BE || encoding == EncodingType::Utf32GuessedBE;
-    std::string result;
-    for (char const c : text) {
-        std::string unit(width, '\0');
-        unit[highFirst ? width - 1 : 0] = c;
-        result += unit;
-    }
-    return result;
-}
-
-class Container : public EditableDataContainer {
+class Container : public FilledContainer {
 public:
-    void fill(Table const& table) {
-        for (int row = 0; row < std::ssize(table); ++row)
-            for (int col = 0; col < std::ssize(table[row]); ++col) {
-                auto const cell = spelled(table[row][col], encoding);
-                setValue(row, col, {cell.begin(), cell.end()});
-            }
-    }
-    void setMark(std::string const& mark) {
-        hasBom = true;
-        bom.assign(mark.begin(), mark.end());
-    }
-    bool saveWithoutMemory() {
-        return replaceFile([](AtomicFileWriter&) -> bool { throw std::bad_alloc(); });
+    QString saveWithoutMemory() {
+        return replaceFile({}, [](AtomicFileWriter&) -> bool { throw std::bad_alloc(); }).reason;
     }
     std::string row(int index, GetRowColMaskType type = NoMask, std::vector<int> const& mask = {}) const {
         Bytes out;
@@ -160,11 +134,12 @@ TEST_F(Saving, ASpecialByteIsFoundAtEveryPlaceOfEveryLength) {
         }
 }
 
-TEST_F(Saving, WideCellsAreSearchedByBytes) {
+TEST_F(Saving, WideCellsAreSearchedByUnits) {
     table.setEncoding(EncodingType::Utf16BE);
     table.setValue(0, 0, {'\x2C', '\x00'});                 // the comma's byte in a high place is none
-    table.setValue(0, 1, {'\x41', '\x00', '\x22', '\x41'}); // 00 22 across two units counts as a quote
-    EXPECT_EQ(table.row(0), "\x2C\0\0,\0\"\x41\0\"\0\"\x41\0\"\0\n"s);
+    table.setValue(0, 1, {'\x41', '\x00', '\x22', '\x41'}); // nor is 00 22 across two units a quote
+    table.setValue(0, 2, {'\x41', '\x00', '\x22', '\x00', '\x00', '\x22'});
+    EXPECT_EQ(table.row(0), "\x2C\0\0,\x41\0\"\x41\0,\0\"\x41\0\"\0\0\"\0\"\0\"\0\n"s);
 }
 
 TEST_F(Saving, ColumnsBecomeLinesOfATransposedTable) {
@@ -211,8 +186,7 @@ TEST_F(Saving, AFailureSaysWhyAndKeepsThePathAndTheFile) {
     EXPECT_FALSE(table.saveCSV(bad, false, false, {}, {}));
     EXPECT_EQ(table.getLastSaveError(), "There is no folder " + folder.filePath("no") + ".");
     EXPECT_EQ(table.getFilepath(), folder.filePath("t.csv"));
-    EXPECT_FALSE(table.saveWithoutMemory());
-    EXPECT_EQ(table.getLastSaveError(), "There is not enough memory to save the file.");
+    EXPECT_EQ(table.saveWithoutMemory(), "There is not enough memory to save the file.");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("t.csv"));
     EXPECT_EQ(saved(), good);
     EXPECT_TRUE(table.getLastSaveError().isEmpty());

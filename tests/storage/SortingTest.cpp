@@ -30,10 +30,10 @@ TEST_F(SortingTest, RowsThatWereNeverStoredMakeNoLinesWhileTheyStayLast) {
     EXPECT_EQ(saved(), "b\na\n");
 }
 
-TEST_F(SortingTest, ATableOfMoreRowsThanItsContainerCountsIsSortedWhole) {
+TEST_F(SortingTest, RowsThatWereNeverStoredAreSortedWithTheOthers) {
     load("b\na\n");
     data.insertRowsRaw(2, 500);
-    data.setValueRaw(2, 0, QStringLiteral("c"), false); // now the container counts three
+    data.setValueRaw(2, 0, QStringLiteral("c"), false); // stores three
     TableData::Indexes const sorted = order(SortType::Descending);
     data.sortLines(Axis::Rows, sorted);
     EXPECT_EQ(data.getValueRaw(499, 0).toString(), "c");

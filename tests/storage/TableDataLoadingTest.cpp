@@ -302,4 +302,27 @@ TEST_F(TableDataSaving, AFailureLeavesItsReasonAndThePath) {
     EXPECT_TRUE(data.getLastSaveError().isEmpty());
 }
 
+TEST_F(TableDataSaving, WhatWouldNotComeBackIsHeldBackUntilItIsWanted) {
+    load("a,b\nc,d\n");
+    auto const before = FileStamp::of(data.getFilepath());
+    data.setParsingStandard(ParsingStandard::DelimiterOnly);
+    data.toggleTranspose();
+    data.setValueRaw(0, 1, "x\ny");
+    SaveRequest request;
+    auto report = data.save(request);
+    EXPECT_EQ(report.outcome, SaveReport::Outcome::WouldChange);
+    EXPECT_EQ(report.changed.cells, CellRegion::ofCells({{0, 1}}));
+    EXPECT_EQ(report.reason, "1 cell would not be read back from " + data.getFilepath() + " as it is.");
+    EXPECT_EQ(report.reason, data.getLastSaveError());
+    EXPECT_EQ(before, FileStamp::of(data.getFilepath()));
+    request.path = path("other.csv");
+    EXPECT_FALSE(data.save(request).isSaved() || data.getFilepath() == request.path);
+    request = SaveRequest::unchecked();
+    request.file.expected = before;
+    report = data.save(request);
+    EXPECT_TRUE(report.isSaved() && report.reason.isEmpty() && report.changed.isEmpty());
+    EXPECT_EQ(report.stamp, FileStamp::of(data.getFilepath()));
+    EXPECT_EQ(data.save(request).outcome, SaveReport::Outcome::TargetChanged);
+}
+
 } // namespace

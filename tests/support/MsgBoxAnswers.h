@@ -3,6 +3,7 @@
 #include "view/MsgBox.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QPushButton>
 #include <QQueue>
 #include <gtest/gtest.h>
@@ -27,6 +28,8 @@ public:
     void next(QString const& label, std::function<void()> meanwhile = {}) {
         answers.enqueue({label, std::move(meanwhile)});
     }
+    /// The same with the box below the question ticked.
+    void nextTicked(QString const& label) { answers.enqueue({label, {}, true}); }
     QStringList const& texts() const { return shown; }
     /// The files that the boxes were about; empty where a box names none beside its text.
     QStringList const& namedFiles() const { return files; }
@@ -37,6 +40,7 @@ private:
     struct Answer {
         QString label;
         std::function<void()> meanwhile;
+        bool ticks = false;
     };
 
     QAbstractButton* press(MsgBox const& box) {
@@ -45,6 +49,8 @@ private:
         QPushButton const* const preset = box.defaultButton();
         defaultLabels << (preset == nullptr ? QString() : preset->text().remove(QLatin1Char('&')));
         Answer const next = answers.isEmpty() ? Answer() : answers.dequeue();
+        if (next.ticks)
+            box.checkBox()->setChecked(true);
         if (next.meanwhile)
             next.meanwhile();
         for (QAbstractButton* const button : box.buttons()) {

@@ -1,5 +1,6 @@
 #include "TableFixture.h"
 #include "model/undo/ApplyHiddenLinesCommand.h"
+#include "tests/support/HeldClock.h"
 #include "tests/support/MsgBoxAnswers.h"
 #include "view/ColumnSample.h"
 #include "view/FrozenTableView.h"
@@ -346,6 +347,20 @@ INSTANTIATE_TEST_SUITE_P(Sizes, AutoFitWarning,
                          testing::Values(Case{10000, 1, 1, 1, 0}, Case{10001, 1, 1, 1, 1}, Case{10001, 1, 0, 1, 0},
                                          Case{1, 10000, 1, 1, 0}, Case{1, 10001, 1, 1, 2}, Case{1, 10001, 1, 0, 0},
                                          Case{10001, 10001, 1, 1, 3}, Case{10001, 10001, 0, 1, 2}));
+
+TEST_F(AutoFitWarning, AtTheEndOfALoadWaitsForTheKeys) {
+    HeldClock clock;
+    MsgBoxAnswers answers;
+    load(1, 1);
+    view.setAutoFitRowHeight(true, false);
+    model().insertRows(1, 10001);
+    TypingGuard::noteKey(); // in another table
+    view.onLoadFinished();
+    EXPECT_EQ(answers.texts().size(), 0);
+    answers.next("Disable Auto-Fit", [] { EXPECT_TRUE(FromOutside::isActing()); });
+    clock.pass(TypingGuard::stillMs);
+    EXPECT_FALSE(view.isAutoFitRowHeight());
+}
 
 TEST_F(AutoFitWarning, IsNotShownAgainOnceUnwanted) {
     load(1, 1);

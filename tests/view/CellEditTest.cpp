@@ -61,7 +61,7 @@ RangeVector rowWithout(int row, int col) {
     range.col = 0;
     range.hasMainCell = true;
     range.mainIndex = 0;
-    range.excludedCols = {col};
+    range.setExcludedCols({col});
     return {range};
 }
 
@@ -120,10 +120,10 @@ TEST_F(CellEditTest, LeavesCellsOutThatWereTakenOutOfTheSelection) {
     ASSERT_TRUE(model.removeCellFromSelection(2, 0));
     model.addCellToSelection(cellAt(2, 0));
     EXPECT_EQ(leftOutCells(model.getSelectedSet(), {3, 3}), CellRegion({1, 1, 1, 1}));
-    CellEdit edit(model, LeftOut::Leave);
+    CellEdit edit(model);
     edit.setText(QStringLiteral("x"), false);
-    EXPECT_EQ(texts(3, 3), QStringLiteral("x,x,x x,e,x x,x,x"));
-    stack.push(edit.finish().release());
+    EXPECT_EQ(texts(3, 3), QStringLiteral("x,x,x x,x,x x,x,x"));
+    stack.push(edit.finish(LeftOut::Leave).release());
     EXPECT_EQ(texts(3, 3), QStringLiteral("x,x,x x,e,x x,x,x"));
     stack.undo();
     EXPECT_EQ(texts(), before);
@@ -151,4 +151,38 @@ TEST_F(CellEditTest, MakesNoCommandForTheTextsThatWereThere) {
     CellEdit half(model);
     half.setText(QStringLiteral("a"), true);
     EXPECT_NE(half.finish(), nullptr);
+}
+
+TEST_F(CellEditTest, BytesThatMeanNothingStayUnlessTheyAreEditedAndGoNowhereElse) {
+    file.resize(0);
+    file.write("a\xff"
+               "b\xfe,\xff\n");
+    file.flush();
+    model.loadCSV(file.fileName(), false, false, QStringLiteral(","), QStringLiteral(","), EncodingType::Utf8,
+                  ParsingStandard::Rfc4180);
+    struct Case {
+        char16_t const* text;
+        char const* bytes; ///< null if there is nothing to write
+    };
+    Case const cases[] = {{u"a\ufffdb\ufffd", nullptr},
+                          {u"a\ufffdb\ufffdx", "a\xff"
+                                               "b\xfex"},
+                          {u"a\ufffdxb\ufffd", "a\xffxb\xfe"},
+                          {u"\ufffdb\ufffd", "\xff"
+                                             "b\xfe"},
+                          {u"new", "new"}};
+    for (Case const& each : cases) {
+        model.setSelection(cellAt(0, 0));
+        CellEdit edit(model);
+        edit.setText(QString::fromUtf16(each.text), true);
+        auto command = edit.finish();
+        ASSERT_EQ(command != nullptr, each.bytes != nullptr);
+        if (command == nullptr)
+            continue;
+        stack.push(command.release());
+        EXPECT_EQ(model.getTableData().cellBytesRaw(0, 0), each.bytes);
+        stack.undo();
+        EXPECT_EQ(model.getTableData().cellBytesRaw(0, 0), "a\xff"
+                                                           "b\xfe");
+    }
 }

@@ -3,6 +3,7 @@
 #include "view/CellLengths.h"
 #include "view/QuickEdit.h"
 #include "view/TableDelegate.h"
+#include "view/TypingGuard.h"
 
 #include <QInputMethodEvent>
 #include <QSignalSpy>
@@ -99,18 +100,52 @@ TEST_F(CellEditingTest, AsksBeforeItChangesCellsThatWereTakenOutOfTheSelection) 
         select(1, 1);
         view.selectEntireTable();
         ASSERT_TRUE(model().removeCellFromSelection(2, 1));
-        answers.next(QString::fromLatin1(each.answer));
-        type(QStringLiteral("n"));
-        if (view.isEditing())
-            type(QStringLiteral("ew"));
-        view.stopEditing();
-        closeOld();
+        type(QStringLiteral("new")); // its letters are no answers
+        EXPECT_EQ(text(2, 1), QStringLiteral("new"));
+        answers.next(QString::fromLatin1(each.answer), [&] {
+            EXPECT_TRUE(FromOutside::isActing()); // the next text may follow at once
+            view.stopEditing();
+            EXPECT_EQ(text(2, 1), QStringLiteral("new"));
+        });
+        press(Qt::Key_Return);
+        EXPECT_TRUE(isClosed());
         EXPECT_EQ(text(2, 1), QString::fromLatin1(each.out));
         EXPECT_EQ(text(2, 2), QString::fromLatin1(each.in));
         EXPECT_EQ(answers.texts().last(), "1 cell that was taken out of the selection would be changed too.");
         while (view.undoStack()->canUndo())
             view.undo();
     }
+}
+
+TEST_F(CellEditingTest, TheCaretIsInSightInABandThatIsWiderThanTheWindow) {
+    view.setAutoFitColWidth(true, false);
+    view.setFreezeHeaderColumns(true, false);
+    view.resize(300, 300);
+    for (Qt::LayoutDirection const direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        view.setLayoutDirection(direction);
+        select(2, 0);
+        type(QString(120, u'm'));
+        QuickEdit* const edit = view.findChild<QuickEdit*>();
+        ASSERT_NE(edit, nullptr);
+        EXPECT_TRUE(edit->parentWidget()->rect().contains(edit->geometry()));
+        edit->grab(); // a line edit scrolls to its caret as it is painted
+        EXPECT_TRUE(edit->rect().intersects(edit->inputMethodQuery(Qt::ImCursorRectangle).toRect()));
+        press(Qt::Key_Escape);
+        view.undo();
+    }
+}
+
+TEST_F(CellEditingTest, APressWhoseReleaseAQuestionHasTakenLeavesTheKeysAlive) {
+    select(1, 1);
+    view.selectEntireTable();
+    ASSERT_TRUE(model().removeCellFromSelection(2, 1));
+    type(QStringLiteral("new"));
+    answers.next(QStringLiteral("Cancel"));
+    TableFixture::press(4, 3); // and released over the box
+    QCoreApplication::processEvents();
+    EXPECT_EQ(mainCell(), std::pair(4, 3));
+    key(Qt::Key_Down);
+    EXPECT_EQ(mainCell(), std::pair(5, 3));
 }
 
 TEST_F(CellEditingTest, AppendingKeepsTheTextAndTheCaretAtItsEnd) {

@@ -309,6 +309,24 @@ TEST_F(FrozenPanes, AGrowingEditorOfABandStaysInSight) {
     }
 }
 
+TEST_F(FrozenPanes, ACellIsEditedInTheViewThatShowsIt) {
+    struct {
+        AbstractTableView& shown;
+        int row, col;
+    } const cases[] = {{corner(), 1, 2}, {top(), 1, 3}, {left(), 2, 2}, {view, 2, 3}};
+    for (auto const& test : cases) {
+        select(test.row, test.col);
+        view.startEditing(true);
+        EXPECT_EQ(view.getCurrentlyEditedView(), &test.shown);
+        auto* const editor = test.shown.viewport()->findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr) << test.row << ',' << test.col;
+        QTest::keyClicks(editor, "new");
+        view.stopEditing();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(model().index(test.row, test.col).data().toString(), "new");
+    }
+}
+
 TEST_F(FrozenPanes, InsertingBeforeHeaderLinesKeepsTheBandsInStep) {
     view.setRowHeight(0, 60);
     view.setColumnWidth(1, 140);

@@ -1,6 +1,8 @@
 #include "view/MsgBox.h"
 
 #include "tests/support/HeldClock.h"
+#include "view/KeyRest.h"
+#include "view/ProgressDialog.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -149,4 +151,49 @@ TEST(MsgBoxTest, NoKeyAnswersAQuestionFromOutsideBeforeTheKeysWereStill) {
     FromOutside const acting;
     box.exec();
     EXPECT_EQ(box.clickedButton(), button);
+}
+
+TEST(MsgBoxTest, OneThatAKeyOfATextBringsUpTakesNoneEither) {
+    HeldClock clock;
+    QObject owner;
+    TypingGuard::addText(&owner, [] { return false; });
+    auto const isNeededAfter = [&](Qt::KeyboardModifiers modifiers, int ms) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_W, modifiers);
+        QCoreApplication::sendEvent(&owner, &event);
+        clock.pass(ms);
+        return KeyRest::isNeeded();
+    };
+    EXPECT_FALSE(KeyRest::isNeeded());
+    EXPECT_FALSE(isNeededAfter(Qt::NoModifier, TypingGuard::stillMs));
+    EXPECT_TRUE(isNeededAfter(Qt::NoModifier, TypingGuard::stillMs - 1));
+    clock.pass(1);
+    EXPECT_TRUE(isNeededAfter(Qt::ShiftModifier, 1));
+    EXPECT_FALSE(isNeededAfter(Qt::ControlModifier, 1)) << "asked for, at the end of a text";
+}
+
+TEST(ProgressDialogTest, IsCanceledByNoKeyOfATextAndFromOutsideByNoneBeforeTheKeysWereStill) {
+    for (bool const outside : {true, false}) {
+        HeldClock clock;
+        std::optional<FromOutside> acting;
+        if (outside)
+            acting.emplace();
+        ProgressDialog dialog("Sorting ...", Theme(), nullptr);
+        acting.reset();
+        bool canceled = false;
+        QObject::connect(&dialog, &QDialog::rejected, [&] { canceled = true; });
+        dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        auto const press = [&](Qt::Key key) { QTest::keyClick(dialog.focusWidget(), key); };
+        clock.pass(TypingGuard::stillMs - 1);
+        press(Qt::Key_Escape);
+        EXPECT_EQ(canceled, !outside);
+        canceled = false;
+        dialog.show();
+        clock.pass(TypingGuard::stillMs);
+        for (Qt::Key const key : {Qt::Key_C, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
+            press(key);
+        EXPECT_FALSE(canceled);
+        press(Qt::Key_Escape);
+        EXPECT_TRUE(canceled);
+    }
 }

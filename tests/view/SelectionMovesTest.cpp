@@ -65,7 +65,7 @@ TEST(SelectionMoves, FarthestLineIsThatOfARangeInLineWithTheMainCell) {
     EXPECT_EQ(SelectionMoves::farthestSelectedLine(rangesFrom("C1,4"), mainCell, Direction::Down), 3);
 
     Range whole(4, RangeType::Column, RangeIndexType::Model);
-    whole.excludedRows = {7, 2, 5};
+    whole.setExcludedRows({7, 2, 5});
     EXPECT_EQ(SelectionMoves::smallestAxisException(whole, Axis::Rows, 2), 5);
     EXPECT_EQ(SelectionMoves::smallestAxisException(whole, Axis::Rows, 7), -1);
     EXPECT_EQ(SelectionMoves::smallestAxisException(whole, Axis::Columns, -1), -1);

@@ -228,6 +228,14 @@ TEST_F(TableViewInput, LinesAndTablesAreSelectedAsOneRange) {
     EXPECT_EQ(selection(), "T0,0*");
     EXPECT_EQ(model().getMainCell(), modelCell(3, 2));
     view.setMainCellAsSelection(modelCell(3, 2));
+    QTest::mouseClick(view.findChild<TLCornerButton*>(), Qt::RightButton);
+    QTest::mouseClick(view.findChild<TLCornerButton*>(), Qt::LeftButton, Qt::ShiftModifier);
+    EXPECT_EQ(selection(), "C3,2*");
+    QTest::mouseClick(view.findChild<TLCornerButton*>(), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_TRUE(model().cellInSelection(modelCell(19, 5)) && model().cellInSelection(modelCell(0, 0)));
+    view.setMainCellAsSelection(modelCell(3, 2));
+    view.selectFromMainCellTo(-1, 4);
+    EXPECT_EQ(selection(), "C3,2* C3,3 C3,4");
     view.selectFromMainCellTo(4, -1);
     EXPECT_EQ(selection(), "C3,2* C4,2");
     EXPECT_EQ(view.findFarthestSelectedCellInDirection(Direction::Down), modelCell(4, 2));
@@ -273,6 +281,23 @@ TEST_F(TableViewInput, TheContextMenuHoldsTheCommandsThatExist) {
     qsizetype const menus = view.findChildren<QMenu*>().size();
     emit view.customContextMenuRequested({600, 5000});
     EXPECT_EQ(view.findChildren<QMenu*>().size(), menus) << "no menu beside the cells";
+}
+
+TEST_F(TableViewInput, TheMenuOfALabelIsThatOfItsAxis) {
+    load(20, 6);
+    QAction ofRows(QStringLiteral("Rows"));
+    QAction ofCols(QStringLiteral("Columns"));
+    view.setupContextMenus({{QStringLiteral("Remove Row(s)"), &ofRows}, {QStringLiteral("Remove Column(s)"), &ofCols}});
+    for (HeaderView* const header : {view.getVerticalHeaderView(), view.getHorizontalHeaderView()}) {
+        emit header->customContextMenuRequested({5000, 5000});
+        EXPECT_TRUE(header->findChildren<QMenu*>().isEmpty()) << "no menu beside the labels";
+        emit header->customContextMenuRequested({5, 5});
+        ASSERT_EQ(header->findChildren<QMenu*>().size(), 1);
+        QMenu& menu = *header->findChildren<QMenu*>().first();
+        EXPECT_EQ(menu.actions().contains(&ofRows), header == view.getVerticalHeaderView());
+        EXPECT_EQ(menu.actions().contains(&ofCols), header == view.getHorizontalHeaderView());
+        menu.close();
+    }
 }
 
 TEST_F(TableViewInput, UndoGoesToTheViewsOwnStack) {

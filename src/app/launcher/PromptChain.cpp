@@ -51,11 +51,6 @@ void PromptChain::ask(PromptStep step) {
     showWithAllSelected(next, next->text);
 }
 
-void PromptChain::goBack() {
-    if (!answered.empty())
-        goTo(answered.size() - 1);
-}
-
 void PromptChain::goTo(std::size_t index) {
     if (!isOpen() || index >= answered.size())
         return;

@@ -25,8 +25,6 @@ public:
     void start(PromptStep step);
     /// Goes on with the chain whose answer is being carried out. At any other time begins a new one.
     void ask(PromptStep step) override;
-    /// Puts the question before the open one again, with the answer it had. Without one nothing happens.
-    void goBack();
     /// Ends the chain without an answer, and shows the part of the table that was in sight before it.
     void close();
 

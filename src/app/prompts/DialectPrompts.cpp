@@ -147,10 +147,11 @@ PromptStep Prompts::reloadDialect(std::vector<DialectPart> const& parts, TableVi
     return askForParts(parts, Dialect::ofLoad(*table), table->getFilepath(), reload);
 }
 
-PromptStep Prompts::saveDialect(std::vector<DialectPart> const& parts, TableView* table) {
+PromptStep Prompts::saveDialect(std::vector<DialectPart> const& parts, TableView* table,
+                                std::function<bool(EncodingType encoding)> const& mayEncode) {
     return askForParts(parts, Dialect::ofSave(*table), QString(),
-                       [alive = QPointer<TableView>(table)](Dialect const& wanted) {
-                           if (!alive.isNull())
+                       [alive = QPointer<TableView>(table), mayEncode](Dialect const& wanted) {
+                           if (!alive.isNull() && mayEncode(wanted.encoding) && !alive.isNull())
                                setForSave(*alive, wanted);
                        });
 }

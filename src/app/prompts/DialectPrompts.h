@@ -27,8 +27,10 @@ namespace Prompts {
 PromptStep reloadDialect(std::vector<DialectPart> const& parts, TableView* table,
                          std::function<void(Dialect const& dialect)> const& reload);
 
-/// Asks for the parts one after the other, then sets them for saves of the table, as one undoable change.
-PromptStep saveDialect(std::vector<DialectPart> const& parts, TableView* table);
+/// Asks for the parts one after the other, then sets them for saves of the table, as one undoable change. `mayEncode`
+/// has the last word on the encoding.
+PromptStep saveDialect(std::vector<DialectPart> const& parts, TableView* table,
+                       std::function<bool(EncodingType encoding)> const& mayEncode);
 
 /// Offers the names of all encodings and puts the chosen one on the clipboard.
 PromptStep listCharacterEncodings();

@@ -13,6 +13,12 @@ bool crosses(Range const& range, Axis axis) {
     return range.type == RangeType::Table || range.type == (axis == Axis::Rows ? RangeType::Column : RangeType::Row);
 }
 
+/// Model lines without those that are hidden.
+std::vector<int> inSight(std::vector<int> lines) {
+    std::erase(lines, -1);
+    return lines;
+}
+
 } // namespace
 
 ApplyHiddenLinesCommand::ApplyHiddenLinesCommand(Axis axis, TableModel* model, RangeSet const& cells,
@@ -24,8 +30,8 @@ ApplyHiddenLinesCommand::ApplyHiddenLinesCommand(Axis axis, TableModel* model, R
         setSelectionCells(cells, cells);
     RangeVector raw = model->getRawRange(this->cells.ranges());
     for (Range& range : raw) {
-        range.excludedRows = model->getRawFromModelRows(range.excludedRows);
-        range.excludedCols = model->getRawFromModelCols(range.excludedCols);
+        range.setExcludedRows(model->getRawFromModelRows(range.excludedRows()));
+        range.setExcludedCols(model->getRawFromModelCols(range.excludedCols()));
     }
     rawSelection = raw;
 }
@@ -62,10 +68,8 @@ void ApplyHiddenLinesCommand::selectWhatIsLeft() {
     RangeVector left;
     for (Range const& raw : rawSelection.ranges()) {
         Range range = model->getModelFromRawRange(raw, crosses(raw, axis));
-        range.excludedRows = model->getModelFromRawRows(raw.excludedRows);
-        range.excludedCols = model->getModelFromRawCols(raw.excludedCols);
-        std::erase(range.excludedRows, -1);
-        std::erase(range.excludedCols, -1);
+        range.setExcludedRows(inSight(model->getModelFromRawRows(raw.excludedRows())));
+        range.setExcludedCols(inSight(model->getModelFromRawCols(raw.excludedCols())));
         range.hasMainCell = false;
         if (range.isValid())
             left.push_back(range);

@@ -40,7 +40,7 @@ void CellContentsCommand::writeEverywhere(RangeSet const& ranges, QString const&
 }
 
 void CellContentsCommand::carry(RangeSet const& sources, int rows, int cols, bool vacate) {
-    CellRegion const from = sources.coverage({model->rowCountModel(), model->columnCountModel()}, false);
+    CellRegion const from = sources.coverage({model->rowCountModel(), model->columnCountModel()}, true);
     CellRegion const inside({0, 0, INT_MAX, INT_MAX});
     CellRegion const to = from.moved(rows, cols) & inside;
     if (vacate && to != from.moved(rows, cols)) {
@@ -109,4 +109,13 @@ void CellContentsCommand::revert() {
         data.exchange(patch);
     model->enforceAutoFitOnModel(cells);
     selectOldCells();
+}
+
+CellRegion CellContentsCommand::lostCharacters() const {
+    if (!fill)
+        return CellRegion::ofCells(patch.lossyCells());
+    bool loses = false;
+    TableData const& data = model->getTableData();
+    data.getCodec().encode(fill->text, &loses);
+    return loses ? data.rawCells(fill->cells) : CellRegion();
 }

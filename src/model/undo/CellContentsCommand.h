@@ -27,6 +27,7 @@ protected:
 
     void apply() override;
     void revert() override;
+    CellRegion lostCharacters() const override;
 
 private:
     void growGrid();

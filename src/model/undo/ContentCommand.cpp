@@ -13,6 +13,7 @@ void ContentCommand::redo() {
     clearModelRowSortData();
     clearModelColSortData();
     firstRedo = false;
+    model->markLostCharacters(lostCharacters());
     announce();
 }
 
@@ -27,6 +28,7 @@ void ContentCommand::undo() {
     model->enforceTableSize();
     restoreRowSortDataToModel();
     restoreColSortDataToModel();
+    model->markLostCharacters({});
     announce();
 }
 

@@ -19,6 +19,8 @@ protected:
     virtual void apply() = 0;
     /// Takes the change back and sets the selection. Lines that were added at the end may stay.
     virtual void revert() = 0;
+    /// The cells, Raw and as of the end of apply(), whose new texts the table's encoding cannot carry.
+    virtual CellRegion lostCharacters() const { return {}; }
 
 private:
     void removeSurplus(Axis axis, int rawCount);

@@ -98,7 +98,7 @@ RangeSet MoveLinesCommand::movedCells() const {
 void MoveLinesCommand::apply() {
     ModelAxis(*model, axis).move(moves);
     selectNewCells();
-    scrollAlong(!moves.empty() && moves.front().second < moves.front().first, movedCells());
+    scrollAlong(!moves.empty() && moves.front().second < moves.front().first, newSelection);
 }
 
 void MoveLinesCommand::revert() {

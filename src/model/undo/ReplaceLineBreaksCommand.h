@@ -11,6 +11,7 @@ public:
 protected:
     void apply() override;
     void revert() override;
+    CellRegion lostCharacters() const override;
 
 private:
     void showTexts();

@@ -15,8 +15,11 @@ void SortCommand::undo() {
     announce();
 }
 
+// The selection stays where it is, and nothing else tells the editor pane that another text has come into the main
+// cell.
 void SortCommand::announce() {
     refreshView();
+    model->onMainCellChanged();
     model->enforceAutoFitAll(sort.axis);
     emit model->updateFindReplaceMatchesSignal();
     model->saveAfterEdit();

@@ -14,6 +14,7 @@ public:
 protected:
     void apply() override;
     void revert() override;
+    CellRegion lostCharacters() const override { return CellRegion::ofCells(patch.lossyCells()); }
 
 private:
     void exchange();

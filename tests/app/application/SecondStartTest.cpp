@@ -21,6 +21,7 @@ namespace {
 class SecondStartTest : public testing::Test {
 protected:
     SecondStartTest() {
+        TypingGuard::setClock({}); // the keys of the test before are no user's of this one
         for (MainWindow* const open : app.getMainWindows())
             open->close();
         app.createNewInstance(true, {});
@@ -151,6 +152,13 @@ TEST_F(SecondStartTest, WaitsForTheTextThatIsTypedButNotForEver) {
     EXPECT_EQ(open(), "a.csv b.csv c.csv");
     EXPECT_EQ(first->tableModel()->getTableData().getValueRaw(0, 0).toString(), "one two");
     EXPECT_EQ(first->tableModel()->getTableData().getValueRaw(1, 0).toString(), "left");
+    typeText(" over"); // the text goes on
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(window->getActiveTable()->undoStack()->isClean());
+    EXPECT_EQ(Notices::texts(*window), QStringList("This table was opened while you were typing in another one: " +
+                                                   directory.filePath("c.csv")));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(window->getActiveTable()->hasFocusInside());
     box.next("Don't Save");
     window->commandCloseAllFiles();
 }
@@ -275,8 +283,10 @@ TEST_F(SecondStartTest, NoWindowClosesUnderTheQuestionOfAnother) {
 
 TEST_F(SecondStartTest, OfAPathThatDoesNotExistIsToldWithoutAQuestion) {
     write("a.csv");
+    window->showMinimized();
     secondStart("b.csv<a.csv<no folder/c.csv");
     EXPECT_EQ(open(), "a.csv");
+    EXPECT_FALSE(window->isMinimized());
     EXPECT_EQ(Notices::texts(*window), QStringList("These files do not exist: " + directory.filePath("b.csv") + ", " +
                                                    directory.filePath("no folder/c.csv")));
     Notices::press(*window, "Dismiss");
@@ -293,4 +303,21 @@ TEST_F(SecondStartTest, GoesToTheWindowUsedLastAndWhereThatIsGoneToAnother) {
     EXPECT_TRUE(app.getMainWindows()[1]->close());
     secondStart("a.csv");
     EXPECT_TRUE(comesTo("a.csv"));
+}
+
+TEST_F(SecondStartTest, ANewWindowFromAnyWindowIsAsLargeAsThatOneAndTheOneForWhatComesNext) {
+    for (int number = 2; number <= 4; ++number) {
+        MainWindow* const asking = app.getActiveMainWindow();
+        asking->resize(600 + number * 20, 400 + number * 10);
+        asking->runCommand("New Window");
+        ASSERT_EQ(app.getMainWindows().size(), std::size_t(number));
+        MainWindow* const made = app.getMainWindows().back();
+        EXPECT_EQ(app.getActiveMainWindow(), made);
+        EXPECT_EQ(made->size(), asking->size());
+        EXPECT_TRUE(made->isVisible());
+    }
+    write("a.csv");
+    secondStart("a.csv");
+    EXPECT_TRUE(comesTo("untitled | untitled | untitled | a.csv"));
+    app.closeProgram();
 }

@@ -1,4 +1,4 @@
-#include "app/DelimiterOnlySave.h"
+#include "app/files/DelimiterOnlySave.h"
 
 #include "core/DialectUtilities.h"
 #include "model/LineBreakCells.h"
@@ -25,8 +25,8 @@ void DelimiterOnlySave::replaceLineBreaks(TableView& table, QString const& repla
     LineBreakCells::forEach(*table.tableModel(), visibleOnly, [&](int row, int col, QString const& text) {
         QStringList const pieces = text.split(lineBreak);
         Range cell(row, col, RangeIndexType::Raw);
-        cell.oldValue = text;
-        cell.value = pieces.join(replacement);
+        cell.setOldValue(text);
+        cell.setValue(pieces.join(replacement));
         cells.push_back(cell);
     });
     table.pushUndoCommand(new ReplaceLineBreaksCommand(table.tableModel(), cells));
@@ -59,7 +59,7 @@ PromptStep DelimiterOnlySave::askForParsingStandard(PendingSave const& save, Res
         }
         PendingSave changed = save;
         changed.dialect.parsingStandard = standard;
-        if (changed.path.isEmpty()) {
+        if (changed.isToOwnFile()) {
             TableModel* const model = save.table->tableModel();
             save.table->pushUndoCommand(new SetParsingStandardCommand(model, {}, standard, false));
         }

@@ -1,22 +1,13 @@
 #pragma once
 
+#include "app/files/PendingSave.h"
 #include "app/launcher/PromptStep.h"
-#include "core/ExtensionData.h"
 
-#include <QPointer>
 #include <QString>
 
 #include <functional>
 
 class TableView;
-
-/// A save that waits for answers. The table may be closed meanwhile, which ends the save without a word.
-struct PendingSave {
-    QPointer<TableView> table;
-    QString path;             ///< empty for a save to the table's own file
-    ExtensionData dialect;    ///< of a save to `path`
-    bool visibleOnly = false; ///< writes a copy without what is concealed; the table stays on its file
-};
 
 /// A table that is saved as Delimiter Only cannot hold line breaks in its cells. Before such a save the user says what
 /// becomes of them.

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/ExtensionData.h"
+#include "storage/ChangedCells.h"
+
+#include <QString>
+
+class QWidget;
+class TableModel;
+class Theme;
+
+/// The boxes in which the user is asked about a save. Each runs an event loop, after which tables may be gone.
+namespace SaveQuestions {
+
+struct Asker {
+    QWidget* parent;
+    Theme const& theme;
+};
+
+/// About a table that has only the beginning of its file: `bytes` of it.
+enum class PartAnswer { SaveAs, SaveAnyway, Cancel };
+PartAnswer aboutPartOfFile(Asker const& asker, QString const& path, qint64 bytes);
+
+/// About a file that is in another dialect than its table is set to be saved in.
+struct DialectAnswer {
+    enum Choice { KeepAsInFile, SaveAsSet, Cancel } choice = Cancel;
+    bool forAllOfExtension = false;
+};
+DialectAnswer aboutFileDialect(Asker const& asker, TableModel const& model);
+
+/// About a file with several names.
+enum class LinksAnswer { Replace, WriteInPlace, Cancel };
+LinksAnswer aboutHardLinks(Asker const& asker, QString const& path, int names);
+
+/// About cells, which may be shown in place of the save.
+enum class CellsAnswer { GoOn, ShowCells, Cancel };
+/// About cells that a load of the saved file would not give back.
+CellsAnswer aboutChangedCells(Asker const& asker, QString const& path, ChangedCells const& changed);
+/// Tells of them, as one sentence.
+QString sentenceAboutChangedCells(ChangedCells const& changed);
+
+} // namespace SaveQuestions
