@@ -33,9 +33,13 @@ bool LossyCellsQuestion::mayChange(QWidget* parent, Theme const& theme, Encoding
     box.setDefaultButton(cancel);
     box.conditionButtons();
     box.exec();
-    if (table && box.clickedButton() == showCells && LossyCells::select(*table->tableModel(), cells)) {
-        show(table);
-        table->scrollToMainCell(true, true);
+    if (table && box.clickedButton() == showCells) {
+        if (LossyCells::select(*table->tableModel(), cells)) {
+            show(table);
+            table->scrollToMainCell(true, true);
+        } else {
+            MsgBox::inform(parent, theme, tr("These cells are hidden."));
+        }
     }
     return box.clickedButton() == anyway;
 }

@@ -52,6 +52,8 @@ void MainWindow::watchTable(TableView* table) {
     connect(table->tableModel(), &TableModel::saveStartedSignal, watchedFiles, &WatchedFiles::onSaveStarted);
     connect(table->tableModel(), &TableModel::saveFinishedSignal, watchedFiles, &WatchedFiles::onSaveFinished);
     table->tableModel()->installEventFilter(watchedFiles);
+    connect(table->tableModel(), &TableModel::fileIsAnotherSignal, watchedFiles, &WatchedFiles::onAutoSaveRefused);
+    connect(table->tableModel(), &TableModel::notKeptSignal, this, &MainWindow::tellNotKept);
     connect(table->undoStack(), &QUndoStack::indexChanged, this,
             [this, table] { onlySortedSinceReload.remove(table); });
     watchedFiles->add(table->getFilepath());
@@ -68,6 +70,7 @@ void MainWindow::unwatchTable(TableView* table) {
     reloads.remove(table);
     onlySortedSinceReload.remove(table);
     disconnect(table->tableModel(), nullptr, watchedFiles, nullptr);
+    disconnect(table->tableModel(), &TableModel::notKeptSignal, this, nullptr);
     table->tableModel()->removeEventFilter(watchedFiles);
     table->undoStack()->disconnect(this);
     watchedFiles->remove(table->getFilepath());

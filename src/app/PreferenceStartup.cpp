@@ -1,5 +1,6 @@
 #include "app/PreferenceStartup.h"
 
+#include "app/files/ConfigFile.h"
 #include "commands/PreferenceFiles.h"
 #include "commands/PreferenceTable.h"
 #include "core/PathUtilities.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 
 #include <cstdio>
 #include <iterator>
@@ -57,7 +57,8 @@ PreferenceStartup::PreferenceStartup(QString const& directory) : directory(direc
     handleAppDataInRedundantFolders();
     firstInstall = !QFileInfo::exists(directory);
     QDir().mkpath(directory);
-    storedVersion = QSettings(iniPath(), QSettings::IniFormat).value(versionKey()).toString();
+    // Of a file that cannot be read nobody knows that another version has written it.
+    storedVersion = ConfigFile(iniPath()).read(versionKey()).value_or(runningVersion()).toString();
     createOrTestFiles();
 }
 
@@ -82,7 +83,7 @@ void PreferenceStartup::handleAppDataInRedundantFolders() const {
             return; // What cannot be moved stays where it is, with its folder.
         }
     }
-    redundant.removeRecursively();
+    QDir().rmdir(redundant.path()); // only if nothing is left in it
 }
 
 // A file that was read whole and is none of ours makes room for a new one. What cannot be read, such as a folder of
@@ -115,6 +116,6 @@ void PreferenceStartup::update(Commands& commands) {
             files[i].update(commands);
         }
     }
-    QSettings(iniPath(), QSettings::IniFormat).setValue(versionKey(), runningVersion());
+    ConfigFile(iniPath()).write(versionKey(), runningVersion());
     storedVersion = runningVersion();
 }

@@ -218,6 +218,7 @@ EncodingType Utilities::getEncodingOfMark(std::string_view startOfFile) {
 }
 
 bool Utilities::contradictsMark(EncodingType encoding, EncodingType marked) {
-    return marked != EncodingType::Invalid && encoding != EncodingType::Utf16 && encoding != EncodingType::Utf32 &&
-           getEncodingBom(encoding) != getEncodingBom(marked);
+    bool const isOpen = encoding == EncodingType::Utf16 || encoding == EncodingType::Utf32; // as to the byte order
+    return marked != EncodingType::Invalid && getEncodingBom(encoding) != getEncodingBom(marked) &&
+           !(isOpen && numBytesPerChar(encoding) == numBytesPerChar(marked));
 }

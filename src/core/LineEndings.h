@@ -24,8 +24,10 @@ struct LineEndings {
     /// All lines alike.
     static LineEndings of(LineEndingType type);
     /// Of a piece of a file, which begins with a whole code unit. Line breaks within quotes do not count, unless the
-    /// standard knows no quotes.
-    static LineEndings in(std::string_view bytes, EncodingType encoding, ParsingStandard standard);
-    /// Of the first 64 KiB of a file; none if it cannot be read.
-    static LineEndings ofFile(QString const& path, EncodingType encoding, ParsingStandard standard);
+    /// standard knows no quotes; quotes are those at the start of a cell. With `isEnd` the file ends with it.
+    static LineEndings in(std::string_view bytes, EncodingType encoding, ParsingStandard standard,
+                          QString const& delimiter, bool isEnd);
+    /// Of the first 8 MiB of a file, which take some milliseconds; none if it cannot be read.
+    static LineEndings ofFile(QString const& path, EncodingType encoding, ParsingStandard standard,
+                              QString const& delimiter);
 };

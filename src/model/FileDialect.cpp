@@ -10,32 +10,31 @@ ExtensionData SaveDialect::present(TableModel const& model) {
     return dialect;
 }
 
-ExtensionData SaveDialect::asInFile(TableModel const& model) {
-    ExtensionData dialect = present(model);
+// A single column has nothing between its cells.
+SaveDialect::Change SaveDialect::changeBy(TableModel const& model, ExtensionData const& dialect) {
     FileDialect const* const file = model.getFileDialect();
-    if (file == nullptr)
-        return dialect;
-    if (!model.dialectOrigin().delimiterSetByCommand && changesDelimiter(model, dialect))
-        dialect.saveDelimiter = file->delimiter;
-    bool const mayKeep = !model.dialectOrigin().lineEndingSetByCommand && changesLineEnding(model, dialect);
-    if (mayKeep && file->lineEndings.prevailing() != LineEndingType::Invalid)
+    if (file == nullptr || file->isChosen)
+        return {};
+    return {file->foundDelimiter != dialect.saveDelimiter && model.columnCountRaw() > 1,
+            !file->lineEndings.areAll(dialect.lineEnding)};
+}
+
+SaveDialect::Change SaveDialect::unaskedChange(TableModel const& model) {
+    Change const change = changeBy(model, present(model));
+    return {change.delimiter && !model.dialectOrigin().delimiterSetByCommand,
+            change.lineEnding && !model.dialectOrigin().lineEndingSetByCommand};
+}
+
+bool SaveDialect::canKeep(TableModel const& model, Change const& change) {
+    LineEndings const& endings = model.getFileDialect()->lineEndings;
+    return !change.lineEnding || endings.areAll(endings.prevailing());
+}
+
+ExtensionData SaveDialect::asInFile(TableModel const& model, ExtensionData dialect, Change const& change) {
+    FileDialect const* const file = model.getFileDialect();
+    if (change.delimiter)
+        dialect.saveDelimiter = file->foundDelimiter;
+    if (change.lineEnding && file->lineEndings.prevailing() != LineEndingType::Invalid)
         dialect.lineEnding = file->lineEndings.prevailing();
     return dialect;
-}
-
-// A single column has nothing between its cells.
-bool SaveDialect::changesDelimiter(TableModel const& model, ExtensionData const& dialect) {
-    FileDialect const* const file = model.getFileDialect();
-    return file != nullptr && !file->isChosen && file->delimiter != dialect.saveDelimiter && model.columnCountRaw() > 1;
-}
-
-bool SaveDialect::changesLineEnding(TableModel const& model, ExtensionData const& dialect) {
-    FileDialect const* const file = model.getFileDialect();
-    return file != nullptr && !file->isChosen && !file->lineEndings.areAll(dialect.lineEnding);
-}
-
-bool SaveDialect::changesUnasked(TableModel const& model) {
-    ExtensionData const set = present(model);
-    return (!model.dialectOrigin().delimiterSetByCommand && changesDelimiter(model, set)) ||
-           (!model.dialectOrigin().lineEndingSetByCommand && changesLineEnding(model, set));
 }

@@ -365,6 +365,12 @@ public:
     std::optional<FileStamp> getFileStamp() const { return tableData.getDataContainer()->getFileStamp(); }
     /// The file has been changed by others, and the next save may go over it.
     void takeFileAsItIs() { tableData.getDataContainer()->takeFileAsItIs(); }
+    /// How a file with several names is to be written, if the user has said so.
+    std::optional<AtomicFileWriter::Way> getWayOfFile(QString const& path) const {
+        auto const way = ways.constFind(path);
+        return way == ways.constEnd() ? std::nullopt : std::optional(*way);
+    }
+    void setWayOfFile(QString const& path, AtomicFileWriter::Way way) { ways.insert(path, way); }
     /// What the table's file is in; null if it has none.
     FileDialect const* getFileDialect() const;
     DialectOrigin& dialectOrigin() { return origin; }
@@ -509,6 +515,10 @@ signals:
     /// An edit has given so many cells texts with characters that the encoding lacks. 0 when that is past.
     void lostCharactersSignal(qint64 cells);
     void autoSaveFailedSignal(QString path, QString error);
+    /// An automatic save has found another file than the one that was read or written last.
+    void fileIsAnotherSignal(QString path);
+    /// What the file that an automatic save has written has not got of the former one, as sentences.
+    void notKeptSignal(QStringList sentences);
     /// An automatic save was left out, since it would lose something; a sentence tells what.
     void autoSaveHeldBackSignal(QString sentence);
     void setDelimiterSignal(QString delimiter);
@@ -574,6 +584,7 @@ private:
     void clearGrid();
     void showEverything();
     bool growTowardsLoadedRows();
+    QString reasonAgainstAutoSave() const;
     SaveRequest requestOfAutoSave(bool heedsChanges) const;
     void endAutoSave(SaveReport const& report);
     int& numHeaderCols() { return colorOptions.headerCols; }
@@ -623,7 +634,8 @@ private:
     LineEndingType lineEnding = LineEndingType::Unix;
     EncodingType encoding = EncodingType::Utf8;
     EncodingType loadedEncoding = EncodingType::Utf8;
-    QHash<QString, FileDialect> fileDialects; ///< by path, what the last load or save says that the files are in
+    QHash<QString, AtomicFileWriter::Way> ways; ///< by path
+    QHash<QString, FileDialect> fileDialects;   ///< by path, what the last load or save says that the files are in
     ParsingStandard parsingStandard = ParsingStandard::Rfc4180;
     DialectOrigin origin;
 

@@ -1,5 +1,6 @@
 // Loading, saving and the dialect of the file.
 
+#include "core/EncodingUtilities.h"
 #include "model/AutoSaveEvent.h"
 #include "model/LineBreakCells.h"
 #include "model/TableModel.h"
@@ -37,8 +38,9 @@ bool TableModel::loadCSV(QString const& path, bool async, bool readOnly, QString
     this->encoding = encoding;
     loadedEncoding = encoding;
     this->parsingStandard = parsingStandard;
-    fileDialects.insert(path,
-                        {delimiter, encoding, parsingStandard, LineEndings::ofFile(path, encoding, parsingStandard)});
+    fileDialects.insert(path, {delimiter, delimiter, encoding, parsingStandard,
+                               LineEndings::ofFile(path, encoding, parsingStandard, delimiter), false,
+                               Utilities::getEncodingFromMark(path)});
     setRowSortData(SortData());
     setColSortData(SortData());
     showEverything();
@@ -131,9 +133,18 @@ SaveReport TableModel::save(SaveRequest const& request) {
         return report;
     auto const path = request.path.isEmpty() ? getFilepath() : request.path;
     auto const dialect = request.dialect.value_or(SaveDialect::present(*this));
-    FileDialect file{dialect.saveDelimiter, dialect.encoding, dialect.parsingStandard,
-                     LineEndings::of(dialect.lineEnding)};
-    file.isChosen = !request.dialect || !request.path.isEmpty(); // else the file has kept its own
+    FileDialect file{dialect.saveDelimiter,
+                     dialect.saveDelimiter,
+                     dialect.encoding,
+                     dialect.parsingStandard,
+                     LineEndings::of(dialect.lineEnding),
+                     true};
+    bool const keepsItsOwn = request.dialect && request.path.isEmpty(); // as automatic saves do
+    if (auto const* const before = getFileDialect(); keepsItsOwn && before != nullptr) {
+        file.foundDelimiter = before->foundDelimiter;
+        file.lineEndings = before->lineEndings;
+        file.isChosen = before->isChosen;
+    }
     fileDialects.insert(path, file);
     return report;
 }
@@ -162,6 +173,10 @@ void TableModel::takeFileDialect() {
     delimiter = file->delimiter;
     encoding = file->encoding;
     parsingStandard = file->parsingStandard;
+    // A mark that was there before is one that the user wants the file read without.
+    EncodingType const marked = Utilities::getEncodingFromMark(getFilepath());
+    if (marked != file->marked && Utilities::contradictsMark(encoding, marked))
+        encoding = marked;
     emit updateStatusBarSignal();
 }
 
@@ -182,8 +197,9 @@ void TableModel::saveAfterEdit() {
     QCoreApplication::sendEvent(this, &begun);
     if (!begun.isAccepted())
         return;
-    if (getLoadResult().end == LoadEnd::Part) {
-        emit autoSaveHeldBackSignal(tr("Not saved: only the beginning of the file could be read."));
+    QString const reason = reasonAgainstAutoSave();
+    if (!reason.isEmpty()) {
+        emit autoSaveHeldBackSignal(tr("Not saved: %1").arg(reason));
         return;
     }
     int const broken = parsingStandard == ParsingStandard::DelimiterOnly ? LineBreakCells::count(*this, false) : 0;
@@ -195,24 +211,43 @@ void TableModel::saveAfterEdit() {
 }
 
 // Nobody can be asked, so the file keeps what it has, and what would lose anything waits for a save of the user.
+QString TableModel::reasonAgainstAutoSave() const {
+    if (getLoadResult().end == LoadEnd::Part)
+        return tr("only the beginning of the file could be read.");
+    SaveDialect::Change const change = SaveDialect::unaskedChange(*this);
+    if (change.any() && !SaveDialect::canKeep(*this, change))
+        return tr("the line ends of the file would change.");
+    if (!getWayOfFile(getFilepath()) && AtomicFileWriter::linkCount(getFilepath()) > 1)
+        return tr("the file has other names, which would keep what it was.");
+    return {};
+}
+
 SaveRequest TableModel::requestOfAutoSave(bool heedsChanges) const {
     SaveRequest request;
-    if (SaveDialect::changesUnasked(*this))
-        request.dialect = SaveDialect::asInFile(*this);
+    SaveDialect::Change const change = SaveDialect::unaskedChange(*this);
+    if (change.any())
+        request.dialect = SaveDialect::asInFile(*this, SaveDialect::present(*this), change);
     if (heedsChanges)
         request.file.expected = getFileStamp();
+    request.file.way = getWayOfFile(getFilepath()).value_or(AtomicFileWriter::Way::Replace);
     return request;
 }
 
 void TableModel::endAutoSave(SaveReport const& report) {
     switch (report.outcome) {
-    case SaveReport::Outcome::Saved: emit undoStackCleanChangedSignal(true); break;
+    case SaveReport::Outcome::Saved:
+        emit undoStackCleanChangedSignal(true);
+        if (!report.notKept.isEmpty())
+            emit notKeptSignal(report.notKept);
+        break;
     case SaveReport::Outcome::Failed: emit autoSaveFailedSignal(getFilepath(), report.reason); break;
     case SaveReport::Outcome::TargetChanged:
-        emit autoSaveHeldBackSignal(tr("Not saved: the file has been changed externally."));
+        emit fileIsAnotherSignal(getFilepath());
+        emit autoSaveHeldBackSignal(tr("Not saved: %1").arg(tr("the file has been changed externally.")));
         break;
     case SaveReport::Outcome::WouldChange:
-        emit autoSaveHeldBackSignal(tr("Not saved: cells would not come back from the file as they are."));
+        emit autoSaveHeldBackSignal(
+            tr("Not saved: %1").arg(tr("cells would not come back from the file as they are.")));
         break;
     }
 }

@@ -30,7 +30,8 @@ void CellEdit::revert() {
         model.setProvisionalText(std::nullopt);
 }
 
-/// What was not edited of the text keeps its bytes, also those that mean nothing. Null if there are no such bytes.
+/// What was not edited of the text keeps its bytes, also those that mean nothing. Null if there are no such bytes, or
+/// if they would make something else of what stands beside them now, or the encoding lacks what was typed.
 std::unique_ptr<QUndoCommand> CellEdit::commandThatKeepsBytes() const {
     if (isMultiCell())
         return nullptr;
@@ -38,7 +39,7 @@ std::unique_ptr<QUndoCommand> CellEdit::commandThatKeepsBytes() const {
     int const row = data.getRawFromModelRow(editMainRange.row);
     int const col = data.getRawFromModelCol(editMainRange.col);
     auto const bytes = editedBytes(data.getCodec(), data.cellBytesRaw(row, col), lastText);
-    if (bytes == data.getCodec().encode(lastText))
+    if (bytes == data.getCodec().encode(lastText) || data.getCodec().decode({bytes.data(), bytes.size()}) != lastText)
         return nullptr;
     CellPatch patch;
     patch.add(row, col, {bytes.data(), bytes.size()});

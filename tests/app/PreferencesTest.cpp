@@ -1,5 +1,6 @@
 #include "app/PreferenceStartup.h"
 #include "app/TabBar.h"
+#include "app/files/ConfigFile.h"
 #include "commands/PreferenceFiles.h"
 #include "storage/AtomicFileWriter.h"
 #include "tests/app/WindowFixture.h"
@@ -101,6 +102,18 @@ TEST_F(PreferencesTest, DamagedFilesAreReplacedAndWhatMayBeSomethingElseStays) {
     EXPECT_EQ(huge.size(), qint64(1) << 33);
 }
 
+TEST_F(PreferencesTest, ALinkThatLeadsNowhereIsNoMissingFile) {
+    QString const target = directory.filePath("on another disk.csv");
+    for (QString const& path : {settingsPath, shortcutsPath, extensionsPath})
+        ASSERT_TRUE(QFile::link(target, path));
+    PreferenceStartup start(location);
+    start.createMissingFiles();
+    EXPECT_FALSE(PreferenceFiles::writeSettingToFile(Settings(), SettingType::Theme).isEmpty());
+    EXPECT_FALSE(QFile::exists(target));
+    for (QString const& path : {settingsPath, shortcutsPath, extensionsPath})
+        EXPECT_EQ(QFile::symLinkTarget(path), target);
+}
+
 TEST_F(PreferencesTest, ADiskThatFailsToReadCostsNoPreferences) {
     QByteArray const mine = "Setting,User Value\nTheme,light\n";
     for (int good = 0; good < 4; ++good) {
@@ -118,6 +131,27 @@ TEST_F(PreferencesTest, ADiskThatFailsToReadCostsNoPreferences) {
         EXPECT_TRUE(read(shortcutsPath).contains("f9")) << good;
         EXPECT_TRUE(good > 2 || read(extensionsPath) == "mine alone") << good;
     }
+}
+
+TEST_F(PreferencesTest, WhatIsRememberedOutlivesADiskThatFails) {
+    QString const path = location + "/Gridwright.ini";
+    ConfigFile const file(path);
+    EXPECT_TRUE(file.write("save_dialect/csv", "keep"));
+    EXPECT_TRUE(file.write("main/preference_file_version", "1"));
+    EXPECT_EQ(QSettings(path, QSettings::IniFormat).value("save_dialect/csv"), "keep");
+    QByteArray const before = read(path);
+    QFile::remove(path);
+    ASSERT_TRUE(QDir().mkdir(path)); // there, and nothing that can be read
+    EXPECT_FALSE(file.read("save_dialect/csv"));
+    EXPECT_FALSE(file.write("save_dialect/csv", "set"));
+    EXPECT_FALSE(PreferenceStartup(location).isVersionChanged());
+    ASSERT_TRUE(QDir().rmdir(path));
+    write(path, before);
+    EXPECT_EQ(file.read("save_dialect/csv"), QVariant("keep"));
+    EXPECT_EQ(file.read("save_dialect/tsv"), QVariant());
+    QDir().mkpath(location + "/Gridwright/mine");
+    PreferenceStartup const start(location);
+    EXPECT_TRUE(QFile::exists(location + "/Gridwright/mine"));
 }
 
 TEST_F(PreferencesTest, FilesOneFolderTooDeepMoveUpAndOtherVersionsFilesAreBroughtUpToDate) {

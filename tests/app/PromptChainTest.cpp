@@ -57,6 +57,11 @@ TEST_F(PromptChainTest, ABadAnswerIsToldAndStandsInTheSamePromptAgain) {
     EXPECT_EQ(takeLog(), QStringList());
     prompts.answer("Number:", "1");
     EXPECT_EQ(takeLog(), (QStringList{"closed Number:", "Number:1"}));
+    window.ask(number);
+    box.next("OK", [this] { window.closeFile(window.getActiveTable()); });
+    prompts.answer("Number:", "two");
+    EXPECT_EQ(window.getPaneView()->getLauncher(), nullptr) << "its table has gone";
+    EXPECT_EQ(takeLog(), QStringList{"closed Number:"});
 }
 
 TEST_F(PromptChainTest, ASecondEnterOnThePromptThatHasGoneIsNoAnswer) {

@@ -410,6 +410,36 @@ TEST_F(SaveFlowTest, ASaveAsDelimiterOnlyRemovesLineBreaksOrIsCancelled) {
     EXPECT_EQ(cell(0, 0), "x\r\ny");
 }
 
+TEST_F(SaveFlowTest, TheQuestionsOfASaveComeOnceEach) {
+    open("a;b\r\n1;2\r\n");
+    table()->pushUndoCommand(new SetParsingStandardCommand(&model(), {}, ParsingStandard::SparseQuotes, false));
+    change("\"x\"", 1, 1);
+    box.next("Save as Set");
+    box.next("Save Anyway"); // the cell would come back as x
+    EXPECT_TRUE(window.saveFile(table()));
+    EXPECT_EQ(box.texts().size(), 2);
+    EXPECT_EQ(read("a.csv"), "a,b\n1,\"x\"\n");
+}
+
+TEST_F(SaveFlowTest, ATransposedTableWithHiddenLinesIsAskedAboutTheCellsThatItShows) {
+    open("1,2\n3,4\n5,6\n7,\"x\ny\"\n");
+    run("Transpose Table");
+    table()->pushUndoCommand(new SetParsingStandardCommand(&model(), {}, ParsingStandard::DelimiterOnly, false));
+    box.next("Remove");
+    window.saveFile(table());
+    EXPECT_EQ(read("a.csv"), "1,3,5,7\n2,4,6,xy\n");
+    table()->undo();
+    EXPECT_EQ(cell(1, 3), "x\ny");
+
+    change("\"x\"", 1, 3);
+    table()->pushUndoCommand(new SetParsingStandardCommand(&model(), {}, ParsingStandard::SparseQuotes, false));
+    model().setAndApplyHiddenRowsList({0});
+    model().setAndApplyHiddenColsList({1});
+    box.next("Show Cells");
+    EXPECT_FALSE(window.saveFile(table()));
+    EXPECT_EQ(selection(), "C0,2*");
+}
+
 TEST_F(SaveFlowTest, ASaveUnderAnotherNameTakesItsDialectAndACopyOfTheVisibleLeavesTheTable) {
     open("1,2\n3,4\n");
     TableView* const first = table();
@@ -469,9 +499,17 @@ TEST_F(SaveFlowTest, EachAnswerToTheDelimiterOnlyQuestionEndsInItsOwnFile) {
         }
     }
     openWithLineBreaks();
+    TableView* const whole = table();
     model().getTableData().concealRawCol(0); // a copy has nothing of these cells
     EXPECT_TRUE(window.saveFileUnder(table(), directory.filePath("c.dlm"), true));
     EXPECT_EQ(read("c.dlm"), "1\n2\n");
+
+    whole->tableModel()->setAndApplyHiddenColsList({});
+    whole->tableModel()->setAndApplyHiddenRowsList({0});
+    box.next("Remove");
+    window.saveFileUnder(whole, directory.filePath("d.dlm"), true);
+    EXPECT_EQ(read("d.dlm"), "pq,2\n");
+    EXPECT_EQ(whole->tableModel()->getTableData().getValueRaw(0, 0).toString(), "x\r\ny") << "not in the copy";
 }
 
 TEST_F(SaveFlowTest, ASaveOrCopyUnderAnotherNameThatFailsLeavesCellsAndDialectAsTheyWere) {

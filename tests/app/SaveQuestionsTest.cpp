@@ -35,6 +35,7 @@ TEST(LineEndings, CountBreaksOutsideOfQuotesInAnyWidth) {
          {Case{"a\nb\r\nc\r\n", "CRLF and LF", LineEndingType::Windows},
           Case{"\"a\nb\",c\r\n\"d\"\"\r\n\"", "CRLF", LineEndingType::Windows},
           Case{"a\n\rb\n", "LF and CR", LineEndingType::Unix}, Case{"a\rb\rc", "CR", LineEndingType::Invalid},
+          Case{"5\" pipe,\"a\"\"\nb\"\r\n2\",\"x\r\n", "CRLF", LineEndingType::Windows},
           Case{"abc", "", LineEndingType::Invalid}}) {
         QByteArray utf16;
         for (QChar const letter : text)
@@ -42,13 +43,20 @@ TEST(LineEndings, CountBreaksOutsideOfQuotesInAnyWidth) {
         QByteArray const utf8 = text.toUtf8();
         for (auto const& [bytes, encoding] :
              {std::pair(utf8, EncodingType::Utf8), std::pair(utf16, EncodingType::Utf16BE)}) {
-            LineEndings const found =
-                LineEndings::in({bytes.constData(), std::size_t(bytes.size())}, encoding, ParsingStandard::Rfc4180);
+            LineEndings const found = LineEndings::in({bytes.constData(), std::size_t(bytes.size())}, encoding,
+                                                      ParsingStandard::Rfc4180, ",", false);
             EXPECT_EQ(found.names(), names) << qPrintable(text);
             EXPECT_EQ(found.prevailing(), prevailing) << qPrintable(text);
         }
     }
-    EXPECT_EQ(LineEndings::in("a\x1e\"\x1e", EncodingType::Utf8, ParsingStandard::DelimiterOnly).recordSeparators, 2);
+    EXPECT_EQ(
+        LineEndings::in("a\x1e\"\x1e", EncodingType::Utf8, ParsingStandard::DelimiterOnly, ",", true).recordSeparators,
+        2);
+    EXPECT_EQ(LineEndings::in("a\r", EncodingType::Utf8, ParsingStandard::Rfc4180, ",", true).names(), "CR");
+    EXPECT_EQ(
+        LineEndings::in("\x1b$B$\"\x1b(B,1\r\nb\r\n", EncodingType::Iso2022Jp, ParsingStandard::Rfc4180, ",", true)
+            .windows,
+        2);
     EXPECT_FALSE(LineEndings::of(LineEndingType::Windows).areAll(LineEndingType::Unix));
     EXPECT_TRUE(LineEndings::of(LineEndingType::LegacyUnix3).areAll(LineEndingType::Unix));
 }
@@ -78,6 +86,22 @@ TEST_F(SaveQuestions, AMarkSaysWhatAFileIsInWhateverItsExtensionSays) {
     }
 }
 
+TEST_F(SaveQuestions, AFileThatIsWrittenAnewWithAMarkIsReadAgainByIt) {
+    open("a,b\n");
+    write("a.csv", QByteArray("\xff\xfe\xe9\0,\0002\0\n\0", 10));
+    run("Reload File");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 0) == QString::fromUtf8("é"); }));
+    EXPECT_EQ(model().columnCountRaw(), 2);
+}
+
+TEST_F(SaveQuestions, AMarkWinsOverTheGuessOfAByteOrder) {
+    window.onPreferenceChanged(write(Utilities::getExtensionsFilepath(),
+                                     "Extension,Delimiter,Line Ending,Encoding,Parsing Standard\n"
+                                     "u16,tab,LF,UTF-16,RFC 4180\n"));
+    open(QByteArray("\xff\xfe\x00\x4e\x00\x30\x00\x4e", 8), "a.u16"); // looks like the other order
+    EXPECT_EQ(cell(0, 0), QString::fromUtf16(u"\u4e00\u3000\u4e00"));
+}
+
 TEST_F(SaveQuestions, NoFileIsConvertedToAnotherDialectInSilence) {
     QByteArray const content = "a;\"b\nc\"\r\nd;e\r\n";
     open(content);
@@ -94,6 +118,10 @@ TEST_F(SaveQuestions, NoFileIsConvertedToAnotherDialectInSilence) {
 
     toggle("Save After Each Edit"); // asks nobody
     change("y");
+    EXPECT_EQ(read("a.csv"), "y;\"b\nc\"\r\nd;e\r\n");
+    table()->pushUndoCommand(new SetDelimiterCommand(&model(), {}, "|", false));
+    EXPECT_EQ(read("a.csv"), "y|\"b\nc\"\r\nd|e\r\n");
+    table()->undo();
     EXPECT_EQ(read("a.csv"), "y;\"b\nc\"\r\nd;e\r\n");
     toggle("Save After Each Edit");
     EXPECT_EQ(dialect(), ",1");
@@ -242,4 +270,59 @@ TEST_F(SaveQuestions, WhatWouldNotComeBackFromTheFileIsToldBeforeItIsWritten) {
     box.next("Save Anyway");
     EXPECT_TRUE(window.saveFile(table()));
     EXPECT_EQ(read("a.csv"), "a,\"\n3,\"x\"\n");
+}
+
+TEST_F(SaveQuestions, TheOwnFileIsAskedAboutHoweverItIsSavedTo) {
+    QString const path = open("a;b\r\nc;d\r\n");
+    for (bool const visibleOnly : {false, true}) {
+        box.next("Cancel");
+        EXPECT_FALSE(window.saveFileUnder(table(), path, visibleOnly));
+    }
+    change("mine");
+    write("a.csv", "theirs;1\r\n");
+    box.next("Ignore");
+    EXPECT_FALSE(window.saveFileUnder(table(), path, false));
+    box.next("Keep as in the File");
+    EXPECT_TRUE(window.saveFileUnder(table(), path, false));
+    EXPECT_EQ(read("a.csv"), "mine;b\r\nc;d\r\n");
+    window.closeFile(table());
+
+    HeldReads reads;
+    QByteArray const content = "a,b\n" + QByteArray(3 << 20, 'x') + '\n';
+    openPart(reads, content);
+    for (bool const visibleOnly : {false, true}) {
+        box.next("Cancel");
+        EXPECT_FALSE(window.saveFileUnder(table(), path, visibleOnly));
+    }
+    EXPECT_EQ(read("a.csv"), content);
+}
+
+TEST_F(SaveQuestions, WhatCannotBeKeptIsNotOfferedAndLeftByAutomaticSaves) {
+    open("a\rb\r");
+    toggle("Save After Each Edit");
+    change("1");
+    EXPECT_EQ(window.getStatusBar()->currentMessage(), "Not saved: the line ends of the file would change.");
+    box.next("Cancel");
+    EXPECT_FALSE(window.saveFile(table()));
+    EXPECT_EQ(box.defaults().last(), "Cancel");
+    EXPECT_EQ(read("a.csv"), "a\rb\r");
+    box.next("Save as Set");
+    EXPECT_TRUE(window.saveFile(table()));
+    EXPECT_EQ(read("a.csv"), "1\nb\n");
+
+    QString const path = open("1\n", "linked.csv");
+    ASSERT_EQ(::link(QFile::encodeName(path), QFile::encodeName(directory.filePath("other.csv"))), 0);
+    change("2");
+    EXPECT_EQ(window.getStatusBar()->currentMessage(),
+              "Not saved: the file has other names, which would keep what it was.");
+    box.next("Write in Place");
+    EXPECT_TRUE(window.saveFile(table()));
+    change("3");
+    EXPECT_EQ(read("other.csv"), "3\n");
+
+    open("a;b\r\nc;d\n", "mixed.csv");
+    box.next("Keep What Can Be Kept");
+    EXPECT_TRUE(window.saveFile(table()));
+    EXPECT_EQ(read("mixed.csv"), "a;b\r\nc;d\r\n");
+    toggle("Save After Each Edit");
 }

@@ -134,6 +134,17 @@ TEST_F(WatchedFilesTest, AnOwnSaveIsQuietAndAWriteByOthersRightAfterItIsNotLost)
     EXPECT_EQ(done, QStringList{"reload"});
 }
 
+TEST_F(WatchedFilesTest, ASaveUnderAnotherNameThatFailsLeavesAWriteByOthersToBeSeen) {
+    QStringList paths;
+    QObject::connect(&watch, &WatchedFiles::reloadSignal, [&paths](QString const& told) { paths << told; });
+    files.write("/other.csv");
+    watch.onSaveStarted("/other.csv");
+    outsideWrite();
+    watch.onSaveFinished(path);
+    files.pass(20000);
+    EXPECT_EQ(paths.count(path), 1);
+}
+
 TEST_F(WatchedFilesTest, AChangeWaitsForQuestionsSavesAndLoadsToEnd) {
     for (bool* const state : {&asking, &loading}) {
         *state = true;
@@ -145,6 +156,16 @@ TEST_F(WatchedFilesTest, AChangeWaitsForQuestionsSavesAndLoadsToEnd) {
         EXPECT_EQ(done, QStringList{"reload"});
         done.clear();
     }
+    watch.add("/second.csv");
+    files.write("/second.csv");
+    asking = true;
+    outsideWrite();
+    watch.onFileChanged("/second.csv");
+    files.pass(5000);
+    asking = false;
+    files.pass(750);
+    EXPECT_EQ(done, (QStringList{"reload", "reload"})) << "of each file";
+    done.clear();
     watch.onSaveStarted(path);
     outsideWrite();
     files.pass(20000);

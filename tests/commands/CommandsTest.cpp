@@ -169,6 +169,39 @@ TEST_F(CommandsTest, contextEnablesAndDisables) {
     }
 }
 
+TEST_F(CommandsTest, whatChangesCellsIsNotLiveInAReadOnlyTable) {
+    commands.enableMatching((globalContextMask | tableContextMask) & ~Context::CellEditing);
+    std::string live;
+    for (Command const& command : commands.sorted()) {
+        QString const menu = command.menuPath.section('/', 0, 0);
+        bool const hides = command.menuPath == "Data/Filter" || command.menuPath == "Data/Hide/Show";
+        if ((menu == "Data" || menu == "Edit" || menu == "Find") && !hides && command.scope == ScopeType::Command &&
+            command.action->isEnabled())
+            live += command.name.toStdString() + '\n';
+    }
+    // A sort shows the cells in another order, and so does its undo.
+    EXPECT_EQ(live, R"x(Copy Cell(s)
+Copy Cell(s) to HTML
+Copy Cell(s) to Markdown
+Copy Cell(s) with Header
+Find
+Find All Matches
+Find Next Match
+Find Previous Match
+Redo
+Sort Selected Cells Horizontally - Ascending
+Sort Selected Cells Horizontally - Descending
+Sort Selected Cells Vertically - Ascending
+Sort Selected Cells Vertically - Descending
+Sort Selected Column - Ascending
+Sort Selected Column - Descending
+Sort Selected Row - Ascending
+Sort Selected Row - Descending
+Transpose Table
+Undo
+)x");
+}
+
 TEST_F(CommandsTest, userShortcutsReplaceTheDefault) {
     EXPECT_TRUE(commands.setShortcut("Cut Cell(s)", "ctrl+j|f9"));
     EXPECT_EQ(action("Cut Cell(s)")->shortcuts(), getKeySequenceList("ctrl+j|f9"));

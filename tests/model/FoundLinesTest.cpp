@@ -81,6 +81,10 @@ TEST_F(FoundLines, HiddenListsChangeByTheSelection) {
         EXPECT_EQ((HiddenLines(model, test.axis).*test.change)(), test.expected)
             << test.selection << " of case " << &test - cases;
     }
+    load("a,,1,\nb,,2,\n");
+    model.toggleTranspose();
+    EXPECT_EQ(HiddenLines(model, Axis::Rows).withEmpty(), (Lines{1, 3}));
+    EXPECT_EQ(HiddenLines(model, Axis::Columns).withEmpty(), Lines());
 }
 
 } // namespace

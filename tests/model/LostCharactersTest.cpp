@@ -1,4 +1,5 @@
 #include "model/CellTexts.h"
+#include "model/LossyCells.h"
 #include "model/undo/ReplaceLineBreaksCommand.h"
 #include "model/undo/SetModelDataCommand.h"
 #include "model/undo/WriteCellsCommand.h"
@@ -114,6 +115,21 @@ TEST_F(LostCharactersTest, MarksOfATransposedTableAreWhereTheUserSeesTheCells) {
     stack.redo();
     EXPECT_EQ(marked(), "02 ");
     EXPECT_EQ(text(0, 2).toStdString(), "?");
+}
+
+TEST_F(LostCharactersTest, CellsThatAnEncodingCannotCarryAreFoundAndShownHoweverTheTableIsShown) {
+    load("1,2\n3,4\n日,6\n7,日\n");
+    model.toggleTranspose();
+    auto const found = [this](bool visibleOnly) {
+        return LossyCells::find(model, EncodingType::Windows1252, visibleOnly);
+    };
+    EXPECT_EQ(found(true), CellRegion::ofCells({{0, 2}, {1, 3}}));
+    model.setAndApplyHiddenRowsList({0});
+    model.setAndApplyHiddenColsList({1});
+    EXPECT_EQ(found(true), CellRegion::ofCells({{1, 3}}));
+    EXPECT_EQ(found(false).count(), 2);
+    EXPECT_TRUE(LossyCells::select(model, found(false)));
+    EXPECT_EQ(textOf(model.getSelection()), "C0,2*");
 }
 
 } // namespace

@@ -70,6 +70,22 @@ protected:
     SelectionStatistics statistics;
 };
 
+/// Does something just before its object hears of what another thread has sent it.
+class BeforeTheNextCall : public QObject {
+public:
+    BeforeTheNextCall(QObject& object, std::function<void()> doThis) : doThis(std::move(doThis)) {
+        object.installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*object*/, QEvent* event) override {
+        if (event->type() == QEvent::MetaCall && doThis)
+            std::exchange(doThis, {})();
+        return false;
+    }
+
+private:
+    std::function<void()> doThis;
+};
+
 TEST_F(SelectionStatisticsTest, SumsInTheBackgroundAsItDoesAtOnce) {
     QByteArray text;
     for (int i = 0; i < 3000; ++i)
@@ -88,6 +104,8 @@ TEST_F(SelectionStatisticsTest, SumsInTheBackgroundAsItDoesAtOnce) {
     QString const inBackground = sumOf({column(1)});
     EXPECT_EQ(inBackground, model.getSelectionSumMeanStr());
     EXPECT_TRUE(inBackground.startsWith("Sum: 1,123,872.75 "));
+    model.toggleTranspose();
+    EXPECT_EQ(sumOf({row(1)}), inBackground);
 }
 
 TEST_F(SelectionStatisticsTest, ALaterSelectionTakesOverAndAReloadStopsTheSum) {
@@ -102,6 +120,17 @@ TEST_F(SelectionStatisticsTest, ALaterSelectionTakesOverAndAReloadStopsTheSum) {
     EXPECT_TRUE(statistics.isRunning());
     EXPECT_EQ(sumOf({column(1)}), "Sum: 400,000      Mean: 2");
     EXPECT_EQ(finished.count(), 1);
+
+    finished.clear();
+    model.setSelection(cell(0, 0));
+    statistics.start(&model);
+    BeforeTheNextCall const late(statistics, [this] {
+        model.setSelection(cell(0, 1), {column(1)});
+        statistics.start(&model);
+    });
+    QTRY_VERIFY(!statistics.isRunning());
+    EXPECT_EQ(finished.count(), 1);
+    EXPECT_EQ(finished.value(0).value(0).toString(), "Sum: 400,000      Mean: 2");
 
     HeldReads reads;
     QSignalSpy loaded(&model, &TableModel::loadFinishedSignal);

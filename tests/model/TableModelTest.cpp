@@ -336,6 +336,9 @@ TEST_F(TableModelTest, LineBreaksAreFoundAtTheirStoredPlacesHoweverTheTableIsSho
     model.toggleTranspose();
     EXPECT_EQ(found(true), "1,1 r|");
     EXPECT_EQ(found(false), "0,0 x|2,0 p|1,1 r|");
+    load("1,2\n3,4\n5,6\n7,\"x\ny\"\n");
+    model.toggleTranspose();
+    EXPECT_EQ(found(true), "1,3 x|");
 }
 
 TEST_F(TableModelTest, HighlightFollowsConcealingAndPreviewsReplacements) {

@@ -232,6 +232,14 @@ Case const cases[] = {
          return new ApplyHiddenColsCommand(m, s, HiddenLines(*m, Axis::Columns).withSelected(), true);
      },
      "a0 a2 a3 -|b0 b2 b3 -|c0 - c3 -|d0 - - -|- - - -"},
+    {"ApplyHiddenRowsCommand", "K1,0", "K1,0*",
+     [](auto* m, auto& s) -> Command* { return new ApplyHiddenRowsCommand(m, s, std::vector<int>{0}, true); },
+     "b0 b1 b2 b3 -|c0 c1 - c3 -|d0 é - - -|- - - - -"},
+    {"ApplyHiddenColsCommand", "R1,0", "R1,0*",
+     [](auto* m, auto& s) -> Command* {
+         return new ApplyHiddenColsCommand(m, s, std::vector<int>{0, 2}, true);
+     },
+     "a1 a3 -|b1 b3 -|c1 c3 -|é - -|- - -"},
 };
 
 enum Standing { AsLoaded, Concealed, Transposed, ConcealedAndTransposed };

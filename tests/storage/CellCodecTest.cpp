@@ -233,6 +233,7 @@ TEST(CellCodec, Iso2022JpReadsWhatIsOpenOrNoShift) {
         {"\x1B(Cz\x1B$", QStringLiteral("\uFFFD(Cz\uFFFD$")},
         {"\x1B\x1B$BF|\nz", QStringLiteral("\uFFFD日\nz")},
         {"\x1B$B\x81z|K\\", QStringLiteral("\uFFFD燁本")},
+        {"\x1B(J\\\n\\", QStringLiteral("¥\n¥")},
         {"\xB1", QStringLiteral("\uFFFD")},
     };
     for (auto const& [bytes, text] : cells)

@@ -182,6 +182,7 @@ TEST_F(RoundTrips, TellTheCellsAtFault) {
         {SparseQuotes, ",", Utf8, {{"a"}, {"\"b"}}, {}},
         {SparseQuotes, ",", Utf8, {{"\"a", "b\"c"}, {"\"d\"e"}, {"\"f\""}}, {{0, 0}, {2, 0}}},
         {SparseQuotes, ",", Utf8, {{"\"a\""}}, {{0, 0}}, false},
+        {SparseQuotes, ",", Utf8, {{"\"a", "b"}, {"\"c\""}, {"x"}}, {{0, 0}, {1, 0}}},
         {DelimiterOnly, ",", Utf8, {{"a,b", "c"}, {"d", "\"", "e\nf"}, {"\""}}, {{0, 0}, {1, 2}}},
         {DelimiterOnly, ",", Utf8, {{"a\r", "b\r"}, {"c"}}, {{0, 0}, {0, 1}}},
         {AsciiSeparated, ",", Utf16BE, {{"a", "\"b", "c"}}, {{0, 1}}},

@@ -288,6 +288,10 @@ TEST_F(AutoFit, HiddenColumnsLeaveTheOthersTheirWidths) {
     EXPECT_EQ(view.rowHeight(1), 77);
     for (int col = 0; col < 4; ++col)
         EXPECT_EQ(view.columnWidth(col), widths[std::size_t(col)]);
+    view.pushUndoCommand(new ApplyHiddenColsCommand(&model(), model().getSelection(), std::vector<int>{1}, true));
+    view.setColumnWidth(2, 30);
+    view.setFirstColIndex(1000000000, false, false);
+    EXPECT_EQ(view.columnWidth(2), 30) << "the user's, though the labels are longer";
 }
 
 TEST_F(AutoFit, HeaderCellsAreMeasuredBoldWhileTheyAreTyped) {

@@ -185,4 +185,11 @@ TEST_F(CellEditTest, BytesThatMeanNothingStayUnlessTheyAreEditedAndGoNowhereElse
         EXPECT_EQ(model.getTableData().cellBytesRaw(0, 0), "a\xff"
                                                            "b\xfe");
     }
+    model.setSelection(mainAndOther(0, 1), true);
+    CellEdit both(model);
+    QString const longer = QStringLiteral("a\ufffdb\ufffdc");
+    both.setText(longer, true);
+    stack.push(both.finish().release());
+    EXPECT_EQ(text(0, 0), longer);
+    EXPECT_EQ(text(0, 1), longer);
 }

@@ -172,6 +172,10 @@ TEST_P(LineSizesTest, SelectedLinesAndDefaultsAreSetByHand) {
     QScrollBar const& bar = isRows() ? rowsBar() : colsBar();
     int const extent = isRows() ? view.viewport()->height() : view.viewport()->width();
     EXPECT_EQ(bar.maximum(), std::max(header().length() - extent, 0));
+    if (isRows()) {
+        view.setMaximumRowHeight(40, false);
+        EXPECT_EQ(header().length(), 40 * header().count());
+    }
 }
 
 TEST_P(LineSizesTest, LinesTheModelAsksForGrowAndCollapse) {

@@ -27,6 +27,8 @@ TEST(SelectionMoves, ToTheEdgeGrowsEveryRange) {
              {"R3,0", Direction::Left, "R3,2"},
              {"R3,0", Direction::Right, "R3,0"},
              {"R3,2", Direction::Down, "R3,2 R4,2"},
+             {"R1,0 R3,0", Direction::Down, "R1,0 R2,0 R3,0 R4,0"},
+             {"K3,0 K5,0", Direction::Left, "K2,0 K3,0 K4,0 K5,0"},
              {"K4,0", Direction::Up, "K4,1"},
              {"K4,0", Direction::Left, "K2,0 K3,0 K4,0"},
              {"T0,0", Direction::Left, "T0,2"},
@@ -47,6 +49,7 @@ TEST(SelectionMoves, MovesEveryTypeAndStopsAtTheStart) {
     EXPECT_EQ(textOf(SelectionMoves::moved(ranges, Axis::Rows, -3)), "R0,1 T0,2 C0,4 K1,2");
     RangeSet const lines = RangeSet::ofLines(Axis::Rows, 2, 5);
     EXPECT_EQ(textOf(SelectionMoves::moved(lines, Axis::Rows, -4)), "R0,0 R1,0");
+    EXPECT_EQ(textOf(SelectionMoves::moved(rangesFrom("R2,0 R3,0 R7,0 R9,0"), Axis::Rows, -1)), "R1,0 R2,0 R6,0 R8,0");
 }
 
 TEST(SelectionMoves, TheRectangleIsTheSameFromAllCorners) {
@@ -63,6 +66,11 @@ TEST(SelectionMoves, FarthestLineIsThatOfARangeInLineWithTheMainCell) {
     EXPECT_EQ(SelectionMoves::farthestSelectedLine(ranges, mainCell, Direction::Left), 0);
     EXPECT_EQ(SelectionMoves::farthestSelectedLine(ranges, mainCell, Direction::Right), 7);
     EXPECT_EQ(SelectionMoves::farthestSelectedLine(rangesFrom("C1,4"), mainCell, Direction::Down), 3);
+    RangeVector const lines = rangesFrom("R1,4 R5,4 R8,4 R9,2 K0,3 K6,3 K7,5");
+    EXPECT_EQ(SelectionMoves::farthestSelectedLine(lines, mainCell, Direction::Up), 1);
+    EXPECT_EQ(SelectionMoves::farthestSelectedLine(lines, mainCell, Direction::Down), 8);
+    EXPECT_EQ(SelectionMoves::farthestSelectedLine(lines, mainCell, Direction::Left), 0);
+    EXPECT_EQ(SelectionMoves::farthestSelectedLine(lines, mainCell, Direction::Right), 6);
 
     Range whole(4, RangeType::Column, RangeIndexType::Model);
     whole.setExcludedRows({7, 2, 5});

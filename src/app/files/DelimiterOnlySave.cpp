@@ -17,6 +17,12 @@ QString tr(char const* text) {
     return QCoreApplication::translate("DelimiterOnlySave", text);
 }
 
+/// The table may have gone, or been read again in another standard, while the launcher stood open.
+bool isWanted(PendingSave const& save) {
+    return save.table && !save.table->isLoading() &&
+           (!save.isToOwnFile() || save.table->tableModel()->getParsingStandard() == ParsingStandard::DelimiterOnly);
+}
+
 } // namespace
 
 void DelimiterOnlySave::replaceLineBreaks(TableView& table, QString const& replacement, bool visibleOnly) {
@@ -39,7 +45,7 @@ QString DelimiterOnlySave::question(int count) {
 }
 
 void DelimiterOnlySave::applyReplacement(PendingSave const& save, QString const& replacement, Resume const& resume) {
-    if (save.table) {
+    if (isWanted(save)) {
         replaceLineBreaks(*save.table, replacement, save.visibleOnly);
         resume(save);
     }
@@ -54,7 +60,7 @@ PromptStep DelimiterOnlySave::askForParsingStandard(PendingSave const& save, Res
     }
     step.carryOut = [save, resume](QString const& answer, PromptAsker&) {
         ParsingStandard const standard = Utilities::convertParsingStringToStandard(answer);
-        if (!save.table || standard == ParsingStandard::Invalid) {
+        if (!isWanted(save) || standard == ParsingStandard::Invalid) {
             return;
         }
         PendingSave changed = save;

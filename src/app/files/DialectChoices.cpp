@@ -1,8 +1,7 @@
 #include "app/files/DialectChoices.h"
 
+#include "app/files/ConfigFile.h"
 #include "core/PathUtilities.h"
-
-#include <QSettings>
 
 namespace {
 
@@ -17,14 +16,12 @@ QString keyOf(QString const& extension) {
 
 DialectChoices::Choice DialectChoices::of(QString const& extension) {
     QString const kept =
-        QSettings(Utilities::getConfigFilepath(), QSettings::IniFormat).value(keyOf(extension)).toString();
+        ConfigFile(Utilities::getConfigFilepath()).read(keyOf(extension)).value_or(QVariant()).toString();
     return kept == QLatin1String(keep) ? Choice::KeepAsInFile
                                        : (kept == QLatin1String(set) ? Choice::SaveAsSet : Choice::Ask);
 }
 
 bool DialectChoices::remember(QString const& extension, Choice choice) {
-    QSettings file(Utilities::getConfigFilepath(), QSettings::IniFormat);
-    file.setValue(keyOf(extension), QLatin1String(choice == Choice::KeepAsInFile ? keep : set));
-    file.sync();
-    return file.status() == QSettings::NoError;
+    QString const word = QLatin1String(choice == Choice::KeepAsInFile ? keep : set);
+    return ConfigFile(Utilities::getConfigFilepath()).write(keyOf(extension), word);
 }

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "core/ExtensionData.h"
+#include "storage/AtomicFileWriter.h"
 
 #include <QPointer>
 #include <QSet>
 #include <QString>
+
+#include <optional>
 
 class TableView;
 
@@ -18,7 +21,8 @@ struct PendingSave {
     ExtensionData dialect;    ///< what the file is written in
     bool visibleOnly = false; ///< writes a copy without what is concealed; the table stays on its file
     QSet<SaveQuestion> answered;
-    bool writeWhatWouldChange = false; ///< although a load would not give it back
+    std::optional<AtomicFileWriter::Way> way; ///< of a file with several names, once the user has said so
+    bool writeWhatWouldChange = false;        ///< although a load would not give it back
 
     bool isToOwnFile() const { return path.isEmpty(); }
 };

@@ -61,7 +61,7 @@ bool SaveFlow::saveFile(TableView* table) {
     if (table->getFilepath().isEmpty()) {
         return saveFileAs(table, false);
     }
-    return carryOn({table, {}, {}, false, {}});
+    return carryOn({table, {}, {}, false, {}, {}});
 }
 
 bool SaveFlow::saveFileAs(TableView* table, bool visibleOnly) {
@@ -85,7 +85,8 @@ bool SaveFlow::saveFileUnder(TableView* table, QString const& path, bool visible
     // A file may have several paths; that of an open table is known to all.
     TableView const* const open = host.tableOfFile(path);
     QString const target = open != nullptr ? open->getFilepath() : QFileInfo(path).absoluteFilePath();
-    return carryOn({table, target, saveOptions(host.getExtensions(), target, *table->tableModel()), visibleOnly, {}});
+    return carryOn(
+        {table, target, saveOptions(host.getExtensions(), target, *table->tableModel()), visibleOnly, {}, {}});
 }
 
 QString SaveFlow::getFiletypeFilter() const {
@@ -106,10 +107,10 @@ bool SaveFlow::carryOn(PendingSave save) {
     }
     if (save.isToOwnFile()) {
         save.dialect = SaveDialect::present(*save.table->tableModel());
-        if (watchedFiles.holdsBackSave(save.table->getFilepath())) {
-            return false;
-        }
     } else if (refusesOpenFile(save)) {
+        return false;
+    }
+    if (isOverOwnFile(save) && watchedFiles.holdsBackSave(save.table->getFilepath())) {
         return false;
     }
     for (auto const question :
@@ -121,6 +122,10 @@ bool SaveFlow::carryOn(PendingSave save) {
         }
     }
     return write(save);
+}
+
+bool SaveFlow::isOverOwnFile(PendingSave const& save) const {
+    return save.isToOwnFile() || host.tableOfFile(save.path) == save.table;
 }
 
 bool SaveFlow::refusesReadOnly(TableView* table) {
@@ -155,11 +160,12 @@ bool SaveFlow::refusesOpenFile(PendingSave const& save) {
 
 SaveFlow::Ended SaveFlow::askAboutPartOfFile(PendingSave& save) {
     LoadResult const& load = save.table->tableModel()->getLoadResult();
-    if (!save.isToOwnFile() || load.end != LoadEnd::Part || save.answered.contains(SaveQuestion::PartOfFile)) {
+    if (!isOverOwnFile(save) || load.end != LoadEnd::Part || load.beyondLimits ||
+        save.answered.contains(SaveQuestion::PartOfFile)) {
         return {};
     }
     switch (SaveQuestions::aboutPartOfFile(asker(), save.table->getFilepath(), load.bytes)) {
-    case SaveQuestions::PartAnswer::SaveAs: return save.table && saveFileAs(save.table, false);
+    case SaveQuestions::PartAnswer::SaveAs: return save.table && saveFileAs(save.table, save.visibleOnly);
     case SaveQuestions::PartAnswer::Cancel: return false;
     case SaveQuestions::PartAnswer::SaveAnyway: break;
     }
@@ -171,27 +177,42 @@ SaveFlow::Ended SaveFlow::askAboutPartOfFile(PendingSave& save) {
 SaveFlow::Ended SaveFlow::askAboutFileDialect(PendingSave& save) {
     using Choice = DialectChoices::Choice;
     TableModel& model = *save.table->tableModel();
-    if (!save.isToOwnFile() || save.answered.contains(SaveQuestion::FileDialect) ||
-        Utilities::isPreferenceFilepath(model.getFilepath()) || !SaveDialect::changesUnasked(model)) {
+    if (!isOverOwnFile(save) || save.answered.contains(SaveQuestion::FileDialect) ||
+        Utilities::isPreferenceFilepath(model.getFilepath())) {
+        return {};
+    }
+    SaveDialect::Change const change =
+        save.isToOwnFile() ? SaveDialect::unaskedChange(model) : SaveDialect::changeBy(model, save.dialect);
+    if (!change.any()) {
         return {};
     }
     Choice choice = DialectChoices::of(save.dialect.extension);
-    if (choice == Choice::Ask) {
-        SaveQuestions::DialectAnswer const answer = SaveQuestions::aboutFileDialect(asker(), model);
+    if (choice == Choice::Ask || (choice == Choice::KeepAsInFile && !SaveDialect::canKeep(model, change))) {
+        SaveQuestions::DialectAnswer const answer =
+            SaveQuestions::aboutFileDialect(asker(), model, save.dialect, change);
         if (!save.table || answer.choice == SaveQuestions::DialectAnswer::Cancel) {
             return false;
         }
         bool const keep = answer.choice == SaveQuestions::DialectAnswer::KeepAsInFile;
         choice = keep ? Choice::KeepAsInFile : Choice::SaveAsSet;
         if (answer.forAllOfExtension) {
-            DialectChoices::remember(save.dialect.extension, choice);
+            if (!DialectChoices::remember(save.dialect.extension, choice)) {
+                MsgBox::inform(host.asWidget(), host.getTheme(),
+                               tr("This choice is for this file alone; it could not be kept in:\n%1")
+                                   .arg(Utilities::getConfigFilepath()));
+            }
+            if (!save.table) {
+                return false;
+            }
         }
     }
     if (choice == Choice::KeepAsInFile) {
-        ExtensionData const kept = SaveDialect::asInFile(model);
-        model.setDelimiter(kept.delimiter, kept.saveDelimiter);
-        model.setLineEnding(kept.lineEnding);
-        save.dialect = kept;
+        save.dialect = SaveDialect::asInFile(model, save.dialect, change);
+    }
+    if (choice == Choice::KeepAsInFile && save.isToOwnFile()) {
+        model.setDelimiter(save.dialect.delimiter, save.dialect.saveDelimiter);
+        model.setLineEnding(save.dialect.lineEnding);
+        host.refreshTable(save.table);
     }
     save.answered.insert(SaveQuestion::FileDialect);
     return {};
@@ -257,12 +278,12 @@ SaveFlow::Ended SaveFlow::askAboutHardLinks(PendingSave& save) {
     using Way = AtomicFileWriter::Way;
     QString const path = save.isToOwnFile() ? save.table->getFilepath() : save.path;
     int const names = AtomicFileWriter::linkCount(path);
-    if (names < 2 || ways.contains(path)) {
+    if (names < 2 || save.way || save.table->tableModel()->getWayOfFile(path)) {
         return {};
     }
     switch (SaveQuestions::aboutHardLinks(asker(), path, names)) {
-    case SaveQuestions::LinksAnswer::Replace: ways.insert(path, Way::Replace); break;
-    case SaveQuestions::LinksAnswer::WriteInPlace: ways.insert(path, Way::InPlace); break;
+    case SaveQuestions::LinksAnswer::Replace: save.way = Way::Replace; break;
+    case SaveQuestions::LinksAnswer::WriteInPlace: save.way = Way::InPlace; break;
     case SaveQuestions::LinksAnswer::Cancel: return false;
     }
     return {};
@@ -302,10 +323,15 @@ SaveReport SaveFlow::writeFile(PendingSave const& save) {
     request.isCopy = save.visibleOnly;
     request.skipConcealed = save.visibleOnly;
     request.writeWhatWouldChange = save.writeWhatWouldChange;
-    request.file.way = ways.value(save.isToOwnFile() ? model.getFilepath() : save.path);
-    if (save.isToOwnFile()) {
-        request.file.expected = watchedFiles.isHeedingChanges() ? model.getFileStamp() : std::nullopt;
-    } else {
+    QString const path = save.isToOwnFile() ? model.getFilepath() : save.path;
+    if (save.way) {
+        model.setWayOfFile(path, *save.way);
+    }
+    request.file.way = model.getWayOfFile(path).value_or(AtomicFileWriter::Way::Replace);
+    if (isOverOwnFile(save) && watchedFiles.isHeedingChanges()) {
+        request.file.expected = model.getFileStamp();
+    }
+    if (!save.isToOwnFile()) {
         request.dialect = save.dialect;
     }
     return model.save(request);
@@ -340,10 +366,15 @@ SaveFlow::Ended SaveFlow::askAboutChangedCells(PendingSave& save, ChangedCells c
 }
 
 void SaveFlow::showCells(TableView* table, CellRegion const& cells) {
-    if (table != nullptr && LossyCells::select(*table->tableModel(), cells)) {
-        host.setActiveTable(table);
-        table->scrollToMainCell(true, true);
+    if (table == nullptr) {
+        return;
     }
+    if (!LossyCells::select(*table->tableModel(), cells)) {
+        MsgBox::inform(host.asWidget(), host.getTheme(), tr("These cells are hidden."));
+        return;
+    }
+    host.setActiveTable(table);
+    table->scrollToMainCell(true, true);
 }
 
 void SaveFlow::removeExtraneousRowsAndColumns(TableView* table) {

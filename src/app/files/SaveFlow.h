@@ -2,10 +2,8 @@
 
 #include "app/files/PendingSave.h"
 #include "app/files/SaveQuestions.h"
-#include "storage/AtomicFileWriter.h"
 #include "storage/SaveReport.h"
 
-#include <QHash>
 #include <QObject>
 
 #include <optional>
@@ -40,6 +38,8 @@ private:
 
     /// Asks what is left to be asked, and writes.
     bool carryOn(PendingSave save);
+    /// Whether the table's own file is written, under whatever name the user has asked for it.
+    bool isOverOwnFile(PendingSave const& save) const;
     bool refusesReadOnly(TableView* table);
     bool refusesOpenFile(PendingSave const& save);
     Ended askAboutPartOfFile(PendingSave& save);
@@ -63,5 +63,4 @@ private:
 
     SaveHost& host;
     WatchedFiles& watchedFiles;
-    QHash<QString, AtomicFileWriter::Way> ways; ///< what the user has said of files with several names
 };

@@ -11,7 +11,6 @@
 #include <QPushButton>
 
 #include <algorithm>
-#include <initializer_list>
 #include <vector>
 
 namespace {
@@ -34,7 +33,7 @@ struct Tick {
 /// Shows the text with a button for each choice, the last of which leaves all as it is. The number of the one pressed;
 /// `fallback` is the one that Enter presses.
 int choose(SaveQuestions::Asker const& asker, QString const& text, QString const& path,
-           std::initializer_list<Choice> choices, std::size_t fallback, Tick* tick = nullptr) {
+           std::vector<Choice> const& choices, std::size_t fallback, Tick* tick = nullptr) {
     MsgBox box(asker.parent);
     box.setTheme(asker.theme);
     box.setTextFormat(Qt::PlainText);
@@ -62,10 +61,11 @@ QString delimiterWords(QString const& delimiter) {
     return delimiter.isEmpty() ? tr("nothing") : Utilities::convertDelimiterFromActualToLongReadable(delimiter);
 }
 
-QString dialectWords(bool cells, QString const& delimiter, bool lines, QString const& lineEnds) {
+QString dialectWords(SaveDialect::Change const& change, QString const& delimiter, LineEndings const& lineEndings) {
     QString const ofCells = tr("cells separated by %1").arg(delimiterWords(delimiter));
-    QString const ofLines = tr("lines ending with %1").arg(lineEnds);
-    return cells && lines ? tr("%1 and %2").arg(ofCells, ofLines) : cells ? ofCells : ofLines;
+    QString const ofLines = tr("lines ending with %1").arg(lineEndings.names());
+    return change.delimiter && change.lineEnding ? tr("%1 and %2").arg(ofCells, ofLines)
+                                                 : (change.delimiter ? ofCells : ofLines);
 }
 
 QString ofExtension(QString const& extension) {
@@ -88,22 +88,28 @@ SaveQuestions::PartAnswer SaveQuestions::aboutPartOfFile(Asker const& asker, QSt
                              0));
 }
 
-SaveQuestions::DialectAnswer SaveQuestions::aboutFileDialect(Asker const& asker, TableModel const& model) {
-    ExtensionData const set = SaveDialect::present(model);
+SaveQuestions::DialectAnswer SaveQuestions::aboutFileDialect(Asker const& asker, TableModel const& model,
+                                                             ExtensionData const& dialect,
+                                                             SaveDialect::Change const& change) {
     FileDialect const& file = *model.getFileDialect();
-    bool const cells = SaveDialect::changesDelimiter(model, set);
-    bool const lines = SaveDialect::changesLineEnding(model, set);
-    QString const text =
-        tr("This file has %1.\nAs set, it would be saved with %2.")
-            .arg(dialectWords(cells, file.delimiter, lines, file.lineEndings.names()),
-                 dialectWords(cells, set.saveDelimiter, lines, LineEndings::of(set.lineEnding).names()));
-    Tick forAll{ofExtension(set.extension)};
-    int const pressed = choose(asker, text, model.getFilepath(),
-                               {{tr("&Keep as in the File"), QMessageBox::AcceptRole},
-                                {tr("Save as &Set"), QMessageBox::DestructiveRole},
-                                {tr("&Cancel"), QMessageBox::RejectRole}},
-                               0, &forAll);
-    return {DialectAnswer::Choice(pressed), forAll.on};
+    QString text = tr("This file has %1.\nAs set, it would be saved with %2.")
+                       .arg(dialectWords(change, file.foundDelimiter, file.lineEndings),
+                            dialectWords(change, dialect.saveDelimiter, LineEndings::of(dialect.lineEnding)));
+    bool const keepsAll = SaveDialect::canKeep(model, change);
+    if (!keepsAll) {
+        text += tr("\nA save ends all lines alike, and none with CR alone.");
+    }
+    ExtensionData const kept = SaveDialect::asInFile(model, dialect, change);
+    bool const keepsSome = kept.saveDelimiter != dialect.saveDelimiter || kept.lineEnding != dialect.lineEnding;
+    std::vector<Choice> choices{{tr("Save as &Set"), QMessageBox::DestructiveRole},
+                                {tr("&Cancel"), QMessageBox::RejectRole}};
+    if (keepsSome) {
+        QString const keep = keepsAll ? tr("&Keep as in the File") : tr("&Keep What Can Be Kept");
+        choices.insert(choices.begin(), {keep, QMessageBox::AcceptRole});
+    }
+    Tick forAll{ofExtension(dialect.extension)};
+    int const pressed = choose(asker, text, model.getFilepath(), choices, keepsSome ? 0 : 1, &forAll);
+    return {DialectAnswer::Choice(keepsSome ? pressed : pressed + 1), forAll.on};
 }
 
 SaveQuestions::LinksAnswer SaveQuestions::aboutHardLinks(Asker const& asker, QString const& path, int names) {

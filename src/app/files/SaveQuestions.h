@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ExtensionData.h"
+#include "model/FileDialect.h"
 #include "storage/ChangedCells.h"
 
 #include <QString>
@@ -21,12 +22,13 @@ struct Asker {
 enum class PartAnswer { SaveAs, SaveAnyway, Cancel };
 PartAnswer aboutPartOfFile(Asker const& asker, QString const& path, qint64 bytes);
 
-/// About a file that is in another dialect than its table is set to be saved in.
+/// About the file of a table, in which a save as `dialect` would change something. What cannot be kept is not offered.
 struct DialectAnswer {
     enum Choice { KeepAsInFile, SaveAsSet, Cancel } choice = Cancel;
     bool forAllOfExtension = false;
 };
-DialectAnswer aboutFileDialect(Asker const& asker, TableModel const& model);
+DialectAnswer aboutFileDialect(Asker const& asker, TableModel const& model, ExtensionData const& dialect,
+                               SaveDialect::Change const& change);
 
 /// About a file with several names.
 enum class LinksAnswer { Replace, WriteInPlace, Cancel };

@@ -9,4 +9,6 @@ class OpenAndSave(DesktopTest):
         self.start("a.csv")
         self.expect_window("a.csv - Gridwright")
         self.press("ctrl+s")
+        self.expect_message("lines ending with CRLF", "saved with lines ending with LF")
+        self.press("alt+s")  # "Save as Set"
         self.expect_file("a.csv", b'part,price\n"hinge, brass",4.50\nlatch,"1 ""long"""\n')
