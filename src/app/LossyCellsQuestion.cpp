@@ -28,18 +28,23 @@ bool LossyCellsQuestion::mayChange(QWidget* parent, Theme const& theme, Encoding
     if (!change.path.isEmpty())
         box.nameFile(change.path);
     QPushButton const* const anyway = box.addButton(tr("Change &Anyway"), QMessageBox::DestructiveRole);
-    QPushButton const* const showCells = box.addButton(tr("&Show Cells"), QMessageBox::ActionRole);
+    QPushButton const* const toShow = box.addButton(tr("&Show Cells"), QMessageBox::ActionRole);
     QPushButton* const cancel = box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
     box.conditionButtons();
     box.exec();
-    if (table && box.clickedButton() == showCells) {
-        if (LossyCells::select(*table->tableModel(), cells)) {
-            show(table);
-            table->scrollToMainCell(true, true);
-        } else {
-            MsgBox::inform(parent, theme, tr("These cells are hidden."));
-        }
+    if (table && box.clickedButton() == toShow) {
+        showCells(parent, theme, table, cells, show);
     }
     return box.clickedButton() == anyway;
+}
+
+void LossyCellsQuestion::showCells(QWidget* parent, Theme const& theme, TableView* table, CellRegion const& cells,
+                                   std::function<void(TableView*)> const& show) {
+    if (!LossyCells::select(*table->tableModel(), cells)) {
+        MsgBox::inform(parent, theme, tr("These cells are hidden."));
+        return;
+    }
+    show(table);
+    table->scrollToMainCell(true, true);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "appearance/Theme.h"
+#include "core/CellRegion.h"
 #include "core/Enumerations.h"
 
 #include <QString>
@@ -23,6 +24,9 @@ namespace LossyCellsQuestion {
 /// True if the encoding can carry all characters, or if the user wants the change anyway. Where the user wants to see
 /// the cells they are selected, and `show` is called with the table. It may be gone on return.
 bool mayChange(QWidget* parent, Theme const& theme, EncodingChange const& change,
+               std::function<void(TableView*)> const& show);
+/// Selects the cells, which are Raw, and calls `show` with the table; tells if all of them are hidden.
+void showCells(QWidget* parent, Theme const& theme, TableView* table, CellRegion const& cells,
                std::function<void(TableView*)> const& show);
 
 } // namespace LossyCellsQuestion

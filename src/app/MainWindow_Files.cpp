@@ -34,11 +34,9 @@ bool needsDetection(QString const& delimiter) {
 /// A mark of UTF-16 or UTF-32 says more of a file than its extension does.
 EncodingType encodingOf(EncodingType ofExtension, QString const& path) {
     EncodingType const marked = Utilities::getEncodingFromMark(path);
-    bool const isOpen = ofExtension == EncodingType::Utf16 || ofExtension == EncodingType::Utf32;
-    if (Utilities::contradictsMark(ofExtension, marked) || (isOpen && marked != EncodingType::Invalid)) {
-        return marked;
-    }
-    return Utilities::guessEncodingFromFile(ofExtension, path);
+    bool const isTold =
+        marked != EncodingType::Invalid && Utilities::getEncodingBom(marked) != Utilities::getEncodingBom(ofExtension);
+    return isTold ? marked : Utilities::guessEncodingFromFile(ofExtension, path);
 }
 
 /// The row's options with "(auto)" and unknown byte orders settled by a look into the file.

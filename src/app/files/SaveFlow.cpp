@@ -11,7 +11,6 @@
 #include "core/PathUtilities.h"
 #include "model/FileDialect.h"
 #include "model/LineBreakCells.h"
-#include "model/LossyCells.h"
 #include "model/undo/RemoveEmptyRowsColsAtEndCommand.h"
 #include "model/undo/SetEncodingCommand.h"
 #include "storage/SaveRequest.h"
@@ -366,15 +365,10 @@ SaveFlow::Ended SaveFlow::askAboutChangedCells(PendingSave& save, ChangedCells c
 }
 
 void SaveFlow::showCells(TableView* table, CellRegion const& cells) {
-    if (table == nullptr) {
-        return;
+    if (table != nullptr) {
+        LossyCellsQuestion::showCells(host.asWidget(), host.getTheme(), table, cells,
+                                      [this](TableView* shown) { host.setActiveTable(shown); });
     }
-    if (!LossyCells::select(*table->tableModel(), cells)) {
-        MsgBox::inform(host.asWidget(), host.getTheme(), tr("These cells are hidden."));
-        return;
-    }
-    host.setActiveTable(table);
-    table->scrollToMainCell(true, true);
 }
 
 void SaveFlow::removeExtraneousRowsAndColumns(TableView* table) {
